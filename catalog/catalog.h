@@ -1,0 +1,85 @@
+// The export table at run time: every entry with its names, arguments, the room its destinations need, and a way to
+// call it. The entries themselves are generated (catalog.cpp); the library does not contain any of this.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vx::catalog {
+
+enum class Kind { kInt, kUint, kChar, kPos, kStr, kEdit, kDest, kOut, kBytes, kBlock, kHandle, kTable, kAny };
+enum class Result { kInt, kUint, kBool, kChar, kPos, kHandle, kTable, kDest, kGiven, kInside, kConst, kBlock, kVoid };
+
+// A number of bytes; arithmetic stops at the ends of 64 bits instead of wrapping.
+struct Size {
+    std::int64_t value;
+    friend auto operator<=>(const Size&, const Size&) = default;
+};
+Size operator+(Size a, Size b);
+Size operator-(Size a, Size b);
+Size operator*(Size a, Size b);
+Size operator/(Size a, Size b);  // 0 where b is 0
+
+union Value {
+    std::int64_t number = 0;
+    char* text;
+    const char* constant;
+    std::int32_t* numbers;
+    void* block;
+};
+
+// The length of a text argument; a NULL one has 0.
+Size textLength(const Value& value);
+
+struct Argument {
+    const char* name;
+    Kind kind;
+    Size (*room)(const Value* arguments);  // null where the argument has no room of its own
+    int inPlace;                           // index of the text that is changed when this is NULL, or -1
+    bool terminated;                       // the caller must have ended the destination at its last byte
+    const char* meaning;
+};
+
+using Function = void (*)();
+
+struct Entry {
+    const char* family;
+    std::span<const char* const> names;  // the main name first
+    std::span<const Argument> arguments;
+    Result result;
+    int base;         // of positions: 0, 1, or -1 where none is adjusted
+    int pointerForm;  // of a length form: index of the entry that gives the text, else -1
+    int zeroTwin;     // of a 1-based entry: index of its 0-based twin, else -1
+    void (*invoke)(Function function, const Value* arguments, Value* result);
+    const char* does;
+    const char* returns;
+    const char* notes;
+
+    const char* main() const { return names.front(); }
+};
+
+struct Family {
+    const char* stem;
+    const char* title;
+};
+
+std::span<const Entry> allEntries();
+std::span<const Family> allFamilies();
+
+// The entry of that name, letter case as it is; null if there is none.
+const Entry* find(std::string_view name);
+
+// Names that a mistyped one may have meant, the likeliest first.
+std::vector<std::string> suggestions(std::string_view name, std::size_t count = 5);
+
+// C declaration as the header has it.
+std::string declaration(const Entry& entry);
+
+bool isDestination(Kind kind);                            // text or block that the function fills: the host supplies it
+inline bool isText(Result r) { return r >= Result::kDest && r <= Result::kConst; }
+inline bool isNumber(Result r) { return r <= Result::kTable; }
+
+}  // namespace vx::catalog

@@ -1,0 +1,82 @@
+"""Makes everything mechanical from the export table.
+
+    python3 exports/generator --out DIR     products of the build into DIR, public header and reference pages into the tree
+    python3 exports/generator --check       says which committed products differ from the table; writes nothing
+"""
+import argparse
+import pathlib
+import sys
+
+import catalog
+import header
+import library
+import pages
+from table import TableError, read_table
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+
+
+def clashing_names():
+    lines = (ROOT / "exports" / "clashes.txt").read_text(encoding="utf-8").splitlines()
+    return {l.strip() for l in lines if l.strip() and not l.startswith("#")}
+
+
+def committed_products(families, clashes):
+    products = {"include/vexlor32.h": header.header(families, clashes), "reference/README.md": pages.index(families)}
+    products |= {f"reference/{f.stem}.md": pages.page(f) for f in families}
+    return products
+
+
+def build_products(families, clashes):
+    # The lab library is the same code with one name more, through which tests reach the platform seam.
+    products = {
+        "mechanical.cpp": library.mechanical(families),
+        "vexlor32.def": library.windows_def(families),
+        "vexlor32-lab.def": library.windows_def(families, ["vexlor32_seam"]),
+        "vexlor32-import.def": library.import_def(families),
+        "aliases.ld": library.elf_aliases(families),
+        "versions.map": library.elf_versions(families),
+        "versions-lab.map": library.elf_versions(families, ["vexlor32_seam"]),
+        "versions-link.map": "VEXLOR32_1 { global: *; };\n",
+        "link_stub.s": library.link_stub(families, clashes),
+        "catalog.cpp": catalog.catalog(families),
+        "calls.h": catalog.calls(families),
+        "listing.txt": catalog.listing(families),
+    }
+    products |= {f"entries/{f.stem}.h": library.declarations(f) for f in families}
+    return products
+
+
+def write_if_changed(path, text):
+    if path.exists() and path.read_text(encoding="utf-8") == text:
+        return
+    path.parent.mkdir(parents=True, exist_ok=True)
+    path.write_text(text, encoding="utf-8")
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("--out", type=pathlib.Path)
+    parser.add_argument("--check", action="store_true")
+    parser.add_argument("--root", type=pathlib.Path, default=ROOT, help="folder that holds exports/ and src/")
+    options = parser.parse_args()
+    try:
+        families = read_table(options.root, options.root / "src")
+    except TableError as error:
+        print(error, file=sys.stderr)
+        return 1
+    clashes = clashing_names()
+    committed = committed_products(families, clashes)
+    if options.check:
+        stale = [n for n, text in committed.items() if not (options.root / n).exists() or (options.root / n).read_text(encoding="utf-8") != text]
+        print("\n".join(f"{n}: differs from the table" for n in stale) or "all products agree with the table")
+        return 1 if stale else 0
+    if options.out:
+        for name, text in build_products(families, clashes).items():
+            write_if_changed(options.out / name, text)
+        for name, text in committed.items():
+            write_if_changed(options.root / name, text)
+    return 0
+
+
+sys.exit(main())

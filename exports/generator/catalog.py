@@ -1,0 +1,95 @@
+"""The table as C++ data: what the command-line host, the random caller and the tests know about each entry."""
+from library import parameters, stack_bytes
+from wording import argument_words, result_words, summary
+
+VALUE_FIELD = {"str": "text", "edit": "text", "dest": "text", "out": "numbers", "bytes": "block", "block": "block"}
+UNSIGNED = {"uint", "table"}
+RESULT_FIELD = {"dest": "text", "given": "text", "inside": "text", "const": "constant", "block": "block"}
+
+
+def quoted(text):
+    return '"' + text.replace("\\", "\\\\").replace('"', '\\"').replace("\n", "\\n") + '"'
+
+
+def enumerator(word):
+    return "k" + word.capitalize()
+
+
+def shape_of(entry):
+    return (entry.result_type.strip(), entry.returns, tuple(a.kind for a in entry.arguments))
+
+
+def call_types(entry):
+    return ", ".join(a.ctype.strip() for a in entry.arguments)
+
+
+def passed(argument, index):
+    field = VALUE_FIELD.get(argument.kind)
+    if field:
+        return f"a[{index}].{field}"
+    return f"static_cast<{argument.ctype}>(a[{index}].number)"
+
+
+def invoker(name, entry):
+    call = f"reinterpret_cast<{entry.result_type.strip()}(VX_CALL*)({call_types(entry)})>(f)"
+    call += f"({', '.join(passed(a, i) for i, a in enumerate(entry.arguments))})"
+    field = RESULT_FIELD.get(entry.returns)
+    body = f"{call};" if entry.returns == "void" else f"r->{field or 'number'} = {call};"
+    unused = "".join(s for s, needed in (("(void)a; ", not entry.arguments), ("(void)r; ", entry.returns == "void")) if needed)
+    return f"void {name}(Function f, const Value* a, Value* r) {{ {unused}{body} }}"
+
+
+def catalog(families):
+    lines = ["// Made from the export table.", '#include "catalog/catalog.h"', '#include "frame/entry.h"', "",
+             "#include <algorithm>", "", "namespace vx::catalog {", "namespace {", ""]
+    shapes = {}
+    entries = [e for f in families for e in f.entries]
+    for entry in entries:
+        shape = shape_of(entry)
+        if shape not in shapes:
+            shapes[shape] = f"invoke{len(shapes)}"
+            lines.append(invoker(shapes[shape], entry))
+    order = {id(e): i for i, e in enumerate(entries)}
+    for i, entry in enumerate(entries):
+        lines.append(f"const char* const names{i}[] = {{{', '.join(quoted(n) for n in entry.names)}}};")
+        if not entry.arguments:
+            continue
+        lines.append(f"const Argument arguments{i}[] = {{")
+        for a in entry.arguments:
+            room = f"[](const Value* a) {{ (void)a; return Size{{{a.room.cpp()}}}; }}" if a.room else "nullptr"
+            place = next((n for n, other in enumerate(entry.arguments) if other.name == a.in_place), -1)
+            lines.append(f"    {{{quoted(a.name)}, Kind::{enumerator(a.kind)}, {room}, {place}, {str(a.terminated).lower()}, "
+                         f"{quoted(argument_words(entry, a))}}},")
+        lines.append("};")
+    lines += ["", f"const Entry entries[] = {{"]
+    for i, entry in enumerate(entries):
+        arguments = f"arguments{i}" if entry.arguments else "{}"
+        pointer = order[id(entry.source)] if entry.making == "length" else -1
+        zero = order[id(entry.source)] if entry.making == "one" else -1
+        lines.append(f"    {{{quoted(entry.family)}, names{i}, {arguments}, Result::{enumerator(entry.returns)}, {entry.base}, "
+                     f"{pointer}, {zero}, {shapes[shape_of(entry)]}, {quoted(summary(entry))}, {quoted(result_words(entry))}, {quoted(entry.notes)}}},")
+    lines += ["};", "", "const Family families[] = {"]
+    lines += [f"    {{{quoted(f.stem)}, {quoted(f.title)}}}," for f in families]
+    lines += ["};", "", "}  // namespace", "",
+              "std::span<const Entry> allEntries() { return entries; }",
+              "std::span<const Family> allFamilies() { return families; }", "",
+              "}  // namespace vx::catalog"]
+    return "\n".join(lines) + "\n"
+
+
+def calls(families):
+    """A struct with one function pointer an entry, filled by name from a loaded library: how tests call."""
+    entries = [e for f in families for e in f.entries]
+    lines = ["// Made from the export table.", "#pragma once", '#include "frame/entry.h"', "", "namespace vx {", "",
+             "// Every entry point of a loaded library, under its main name.", "struct Calls {"]
+    for e in entries:
+        lines.append(f"    {e.result_type.strip()}(VX_CALL* {e.main})({parameters(e)}) = nullptr;")
+    lines += ["", "    // `find` turns an exported name into its address, or null.", "    template <class Find>", "    void load(Find find) {"]
+    lines += [f"        {e.main} = reinterpret_cast<decltype({e.main})>(find(\"{e.main}\"));" for e in entries]
+    lines += ["    }", "};", "", "}  // namespace vx"]
+    return "\n".join(lines) + "\n"
+
+
+def listing(families):
+    """For checks in scripts: a line an entry, `family bytes name name ...`."""
+    return "".join(f"{e.family} {stack_bytes(e)} {' '.join(e.names)}\n" for f in families for e in f.entries)

@@ -1,0 +1,91 @@
+"""The public C header."""
+import textwrap
+
+from library import parameters
+from wording import argument_words, result_words, summary
+
+HEAD = """\
+/* SPDX-License-Identifier: MIT
+ *
+ * vexlor32.h: the functions of Vexlor32.DLL (32-bit Windows) and libvexlor32.so (64-bit Linux), for C and C++.
+ *
+ * Made from the tables under exports/; edit those, not this file.
+ *
+ * Texts are NUL-terminated single-byte strings. Destinations are yours: give each the room that its line states; nothing
+ * is ever yours to free. Counts of tokens, lines, fields and occurrences begin with 1; character positions begin
+ * with 1, or with 0 in the functions that say so. Failures are told by the result alone.
+ *
+ * Every function has further names. They are declared when VEXLOR32_ALL_NAMES is defined, except those that belong to the C
+ * library, too (isalpha, fopen, ...): a program finds those with GetProcAddress or dlsym.
+ */
+#ifndef VEXLOR32_H
+#define VEXLOR32_H
+
+#include <stdint.h>
+
+#if defined(_WIN32)
+#define VEXLOR32_CALL __stdcall
+#ifndef VEXLOR32_API
+#define VEXLOR32_API __declspec(dllimport)
+#endif
+#else
+#define VEXLOR32_CALL
+#ifndef VEXLOR32_API
+#define VEXLOR32_API
+#endif
+#endif
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+"""
+TAIL = """
+#ifdef __cplusplus
+}
+#endif
+
+#endif
+"""
+WIDTH = 118
+
+
+def wrapped(text, first, rest):
+    return textwrap.wrap(text, WIDTH, initial_indent=first, subsequent_indent=rest, break_long_words=False, break_on_hyphens=False)
+
+
+def declaration(entry, name):
+    gap = "" if entry.result_type.endswith("*") else " "
+    return f"VEXLOR32_API {entry.result_type}{gap}VEXLOR32_CALL {name}({parameters(entry)});"
+
+
+def comment(entry):
+    if entry.making == "length":
+        return [f"/* {summary(entry)} */"]
+    if entry.base == 0 and entry.main and entry.making == "hand":
+        return [f"/* As the function above, with 0-based positions; returns {result_words(entry)}. */"]
+    lines = wrapped(summary(entry), "/* ", " * ")
+    pad = max((len(a.name) for a in entry.arguments), default=0)
+    pad = max(pad, len("returns"))
+    for a in entry.arguments:
+        lines += wrapped(argument_words(entry, a), f" *   {a.name:<{pad}}  ", " *   " + " " * (pad + 2))
+    lines += wrapped(result_words(entry), f" *   {'returns':<{pad}}  ", " *   " + " " * (pad + 2))
+    for paragraph in entry.notes.split("\n\n"):
+        lines += wrapped(" ".join(paragraph.split()), " * ", " * ") if paragraph else []
+    return lines[:-1] + [lines[-1] + " */"]
+
+
+def header(families, clashes):
+    lines = [HEAD]
+    for family in families:
+        lines.append(f"\n/* ---- {family.title} ---- */\n")
+        for entry in family.entries:
+            lines += comment(entry)
+            if entry.main in clashes:
+                lines.append(f"/* {entry.main}: the C library has a function of this name; find it by name at run time. */")
+            else:
+                lines.append(declaration(entry, entry.main))
+            others = [n for n in entry.names[1:] if n not in clashes]
+            if others:
+                lines += ["#ifdef VEXLOR32_ALL_NAMES"] + [declaration(entry, n) for n in others] + ["#endif"]
+            lines.append("")
+    return "\n".join(lines) + TAIL

@@ -1,0 +1,92 @@
+"""What the two libraries are built from: entry declarations, mechanical entries, and the lists of exported names."""
+
+PARAMETER_GAP = {True: "", False: " "}
+
+
+def parameters(entry):
+    return ", ".join(f"{a.ctype}{PARAMETER_GAP[a.ctype.endswith('*')]}{a.name}" for a in entry.arguments) or "void"
+
+
+def declarations(family):
+    """The header that a family's source includes: a definition that differs from the table does not compile."""
+    lines = [f"// Made from exports/{family.stem}.toml.", "#pragma once", '#include "frame/entry.h"', ""]
+    lines += [f"DECLARE_ENTRY({e.result_type.strip()}, {e.symbol})({parameters(e)}) noexcept;" for e in family.entries]
+    return "\n".join(lines) + "\n"
+
+
+def length_body(entry):
+    dest = next((a for a in entry.arguments if a.in_place), None)
+    left_behind = f"{dest.name} ? nullptr : {dest.in_place}" if dest else "nullptr"
+    call = ", ".join(a.name for a in entry.arguments)
+    return f"return resultLength(vx_{entry.source.symbol}({call}), {left_behind});"
+
+
+def one_based_body(entry):
+    call = ", ".join(f"zeroBased({a.name})" if a.kind == "pos" else a.name for a in entry.arguments)
+    result = f"vx_{entry.source.symbol}({call})"
+    return f"return {f'oneBased({result})' if entry.returns == 'pos' else result};"
+
+
+def stub_body(entry):
+    kind, name, value = entry.stub
+    notice = f'vx::notices::{kind}("{name}"); ' if kind != "value" else ""
+    return notice + ("" if entry.returns == "void" else f"return {value};")
+
+
+BODIES = {"length": length_body, "one": one_based_body, "stub": stub_body}
+
+
+def mechanical(families):
+    lines = ["// Made from the export table: length forms, 1-based twins and stubs."]
+    lines += [f'#include "entries/{f.stem}.h"' for f in families]
+    lines += ['#include "frame/mechanical.h"', '#include "frame/notices.h"', "",
+              "using namespace vx::mechanical;", ""]
+    for family in families:
+        for entry in family.entries:
+            if entry.making in BODIES:
+                unnamed = parameters(entry)
+                if entry.making == "stub":
+                    unnamed = ", ".join(a.ctype.strip() for a in entry.arguments) or "void"
+                lines.append(f"ENTRY({entry.result_type.strip()}, {entry.symbol})({unnamed}) noexcept {{ {BODIES[entry.making](entry)} }}")
+    return "\n".join(lines) + "\n"
+
+
+def all_entries(families):
+    return [e for f in families for e in f.entries]
+
+
+def stack_bytes(entry):
+    return 4 * len(entry.arguments)
+
+
+def windows_def(families, extra=()):
+    lines = ["LIBRARY Vexlor32.DLL", "EXPORTS"]
+    lines += [f"  {name} = vx_{e.symbol}@{stack_bytes(e)}" for e in all_entries(families) for name in e.names]
+    return "\n".join(lines + [f"  {name}" for name in extra]) + "\n"
+
+
+def import_def(families):
+    """For the MinGW import library: what a compiler emits for a stdcall name, mapped to the undecorated export."""
+    lines = ["LIBRARY Vexlor32.DLL", "EXPORTS"]
+    lines += [f"  {name}@{stack_bytes(e)}" for e in all_entries(families) for name in e.names]
+    return "\n".join(lines) + "\n"
+
+
+def elf_aliases(families):
+    return "".join(f"{name} = vx_{e.symbol};\n" for e in all_entries(families) for name in e.names)
+
+
+def elf_versions(families, extra=()):
+    names = [name for e in all_entries(families) for name in e.names]
+    return "VEXLOR32_1 {\n  global:\n" + "".join(f"    {n};\n" for n in names + list(extra)) + "  local: *;\n};\n"
+
+
+def link_stub(families, clashes):
+    """Assembly of the library that programs link with: the same names, without those of the C library."""
+    lines = [".text"]
+    for entry in all_entries(families):
+        for name in entry.names:
+            if name not in clashes:
+                lines.append(f".globl {name}\n.type {name}, @function\n{name}:")
+    lines += ["ret", '.section .note.GNU-stack,"",@progbits']
+    return "\n".join(lines) + "\n"

@@ -1,0 +1,278 @@
+"""Reads the export table (exports/*.toml) into families and entries, and refuses what is wrong in it.
+
+Every complaint is a TableError that carries file and line, so that whoever edits a table sees at once where to look.
+"""
+import dataclasses
+import pathlib
+import re
+import tomllib
+
+from rooms import RoomError, parse_room
+
+# kind -> C type of the argument. `dest`, `block` and `bytes` carry a size in brackets.
+ARGUMENT_KINDS = {
+    "int": "int32_t",
+    "uint": "uint32_t",
+    "char": "int32_t",
+    "pos": "int32_t",
+    "str": "const char *",
+    "edit": "char *",
+    "dest": "char *",
+    "out": "int32_t *",
+    "bytes": "const void *",
+    "block": "void *",
+    "handle": "int32_t",
+    "table": "uint32_t",
+    "any": "int32_t",
+}
+SIZED_KINDS = {"dest", "bytes", "block"}
+OPTIONALLY_SIZED_KINDS = {"edit"}
+TEXT_RESULTS = {"dest", "given", "inside", "const"}
+RESULT_KINDS = {
+    "int": "int32_t",
+    "uint": "uint32_t",
+    "bool": "int32_t",
+    "char": "int32_t",
+    "pos": "int32_t",
+    "handle": "int32_t",
+    "table": "uint32_t",
+    "dest": "char *",
+    "given": "char *",
+    "inside": "char *",
+    "const": "const char *",
+    "block": "void *",
+    "void": "void",
+}
+ENTRY_KEYS = {"names", "length", "zero", "zero-length", "args", "returns", "does", "notes",
+              "unavailable", "unimplemented", "value", "length-by-hand"}
+FAMILY_KEYS = {"title", "area"}
+NAME = re.compile(r"[A-Za-z_][A-Za-z0-9_]*\Z")
+ARGUMENT = re.compile(r"(?P<name>[a-z][A-Za-z0-9]*)\s*:\s*(?P<kind>[a-z]+)\s*(?:\[(?P<room>.*)\])?(?P<flags>(\s+[a-z=A-Z-]+)*)\Z")
+
+
+class TableError(Exception):
+    def __init__(self, path, line, text):
+        super().__init__(f"{path}:{line}: {text}")
+
+
+@dataclasses.dataclass
+class Argument:
+    name: str
+    kind: str
+    room: object = None        # parsed room expression, or None
+    in_place: str = ""         # name of the text that is edited when this destination is NULL
+    terminated: bool = False   # the destination must already hold a terminator at its end
+    meaning: str = ""
+
+    @property
+    def ctype(self):
+        return ARGUMENT_KINDS[self.kind]
+
+
+@dataclasses.dataclass
+class Entry:
+    """One exported entry point: a handwritten one, or one that is made mechanically from another."""
+    symbol: str                # suffix of the C symbol vx_...
+    names: list
+    arguments: list
+    returns: str
+    does: str
+    notes: str
+    family: str
+    line: int
+    making: str = "hand"       # hand, length, one, stub
+    base: int = -1             # 0, 1, or -1 where no position is adjusted
+    source: "Entry" = None     # the entry that a mechanical one calls
+    stub: tuple = ()
+    result_meaning: str = ""
+
+    @property
+    def main(self):
+        return self.names[0]
+
+    @property
+    def result_type(self):
+        return RESULT_KINDS[self.returns]
+
+    def argument(self, name):
+        return next((a for a in self.arguments if a.name == name), None)
+
+
+@dataclasses.dataclass
+class Family:
+    stem: str
+    title: str
+    area: str
+    path: pathlib.Path
+    entries: list
+    prose: str
+
+
+class FamilyReader:
+    def __init__(self, path, shown_path):
+        self.path = path
+        self.shown = shown_path
+        self.text = path.read_text(encoding="utf-8")
+        self.lines = self.text.splitlines()
+
+    def line_of(self, entry, key=None):
+        """Line of an entry's heading, or of one of its keys."""
+        heading = next((i for i, l in enumerate(self.lines) if l.strip() == f"[{entry}]"), 0)
+        if key:
+            for i in range(heading + 1, len(self.lines)):
+                if self.lines[i].startswith("["):
+                    break
+                if re.match(rf"{re.escape(key)}\s*=", self.lines[i]):
+                    return i + 1
+        return heading + 1
+
+    def fail(self, entry, key, text):
+        raise TableError(self.shown, self.line_of(entry, key), f"{entry}: {text}")
+
+    def read(self):
+        try:
+            data = tomllib.loads(self.text)
+        except tomllib.TOMLDecodeError as error:
+            line = re.search(r"line (\d+)", str(error))
+            raise TableError(self.shown, line.group(1) if line else len(self.lines), str(error)) from error
+        head = {k: v for k, v in data.items() if not isinstance(v, dict)}
+        for key in FAMILY_KEYS - head.keys():
+            raise TableError(self.shown, 1, f"the family's `{key}` is missing")
+        for key in head.keys() - FAMILY_KEYS:
+            raise TableError(self.shown, 1, f"unknown key `{key}` before the first entry")
+        entries = []
+        for name, fields in data.items():
+            if isinstance(fields, dict):
+                entries += self.entries_of(name, fields)
+        prose = self.path.with_suffix(".md")
+        if not prose.exists():
+            raise TableError(self.shown, 1, f"the family's introduction {prose.name} is missing beside its table")
+        return Family(self.path.stem, head["title"], head["area"], self.path, entries, prose.read_text(encoding="utf-8").strip())
+
+    def names_of(self, entry, key, fields):
+        names = fields.get(key, "").split()
+        for name in names:
+            if not NAME.match(name):
+                self.fail(entry, key, f"`{name}` is no name that a program could call")
+        return names
+
+    def argument_of(self, entry, text, known):
+        declared, _, meaning = text.partition(" - ")
+        match = ARGUMENT.match(declared.strip())
+        if not match:
+            self.fail(entry, "args", f"cannot read the argument `{text}` (form: name: kind[room] flags - meaning)")
+        name, kind = match["name"], match["kind"]
+        if kind not in ARGUMENT_KINDS:
+            self.fail(entry, "args", f"unknown kind `{kind}` of argument `{name}` (known: {', '.join(ARGUMENT_KINDS)})")
+        if name in known:
+            self.fail(entry, "args", f"two arguments are called `{name}`")
+        if kind in SIZED_KINDS and match["room"] is None:
+            self.fail(entry, "args", f"`{name}` is a {kind} and needs its room in brackets")
+        if kind not in SIZED_KINDS | OPTIONALLY_SIZED_KINDS and match["room"] is not None:
+            self.fail(entry, "args", f"`{name}` is a {kind}, which has no room")
+        argument = Argument(name, kind, meaning=meaning.strip())
+        for flag in match["flags"].split():
+            if flag == "terminated":
+                argument.terminated = True
+            elif flag.startswith("in-place=") and kind == "dest":
+                argument.in_place = flag.partition("=")[2]
+            else:
+                self.fail(entry, "args", f"unknown flag `{flag}` of argument `{name}`")
+        return argument, match["room"]
+
+    def arguments_of(self, entry, fields):
+        arguments, rooms = [], []
+        for text in fields.get("args", []):
+            argument, room = self.argument_of(entry, text, {a.name for a in arguments})
+            arguments.append(argument)
+            rooms.append(room)
+        kinds = {a.name: a.kind for a in arguments}
+        for argument, room in zip(arguments, rooms):
+            if room is not None:
+                try:
+                    argument.room = parse_room(room, kinds)
+                except RoomError as error:
+                    self.fail(entry, "args", f"room of `{argument.name}`: {error}")
+            if argument.in_place and kinds.get(argument.in_place) != "str":
+                self.fail(entry, "args", f"`{argument.name}` is in place of `{argument.in_place}`, which is no str argument")
+        return arguments
+
+    def entries_of(self, key, fields):
+        for unknown in fields.keys() - ENTRY_KEYS:
+            self.fail(key, unknown, f"unknown key `{unknown}` (known: {', '.join(sorted(ENTRY_KEYS))})")
+        if not fields.get("does"):
+            self.fail(key, "does", "`does` is missing: say in a line what the function does")
+        returns, _, result_meaning = (part.strip() for part in fields.get("returns", "").partition(" - "))
+        if returns not in RESULT_KINDS:
+            self.fail(key, "returns", f"unknown result `{returns}` (known: {', '.join(RESULT_KINDS)})")
+        arguments = self.arguments_of(key, fields)
+        names = list(dict.fromkeys([key] + self.names_of(key, "names", fields)))
+        zero, length, zero_length = (self.names_of(key, k, fields) for k in ("zero", "length", "zero-length"))
+        if length and returns not in TEXT_RESULTS:
+            self.fail(key, "length", f"a length form needs a text result, and this one returns {returns}")
+        if zero and returns != "pos" and not any(a.kind == "pos" for a in arguments):
+            self.fail(key, "zero", "a 0-based twin needs a position, as an argument or as the result")
+        if zero_length and not (zero and length):
+            self.fail(key, "zero-length", "needs both `zero` and `length`")
+        stub = self.stub_of(key, fields)
+
+        def make(symbol, names, returns, making, base, source=None):
+            return Entry(symbol, names, arguments, returns, fields["does"].strip(), fields.get("notes", "").strip(),
+                         self.path.stem, self.line_of(key), making, base, source, stub,
+                         "" if making == "length" else result_meaning)
+
+        hand = make(key, zero or names, returns, "stub" if stub else "hand", 0 if zero else -1)
+        length_making = "hand" if fields.get("length-by-hand") else "length"
+        entries = [hand]
+        pointer = hand
+        if zero:
+            pointer = make(f"{key}_one", names, returns, "one", 1, hand)
+            entries.insert(0, pointer)
+        if length:
+            entries.append(make(f"{pointer.symbol}_length", length, "uint", length_making, pointer.base, pointer))
+        if zero_length:
+            entries.append(make(f"{key}_length", zero_length, "uint", length_making, 0, hand))
+        return entries
+
+    def stub_of(self, key, fields):
+        kinds = [k for k in ("unavailable", "unimplemented") if k in fields]
+        if len(kinds) == 2:
+            self.fail(key, "unavailable", "a stub shows one notice, not two")
+        if kinds:
+            return (kinds[0], fields[kinds[0]], fields.get("value", 0))
+        return ("value", "", fields["value"]) if "value" in fields else ()
+
+
+def check_names(families, root):
+    owner = {}
+    for family in families:
+        for entry in family.entries:
+            for name in entry.names:
+                if name in owner:
+                    other = owner[name]
+                    raise TableError(family.path.relative_to(root), entry.line,
+                                     f"{entry.main}: the name `{name}` is already used by {other.main} (exports/{other.family}.toml:{other.line})")
+                owner[name] = entry
+
+
+def check_implementations(families, root, sources):
+    """Each handwritten entry must be defined somewhere, by ENTRY(type, Symbol) or a family's own MACRO(Symbol, ...)."""
+    written = set()
+    for source in sorted(sources.rglob("*.cpp")):
+        text = source.read_text(encoding="utf-8", errors="replace")
+        written |= set(re.findall(r"^[A-Z][A-Z_]+\((?:[^(),]*,\s*)?(\w+)\s*[,)]", text, re.MULTILINE))
+    for family in families:
+        for entry in family.entries:
+            if entry.making == "hand" and entry.symbol not in written:
+                raise TableError(family.path.relative_to(root), entry.line,
+                                 f"{entry.main} has no implementation: write ENTRY({entry.result_type.strip()}, {entry.symbol}) in src/{family.area}/{family.stem}.cpp")
+
+
+def read_table(root, sources=None):
+    families = []
+    for path in sorted((root / "exports").glob("*.toml")):
+        families.append(FamilyReader(path, path.relative_to(root)).read())
+    check_names(families, root)
+    if sources:
+        check_implementations(families, root, sources)
+    return families

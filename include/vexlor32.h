@@ -1,0 +1,888 @@
+/* SPDX-License-Identifier: MIT
+ *
+ * vexlor32.h: the functions of Vexlor32.DLL (32-bit Windows) and libvexlor32.so (64-bit Linux), for C and C++.
+ *
+ * Made from the tables under exports/; edit those, not this file.
+ *
+ * Texts are NUL-terminated single-byte strings. Destinations are yours: give each the room that its line states; nothing
+ * is ever yours to free. Counts of tokens, lines, fields and occurrences begin with 1; character positions begin
+ * with 1, or with 0 in the functions that say so. Failures are told by the result alone.
+ *
+ * Every function has further names. They are declared when VEXLOR32_ALL_NAMES is defined, except those that belong to the C
+ * library, too (isalpha, fopen, ...): a program finds those with GetProcAddress or dlsym.
+ */
+#ifndef VEXLOR32_H
+#define VEXLOR32_H
+
+#include <stdint.h>
+
+#if defined(_WIN32)
+#define VEXLOR32_CALL __stdcall
+#ifndef VEXLOR32_API
+#define VEXLOR32_API __declspec(dllimport)
+#endif
+#else
+#define VEXLOR32_CALL
+#ifndef VEXLOR32_API
+#define VEXLOR32_API
+#endif
+#endif
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+
+/* ---- Character classes ---- */
+
+/* Sets an entry of the upper-case table. No entry can be set to 0.
+ *   c        character; only the low byte counts
+ *   value    the new entry; 0 only asks
+ *   returns  the previous entry, 0 to 255 */
+VEXLOR32_API int32_t VEXLOR32_CALL SetUpperTable(int32_t c, int32_t value);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL setuppertable(int32_t c, int32_t value);
+VEXLOR32_API int32_t VEXLOR32_CALL _setuppertable(int32_t c, int32_t value);
+#endif
+
+/* Sets an entry of the lower-case table. No entry can be set to 0.
+ *   c        character; only the low byte counts
+ *   value    the new entry; 0 only asks
+ *   returns  the previous entry, 0 to 255 */
+VEXLOR32_API int32_t VEXLOR32_CALL SetLowerTable(int32_t c, int32_t value);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL setlowertable(int32_t c, int32_t value);
+VEXLOR32_API int32_t VEXLOR32_CALL _setlowertable(int32_t c, int32_t value);
+#endif
+
+/* Sets an entry of the collation table. No entry can be set to 0.
+ *   c        character; only the low byte counts
+ *   value    the new entry; 0 only asks
+ *   returns  the previous entry, 0 to 255 */
+VEXLOR32_API int32_t VEXLOR32_CALL SetCollateTable(int32_t c, int32_t value);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL setcollatetable(int32_t c, int32_t value);
+VEXLOR32_API int32_t VEXLOR32_CALL _setcollatetable(int32_t c, int32_t value);
+#endif
+
+/* Adds classes to a character. Classes can be added, never removed.
+ *   c        character; only the low byte counts
+ *   bits     classes to add; 0 only asks
+ *   returns  the low 8 bits of the previous classes
+ * Classes from 0x100 upward are not reported back. */
+VEXLOR32_API int32_t VEXLOR32_CALL SetCharType(int32_t c, uint32_t bits);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL setchartype(int32_t c, uint32_t bits);
+VEXLOR32_API int32_t VEXLOR32_CALL _setchartype(int32_t c, uint32_t bits);
+#endif
+
+/* The upper-case form of a character.
+ *   c        character; only the low byte counts
+ *   returns  a character code, 0 to 255 */
+VEXLOR32_API int32_t VEXLOR32_CALL ChrUpper(int32_t c);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _chrupper(int32_t c);
+VEXLOR32_API int32_t VEXLOR32_CALL chrupper(int32_t c);
+#endif
+
+/* The lower-case form of a character.
+ *   c        character; only the low byte counts
+ *   returns  a character code, 0 to 255 */
+VEXLOR32_API int32_t VEXLOR32_CALL ChrLower(int32_t c);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _chrlower(int32_t c);
+VEXLOR32_API int32_t VEXLOR32_CALL chrlower(int32_t c);
+#endif
+
+/* The collation key of a character.
+ *   c        character; only the low byte counts
+ *   returns  a character code, 0 to 255 */
+VEXLOR32_API int32_t VEXLOR32_CALL ChrCollate(int32_t c);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _chrcollate(int32_t c);
+VEXLOR32_API int32_t VEXLOR32_CALL chrcollate(int32_t c);
+#endif
+
+/* Maps every character through the collation table.
+ *   text     text; NULL counts as empty
+ *   dest     destination; room: len(text) + 1; NULL: text is changed in place and needs that room
+ *   returns  dest, or text when dest is NULL */
+VEXLOR32_API char *VEXLOR32_CALL Collate(const char *text, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _collate(const char *text, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL collate(const char *text, char *dest);
+#endif
+
+/* As Collate, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strcollate(const char *text, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrCollate(const char *text, char *dest);
+#endif
+
+/* Whether a character is a letter.
+ *   c        character; only the low byte counts
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsChrAlpha(int32_t c);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL ischralpha(int32_t c);
+VEXLOR32_API int32_t VEXLOR32_CALL _ischralpha(int32_t c);
+#endif
+
+/* Whether a character lies in 0x01 to 0x7F.
+ *   c        character; only the low byte counts
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsChrAscii(int32_t c);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL ischrascii(int32_t c);
+VEXLOR32_API int32_t VEXLOR32_CALL _ischrascii(int32_t c);
+#endif
+
+/* Whether a character is a digit.
+ *   c        character; only the low byte counts
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsChrDigit(int32_t c);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL ischrdigit(int32_t c);
+VEXLOR32_API int32_t VEXLOR32_CALL _ischrdigit(int32_t c);
+#endif
+
+/* Whether a character is a digit, a sign or a full stop.
+ *   c        character; only the low byte counts
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsChrNum(int32_t c);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL ischrnum(int32_t c);
+VEXLOR32_API int32_t VEXLOR32_CALL _ischrnum(int32_t c);
+#endif
+
+/* Whether a character is a blank or a tab.
+ *   c        character; only the low byte counts
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsChrSpace(int32_t c);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL ischrspace(int32_t c);
+VEXLOR32_API int32_t VEXLOR32_CALL _ischrspace(int32_t c);
+#endif
+
+/* Whether a character is a hexadecimal digit.
+ *   c        character; only the low byte counts
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsChrHex(int32_t c);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL ischrhex(int32_t c);
+VEXLOR32_API int32_t VEXLOR32_CALL _ischrhex(int32_t c);
+#endif
+
+/* Whether a character is a control character.
+ *   c        character; only the low byte counts
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsChrCntrl(int32_t c);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL ischrcntrl(int32_t c);
+VEXLOR32_API int32_t VEXLOR32_CALL _ischrcntrl(int32_t c);
+#endif
+
+/* Whether a character is printable.
+ *   c        character; only the low byte counts
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsChrPrint(int32_t c);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL ischrprint(int32_t c);
+VEXLOR32_API int32_t VEXLOR32_CALL _ischrprint(int32_t c);
+#endif
+
+/* Whether a character is punctuation.
+ *   c        character; only the low byte counts
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsChrPunct(int32_t c);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL ischrpunct(int32_t c);
+VEXLOR32_API int32_t VEXLOR32_CALL _ischrpunct(int32_t c);
+#endif
+
+/* Whether a character is white.
+ *   c        character; only the low byte counts
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsChrWhite(int32_t c);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL ischrwhite(int32_t c);
+VEXLOR32_API int32_t VEXLOR32_CALL _ischrwhite(int32_t c);
+#endif
+
+/* Whether a character is its own upper case.
+ *   c        character; only the low byte counts
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsChrUpper(int32_t c);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL ischrupper(int32_t c);
+VEXLOR32_API int32_t VEXLOR32_CALL _ischrupper(int32_t c);
+#endif
+
+/* Whether a character is its own lower case.
+ *   c        character; only the low byte counts
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsChrLower(int32_t c);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL ischrlower(int32_t c);
+VEXLOR32_API int32_t VEXLOR32_CALL _ischrlower(int32_t c);
+#endif
+
+/* Whether the characters of a text are letters.
+ *   text     text; NULL counts as empty
+ *   count    the largest number of characters to look at
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsAlpha(const char *text, int32_t count);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _isalpha(const char *text, int32_t count);
+#endif
+
+/* Whether the characters of a text lie in 0x01 to 0x7F.
+ *   text     text; NULL counts as empty
+ *   count    the largest number of characters to look at
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsAscii(const char *text, int32_t count);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _isascii(const char *text, int32_t count);
+#endif
+
+/* Whether the characters of a text are digits.
+ *   text     text; NULL counts as empty
+ *   count    the largest number of characters to look at
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsDigit(const char *text, int32_t count);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _isdigit(const char *text, int32_t count);
+#endif
+
+/* Whether the characters of a text are digits, signs or full stops.
+ *   text     text; NULL counts as empty
+ *   count    the largest number of characters to look at
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsNum(const char *text, int32_t count);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _isnum(const char *text, int32_t count);
+VEXLOR32_API int32_t VEXLOR32_CALL isnum(const char *text, int32_t count);
+#endif
+
+/* Whether the characters of a text are blanks or tabs.
+ *   text     text; NULL counts as empty
+ *   count    the largest number of characters to look at
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsSpace(const char *text, int32_t count);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _isspace(const char *text, int32_t count);
+#endif
+
+/* Whether the characters of a text are hexadecimal digits.
+ *   text     text; NULL counts as empty
+ *   count    the largest number of characters to look at
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsHexDigit(const char *text, int32_t count);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL IsHexdigit(const char *text, int32_t count);
+VEXLOR32_API int32_t VEXLOR32_CALL _isxdigit(const char *text, int32_t count);
+VEXLOR32_API int32_t VEXLOR32_CALL ishexdigit(const char *text, int32_t count);
+VEXLOR32_API int32_t VEXLOR32_CALL _ishexdigit(const char *text, int32_t count);
+#endif
+
+/* Whether the characters of a text are control characters.
+ *   text     text; NULL counts as empty
+ *   count    the largest number of characters to look at
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsCntrl(const char *text, int32_t count);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _iscntrl(const char *text, int32_t count);
+#endif
+
+/* Whether the characters of a text are printable.
+ *   text     text; NULL counts as empty
+ *   count    the largest number of characters to look at
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsPrint(const char *text, int32_t count);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _isprint(const char *text, int32_t count);
+#endif
+
+/* Whether the characters of a text are punctuation.
+ *   text     text; NULL counts as empty
+ *   count    the largest number of characters to look at
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsPunct(const char *text, int32_t count);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _ispunct(const char *text, int32_t count);
+#endif
+
+/* Whether the characters of a text are white.
+ *   text     text; NULL counts as empty
+ *   count    the largest number of characters to look at
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsWhite(const char *text, int32_t count);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL iswhite(const char *text, int32_t count);
+VEXLOR32_API int32_t VEXLOR32_CALL _iswhite(const char *text, int32_t count);
+#endif
+
+/* Whether the characters of a text are their own upper case.
+ *   text     text; NULL counts as empty
+ *   count    the largest number of characters to look at
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsUpper(const char *text, int32_t count);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _isupper(const char *text, int32_t count);
+#endif
+
+/* Whether the characters of a text are their own lower case.
+ *   text     text; NULL counts as empty
+ *   count    the largest number of characters to look at
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsLower(const char *text, int32_t count);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _islower(const char *text, int32_t count);
+#endif
+
+/* Whether each character of a text belongs to one of the classes at least.
+ *   text     text; NULL counts as empty
+ *   count    the largest number of characters to look at
+ *   mask     classes
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsStrType(const char *text, int32_t count, uint32_t mask);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL isstrtype(const char *text, int32_t count, uint32_t mask);
+VEXLOR32_API int32_t VEXLOR32_CALL _isstrtype(const char *text, int32_t count, uint32_t mask);
+#endif
+
+/* A predicate by number: 1 IsHexDigit, 2 IsUpper, 3 IsSpace, 4 IsPunct, 5 IsPrint, 6 IsNum, 7 IsLower, 8 IsDigit, 9
+ * IsCntrl, 10 IsAscii, 11 IsAlpha; 0 for any other number.
+ *   selector  the predicate
+ *   text      text; NULL counts as empty
+ *   count     the largest number of characters to look at
+ *   returns   1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL isthings(int32_t selector, const char *text, int32_t count);
+
+
+/* ---- Library frame ---- */
+
+/* Development probe; always succeeds.
+ *   a        ignored
+ *   b        ignored
+ *   c        ignored
+ *   returns  1 */
+VEXLOR32_API int32_t VEXLOR32_CALL VEXDEV(int32_t a, int32_t b, int32_t c);
+
+/* The library's internal version number.
+ *   returns  199 */
+VEXLOR32_API int32_t VEXLOR32_CALL VEXVERSION(void);
+
+/* Does nothing; kept for programs that call it before they unload the library.
+ *   returns  0 */
+VEXLOR32_API int32_t VEXLOR32_CALL RELEASEME(void);
+
+/* Shows the about box, then gives the version number.
+ *   returns  199, whether or not the box could be shown */
+VEXLOR32_API int32_t VEXLOR32_CALL DLLVERSION(void);
+
+/* Logs the user off. Despite its name it does not power the machine down.
+ *   returns  the system's result: not 0 if the log-off has begun, 0 on failure */
+VEXLOR32_API int32_t VEXLOR32_CALL ShutDown(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _shutdown(void);
+#endif
+
+/* Sets the library's fill character, with which padding, centring and spacing functions pad. It is a blank at first.
+ *   c        the new fill character; 0 only asks
+ *   returns  the previous fill character, 0 to 255 */
+VEXLOR32_API int32_t VEXLOR32_CALL SetFillChar(int32_t c);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL fillchar(int32_t c);
+VEXLOR32_API int32_t VEXLOR32_CALL setfillchar(int32_t c);
+VEXLOR32_API int32_t VEXLOR32_CALL _setfillchar(int32_t c);
+#endif
+
+/* Puts a text on the clipboard.
+ *   text     the text to copy; NULL counts as empty
+ *   returns  1 if the text is on the clipboard, 0 if not
+ * When no window has the focus, or the clipboard is in use, a notice says so and the result is 0. */
+VEXLOR32_API int32_t VEXLOR32_CALL StrPaste(const char *text);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL strpaste(const char *text);
+VEXLOR32_API int32_t VEXLOR32_CALL _strpaste(const char *text);
+#endif
+
+/* Shows that peekstr() is not available on 32-bit platforms.
+ *   a        ignored
+ *   b        ignored
+ *   c        ignored
+ *   returns  the library's constant empty text; never write to it */
+VEXLOR32_API const char *VEXLOR32_CALL peekstr(int32_t a, int32_t b, int32_t c);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API const char *VEXLOR32_CALL _peekstr(int32_t a, int32_t b, int32_t c);
+#endif
+
+/* Shows that peekstr() is not available on 32-bit platforms.
+ *   a        ignored
+ *   b        ignored
+ *   c        ignored
+ *   returns  0 */
+VEXLOR32_API uint32_t VEXLOR32_CALL strpeekstr(int32_t a, int32_t b, int32_t c);
+
+/* Shows that poke() is not available on 32-bit platforms.
+ *   address  ignored
+ *   value    ignored
+ *   returns  0 */
+VEXLOR32_API int32_t VEXLOR32_CALL poke(int32_t address, int32_t value);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _poke(int32_t address, int32_t value);
+#endif
+
+/* Shows that peek() is not available on 32-bit platforms.
+ *   address  ignored
+ *   returns  0 */
+VEXLOR32_API int32_t VEXLOR32_CALL peek(int32_t address);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _peek(int32_t address);
+#endif
+
+/* Shows that mem2blob() is not available on 32-bit platforms: the notice names the partner function.
+ *   a        ignored
+ *   b        ignored
+ *   c        ignored
+ *   returns  0 */
+VEXLOR32_API int32_t VEXLOR32_CALL _blob2mem(int32_t a, int32_t b, int32_t c);
+
+/* Shows that mem2blob() is not available on 32-bit platforms.
+ *   a        ignored
+ *   b        ignored
+ *   c        ignored
+ *   returns  0 */
+VEXLOR32_API int32_t VEXLOR32_CALL _mem2blob(int32_t a, int32_t b, int32_t c);
+
+/* Shows that dosalloc() is not available on 32-bit platforms.
+ *   a        ignored
+ *   b        ignored
+ *   returns  0 */
+VEXLOR32_API int32_t VEXLOR32_CALL dosalloc(int32_t a, int32_t b);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _dosalloc(int32_t a, int32_t b);
+#endif
+
+/* Shows that dosfree() is not available on 32-bit platforms.
+ *   a        ignored
+ *   returns  1 for the box's OK button, 0 if the box could not be shown */
+VEXLOR32_API int32_t VEXLOR32_CALL dosfree(int32_t a);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _dosfree(int32_t a);
+#endif
+
+/* Shows that q_status() is not available on 32-bit platforms.
+ *   returns  0 */
+VEXLOR32_API int32_t VEXLOR32_CALL q_status(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _q_status(void);
+#endif
+
+/* Shows that q_restart() is not available on 32-bit platforms.
+ *   returns  0 */
+VEXLOR32_API int32_t VEXLOR32_CALL q_restart(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _q_restart(void);
+#endif
+
+/* Shows that q_hold() is not available on 32-bit platforms.
+ *   returns  0 */
+VEXLOR32_API int32_t VEXLOR32_CALL q_hold(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _q_hold(void);
+#endif
+
+/* Shows that q_files() is not available on 32-bit platforms.
+ *   returns  0 */
+VEXLOR32_API int32_t VEXLOR32_CALL q_files(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _q_files(void);
+#endif
+
+/* Shows that q_file() is not available on 32-bit platforms.
+ *   number   ignored
+ *   dest     receives an empty text; room: 1; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL q_file(int32_t number, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _q_file(int32_t number, char *dest);
+#endif
+
+/* As q_file, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strq_file(int32_t number, char *dest);
+
+/* Shows that q_delete() is not available on 32-bit platforms.
+ *   number   ignored
+ *   returns  0 */
+VEXLOR32_API int32_t VEXLOR32_CALL q_delete(int32_t number);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _q_delete(int32_t number);
+#endif
+
+/* Shows that q_cancel() is not available on 32-bit platforms.
+ *   returns  0 */
+VEXLOR32_API int32_t VEXLOR32_CALL q_cancel(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _q_cancel(void);
+#endif
+
+/* Shows that q_submit() is not available on 32-bit platforms.
+ *   name     ignored
+ *   returns  0 */
+VEXLOR32_API int32_t VEXLOR32_CALL q_submit(int32_t name);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _q_submit(int32_t name);
+#endif
+
+/* Whether a print queue is installed: never, on 32-bit platforms. Shows nothing.
+ *   returns  0 */
+VEXLOR32_API int32_t VEXLOR32_CALL isqueue(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _isqueue(void);
+#endif
+
+/* Shows that the function has not been implemented.
+ *   a        ignored
+ *   b        ignored
+ *   c        ignored
+ *   returns  0 */
+VEXLOR32_API int32_t VEXLOR32_CALL Compress(int32_t a, int32_t b, int32_t c);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _compress(int32_t a, int32_t b, int32_t c);
+VEXLOR32_API int32_t VEXLOR32_CALL compress(int32_t a, int32_t b, int32_t c);
+#endif
+
+/* Shows that the function has not been implemented.
+ *   a        ignored
+ *   b        ignored
+ *   c        ignored
+ *   returns  0 */
+VEXLOR32_API int32_t VEXLOR32_CALL Decompress(int32_t a, int32_t b, int32_t c);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _dcompress(int32_t a, int32_t b, int32_t c);
+VEXLOR32_API int32_t VEXLOR32_CALL dcompress(int32_t a, int32_t b, int32_t c);
+VEXLOR32_API int32_t VEXLOR32_CALL decompress(int32_t a, int32_t b, int32_t c);
+VEXLOR32_API int32_t VEXLOR32_CALL _decompress(int32_t a, int32_t b, int32_t c);
+#endif
+
+/* Shows that the function has not been implemented.
+ *   a        ignored
+ *   b        ignored
+ *   returns  0 */
+VEXLOR32_API int32_t VEXLOR32_CALL FCompress(int32_t a, int32_t b);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fcompress(int32_t a, int32_t b);
+VEXLOR32_API int32_t VEXLOR32_CALL fcompress(int32_t a, int32_t b);
+#endif
+
+/* Shows that the function has not been implemented.
+ *   a        ignored
+ *   b        ignored
+ *   returns  0 */
+VEXLOR32_API int32_t VEXLOR32_CALL FDecompress(int32_t a, int32_t b);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fdcompress(int32_t a, int32_t b);
+VEXLOR32_API int32_t VEXLOR32_CALL fdcompress(int32_t a, int32_t b);
+VEXLOR32_API int32_t VEXLOR32_CALL fdecompress(int32_t a, int32_t b);
+VEXLOR32_API int32_t VEXLOR32_CALL _fdecompress(int32_t a, int32_t b);
+#endif
+
+
+/* ---- Trimming and padding ---- */
+
+/* The text without leading and trailing blanks.
+ *   text     text; NULL counts as empty
+ *   dest     destination; room: len(text) + 1; NULL: text is changed in place and needs that room
+ *   returns  dest, or text when dest is NULL */
+VEXLOR32_API char *VEXLOR32_CALL AllTrim(const char *text, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _alltrim(const char *text, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL alltrim(const char *text, char *dest);
+#endif
+
+/* As AllTrim, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL stralltrim(const char *text, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrAllTrim(const char *text, char *dest);
+#endif
+
+/* The length that AllTrim would give.
+ *   text     text; NULL counts as empty
+ *   returns  the length */
+VEXLOR32_API uint32_t VEXLOR32_CALL AllTrimLen(const char *text);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _alltrimlen(const char *text);
+VEXLOR32_API uint32_t VEXLOR32_CALL alltrimlen(const char *text);
+#endif
+
+/* The text without leading blanks.
+ *   text     text; NULL counts as empty
+ *   dest     destination; room: len(text) + 1; NULL: text is changed in place and needs that room
+ *   returns  dest as it was given, NULL when working in place */
+VEXLOR32_API char *VEXLOR32_CALL LTrim(const char *text, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _ltrim(const char *text, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL ltrim(const char *text, char *dest);
+#endif
+
+/* As LTrim, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strltrim(const char *text, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrLTrim(const char *text, char *dest);
+#endif
+
+/* The length that LTrim would give.
+ *   text     text; NULL counts as empty
+ *   returns  the length */
+VEXLOR32_API uint32_t VEXLOR32_CALL LTrimLen(const char *text);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _ltrimlen(const char *text);
+VEXLOR32_API uint32_t VEXLOR32_CALL ltrimlen(const char *text);
+#endif
+
+/* The text without trailing blanks.
+ *   text     text; NULL counts as empty
+ *   dest     destination; room: len(text) + 1; NULL: text is changed in place and needs that room
+ *   returns  dest, or text when dest is NULL */
+VEXLOR32_API char *VEXLOR32_CALL RTrim(const char *text, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _rtrim(const char *text, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL rtrim(const char *text, char *dest);
+#endif
+
+/* As RTrim, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strrtrim(const char *text, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrRTrim(const char *text, char *dest);
+#endif
+
+/* The length that RTrim would give.
+ *   text     text; NULL counts as empty
+ *   returns  the length */
+VEXLOR32_API uint32_t VEXLOR32_CALL RTrimLen(const char *text);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _rtrimlen(const char *text);
+VEXLOR32_API uint32_t VEXLOR32_CALL rtrimlen(const char *text);
+#endif
+
+/* The text without leading and trailing characters of a set.
+ *   text     text; NULL counts as empty
+ *   set      the characters to remove; NULL counts as empty
+ *   mode     0 trims both ends, 1 the end, -1 the start; any other trims nothing
+ *   dest     destination; room: len(text) + 1; NULL: text is changed in place and needs that room
+ *   returns  dest, or text when dest is NULL */
+VEXLOR32_API char *VEXLOR32_CALL ChrTrim(const char *text, const char *set, int32_t mode, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _chrtrim(const char *text, const char *set, int32_t mode, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL chrtrim(const char *text, const char *set, int32_t mode, char *dest);
+#endif
+
+/* As ChrTrim, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strchrtrim(const char *text, const char *set, int32_t mode, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrChrTrim(const char *text, const char *set, int32_t mode, char *dest);
+#endif
+
+/* The length that ChrTrim would give.
+ *   text     text; NULL counts as empty
+ *   set      the characters to remove; NULL counts as empty
+ *   mode     0 trims both ends, 1 the end, -1 the start; any other trims nothing
+ *   returns  the length */
+VEXLOR32_API uint32_t VEXLOR32_CALL ChrTrimLen(const char *text, const char *set, int32_t mode);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _chrtrimlen(const char *text, const char *set, int32_t mode);
+VEXLOR32_API uint32_t VEXLOR32_CALL chrtrimlen(const char *text, const char *set, int32_t mode);
+#endif
+
+/* The text from its first to its last letter (A-Z, a-z), digit or tab; empty if it has none.
+ *   text     text; NULL counts as empty
+ *   dest     destination; room: len(text) + 1; NULL: text is changed in place and needs that room
+ *   returns  dest, or text when dest is NULL */
+VEXLOR32_API char *VEXLOR32_CALL TrimPunct(const char *text, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _trimpunct(const char *text, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL trimpunct(const char *text, char *dest);
+#endif
+
+/* As TrimPunct, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strtrimpunct(const char *text, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrTrimPunct(const char *text, char *dest);
+#endif
+
+/* The text with its leading blanks moved to its end.
+ *   text     text; NULL counts as empty
+ *   dest     destination; room: len(text) + 1; NULL: text is changed in place and needs that room; must already end
+ *            at its last byte
+ *   returns  dest as it was given, NULL when working in place
+ * Writes no terminator behind the blanks: a destination must already have one at the length of the text. */
+VEXLOR32_API char *VEXLOR32_CALL LJust(const char *text, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _ljust(const char *text, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL ljust(const char *text, char *dest);
+#endif
+
+/* As LJust, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strljust(const char *text, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrLJust(const char *text, char *dest);
+#endif
+
+/* The text with its trailing blanks moved to its front: right-justified in the length that it has.
+ *   text     NULL: dest is returned untouched
+ *   dest     destination; room: len(text) + 1; NULL: text is changed in place and needs that room
+ *   returns  dest, or text when dest is NULL */
+VEXLOR32_API char *VEXLOR32_CALL RJust(const char *text, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _rjust(const char *text, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL rjust(const char *text, char *dest);
+#endif
+
+/* As RJust, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strrjust(const char *text, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrRJust(const char *text, char *dest);
+#endif
+
+/* The text padded on the left so that it stands in the middle of a width; not padded on the right, cut at its end if
+ * longer.
+ *   text     text; NULL counts as empty
+ *   width    in characters; below 1 gives an empty text
+ *   fill     its first character pads; NULL or empty: the fill character
+ *   dest     destination; room: max(width, 0) + 1; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL Center(const char *text, int32_t width, const char *fill, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _center(const char *text, int32_t width, const char *fill, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL center(const char *text, int32_t width, const char *fill, char *dest);
+#endif
+
+/* As Center, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL str_center(const char *text, int32_t width, const char *fill, char *dest);
+
+/* The text in the middle of exactly `width` characters, padded on both sides; of a longer one its middle.
+ *   text     text; NULL counts as empty
+ *   width    in characters; below 1 gives an empty text
+ *   fill     its first character pads; NULL or empty: the fill character
+ *   dest     destination; room: max(width, 0) + 1; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL StrCenter(const char *text, int32_t width, const char *fill, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _strcenter(const char *text, int32_t width, const char *fill, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL strcenter(const char *text, int32_t width, const char *fill, char *dest);
+#endif
+
+/* As StrCenter, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strstrcenter(const char *text, int32_t width, const char *fill, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrStrCenter(const char *text, int32_t width, const char *fill, char *dest);
+#endif
+
+/* The text with its leading blanks replaced by the fill character.
+ *   text     text; NULL counts as empty
+ *   fill     its first character pads; NULL or empty: the fill character
+ *   dest     destination; room: len(text) + 1; NULL: text is changed in place and needs that room
+ *   returns  dest, or text when dest is NULL
+ * With a destination, the content loses as many of its first characters as there were leading blanks; in place it
+ * does not. */
+VEXLOR32_API char *VEXLOR32_CALL LeadChar(const char *text, const char *fill, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _leadchar(const char *text, const char *fill, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL leadchar(const char *text, const char *fill, char *dest);
+#endif
+
+/* As LeadChar, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strleadchar(const char *text, const char *fill, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrLeadChar(const char *text, const char *fill, char *dest);
+#endif
+
+/* The text with its trailing blanks replaced by the fill character.
+ *   text     text; NULL counts as empty
+ *   fill     its first character pads; NULL or empty: the fill character
+ *   dest     destination; room: len(text) + 1; NULL: text is changed in place and needs that room
+ *   returns  dest, or text when dest is NULL */
+VEXLOR32_API char *VEXLOR32_CALL TrailChar(const char *text, const char *fill, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _trailchar(const char *text, const char *fill, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL trailchar(const char *text, const char *fill, char *dest);
+#endif
+
+/* As TrailChar, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strtrailchar(const char *text, const char *fill, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrTrailChar(const char *text, const char *fill, char *dest);
+#endif
+
+/* The text cut or padded on the right to exactly `width` characters.
+ *   text     NULL: the constant empty text is returned
+ *   width    in characters; below 0 counts as 0
+ *   fill     its first character pads; NULL or empty: a blank
+ *   dest     destination; room: max(width, 0) + 1; NULL: text is changed in place and needs that room
+ *   returns  dest, or text when dest is NULL, or a constant empty text when text is NULL */
+VEXLOR32_API char *VEXLOR32_CALL UnTrim(const char *text, int32_t width, const char *fill, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _untrim(const char *text, int32_t width, const char *fill, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL untrim(const char *text, int32_t width, const char *fill, char *dest);
+#endif
+
+/* As UnTrim, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL struntrim(const char *text, int32_t width, const char *fill, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrUnTrim(const char *text, int32_t width, const char *fill, char *dest);
+#endif
+
+/* Copies of the text, end to end.
+ *   text     text; NULL counts as empty
+ *   count    below 1 gives an empty text
+ *   dest     destination; room: len(text) * max(count, 0) + 1; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL Replicate(const char *text, int32_t count, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _replicate(const char *text, int32_t count, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL replicate(const char *text, int32_t count, char *dest);
+#endif
+
+/* As Replicate, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strreplicate(const char *text, int32_t count, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrReplicate(const char *text, int32_t count, char *dest);
+#endif
+
+/* Copies of a character.
+ *   text     receives the characters; room: max(count, 0) + 1; NULL: nothing is written
+ *   c        character; only the low byte counts
+ *   count    below 0 does nothing
+ *   returns  the terminator of the result; text itself if count is below 1 */
+VEXLOR32_API char *VEXLOR32_CALL StrnSet(char *text, int32_t c, int32_t count);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _strnset(char *text, int32_t c, int32_t count);
+VEXLOR32_API char *VEXLOR32_CALL strnset(char *text, int32_t c, int32_t count);
+#endif
+
+/* Copies of a character.
+ *   text     receives the characters; room: max(count, 0) + 1; NULL: nothing is written
+ *   c        character; only the low byte counts
+ *   count    below 0 does nothing
+ *   returns  the terminator of the result; text itself if count is below 1 */
+VEXLOR32_API uint32_t VEXLOR32_CALL strstrnset(char *text, int32_t c, int32_t count);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrStrnSet(char *text, int32_t c, int32_t count);
+#endif
+
+/* Whether a text is empty or holds blanks and tabs only.
+ *   text     NULL gives 0
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL StrEmpty(const char *text);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _strempty(const char *text);
+VEXLOR32_API int32_t VEXLOR32_CALL strempty(const char *text);
+#endif
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

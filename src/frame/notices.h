@@ -1,0 +1,16 @@
+// Modal notices: the boxes by which a function tells the user that it cannot do its work.
+#pragma once
+
+#include <cstdint>
+
+namespace vx::notices {
+
+// Show a box owned by the window that has the focus and return its result: 1 for its OK button, 0 if it could not be
+// shown. The first names a function of the 16-bit edition without its parentheses; the second takes the box's title.
+std::int32_t unavailable(const char* function);
+std::int32_t unimplemented(const char* title);
+
+// Version, build, date and time of this library.
+std::int32_t about();
+
+}  // namespace vx::notices

@@ -1,0 +1,54 @@
+// Files, locale and process of Linux, with the results that Windows would give.
+#include <algorithm>
+#include <climits>
+#include <cstring>
+#include <unistd.h>
+
+#include "platform/platform.h"
+
+namespace vx::platform {
+namespace {
+
+class LinuxFiles final : public Files {
+ public:
+    // Handles are numbers of the library's own, and none has been given out: no file can be open under one.
+    bool close(std::int32_t) override { return false; }
+};
+
+class LinuxLocale final : public Locale {
+ public:
+    // No code page: the library's built-in tables apply.
+    std::uint32_t upperCase(char*, std::uint32_t) override { return 0; }
+    std::uint32_t lowerCase(char*, std::uint32_t) override { return 0; }
+    std::uint32_t mapToUpper(const char*, char*, std::uint32_t) override { return 0; }
+};
+
+class LinuxProcess final : public Process {
+ public:
+    void programPath(char* path, std::size_t room) override {
+        char link[PATH_MAX];
+        ssize_t length = ::readlink("/proc/self/exe", link, sizeof link);
+        if (room == 0) return;
+        if (length <= 0 || room < 3) {
+            *path = '\0';
+            return;
+        }
+        std::replace(link, link + length, '/', '\\');
+        std::size_t kept = std::min(static_cast<std::size_t>(length), room - 3);
+        std::memcpy(path, "C:", 2);
+        std::memcpy(path + 2, link, kept);
+        path[2 + kept] = '\0';
+    }
+};
+
+LinuxFiles files;
+LinuxLocale locale;
+LinuxProcess process;
+
+}  // namespace
+
+Files& systemFiles() { return files; }
+Locale& systemLocale() { return locale; }
+Process& systemProcess() { return process; }
+
+}  // namespace vx::platform

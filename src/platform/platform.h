@@ -1,0 +1,30 @@
+// The platform seam: all that the library asks of the operating system, grouped into small interfaces.
+//
+// Each operation means the same on every system, Win32 results included. `current()` is what families call through;
+// tests put their own objects in its places. A new group of operations is a header of its own (volumes.h, ...), a
+// member here and a line in platform.cpp.
+#pragma once
+
+#include "platform/desktop.h"
+#include "platform/files.h"
+#include "platform/locale.h"
+#include "platform/process.h"
+
+namespace vx::platform {
+
+struct Platform {
+    Desktop* desktop;
+    Files* files;
+    Locale* locale;
+    Process* process;
+};
+
+Platform& current();
+
+// The operating system's own, defined in linux/ and windows/.
+Desktop& systemDesktop();
+Files& systemFiles();
+Locale& systemLocale();
+Process& systemProcess();
+
+}  // namespace vx::platform

@@ -1,0 +1,50 @@
+#include <windows.h>
+
+#include "platform/platform.h"
+
+namespace vx::platform {
+namespace {
+
+HWND handleOf(Window window) { return reinterpret_cast<HWND>(window); }
+
+class WindowsDesktop final : public Desktop {
+ public:
+    Window focusWindow() override { return reinterpret_cast<Window>(GetFocus()); }
+
+    std::int32_t showBox(Window owner, const char* text, const char* title, BoxIcon icon) override {
+        UINT style = MB_OK | (icon == BoxIcon::kInformation ? MB_ICONINFORMATION : 0);
+        return MessageBoxA(handleOf(owner), text, title, style);
+    }
+
+    bool openClipboard(Window owner) override { return OpenClipboard(handleOf(owner)) != 0; }
+
+    char* allocateClipboardText(std::size_t size) override {
+        memory_ = GlobalAlloc(GMEM_MOVEABLE, size);
+        if (!memory_) return nullptr;
+        void* locked = GlobalLock(memory_);
+        if (!locked) GlobalFree(memory_);
+        return static_cast<char*>(locked);
+    }
+
+    void emptyClipboard() override { EmptyClipboard(); }
+
+    void setClipboardText(char*) override {
+        GlobalUnlock(memory_);
+        if (!SetClipboardData(CF_TEXT, memory_)) GlobalFree(memory_);
+    }
+
+    void closeClipboard() override { CloseClipboard(); }
+
+    std::int32_t logOff() override { return ExitWindowsEx(EWX_LOGOFF, 0xFFFFFFFF); }
+
+ private:
+    HGLOBAL memory_ = nullptr;
+};
+
+WindowsDesktop desktop;
+
+}  // namespace
+
+Desktop& systemDesktop() { return desktop; }
+
+}  // namespace vx::platform
