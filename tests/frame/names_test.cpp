@@ -1,0 +1,53 @@
+// The exported names: each one is there, and all names of an entry are one address.
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <map>
+
+#include "catalog/catalog.h"
+#include "tests/support/library.h"
+
+namespace vx::test {
+namespace {
+
+TEST(Names, AllNamesOfAnEntryAreOneAddressOfItsOwn) {
+    std::map<void*, const char*> owner;
+    for (const catalog::Entry& entry : catalog::allEntries()) {
+        void* own = address(entry.main());
+        ASSERT_NE(own, nullptr) << entry.main();
+        auto [other, isNew] = owner.emplace(own, entry.main());
+        EXPECT_TRUE(isNew) << entry.main() << " shares its address with " << other->second;
+        for (const char* name : entry.names) EXPECT_EQ(address(name), own) << name;
+    }
+}
+
+TEST(Names, OthersAreNotThere) {
+    for (const char* name : {"vx_AllTrim", "_vx_AllTrim@8", "AllTrim@8", "ALLTRIM", "vexlor32_seam", "DllMain"}) {
+        EXPECT_EQ(address(name), nullptr) << name;
+    }
+}
+
+TEST(Catalog, SuggestsTheLikelyName) {
+    struct Row { const char* typed; const char* meant; };
+    for (auto [typed, meant] : {Row{"AlTrim", "AllTrim"}, Row{"alltrimm", "AllTrim"}, Row{"CHRTRIM", "ChrTrim"}, Row{"Replciate", "Replicate"}}) {
+        auto names = catalog::suggestions(typed);
+        ASSERT_FALSE(names.empty()) << typed;
+        EXPECT_EQ(names.front(), meant) << typed;
+    }
+    EXPECT_TRUE(catalog::suggestions("qqqqxxxxyyyyzzzz").empty());
+}
+
+TEST(Catalog, RoomArithmeticStopsAtItsEnds) {
+    using catalog::Size;
+    constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max();
+    constexpr std::int64_t least = std::numeric_limits<std::int64_t>::min();
+    EXPECT_EQ((Size{most} + Size{1}).value, most);
+    EXPECT_EQ((Size{least} - Size{1}).value, least);
+    EXPECT_EQ((Size{most / 2} * Size{3}).value, most);
+    EXPECT_EQ((Size{most / 2} * Size{-3}).value, least);
+    EXPECT_EQ((Size{7} / Size{0}).value, 0);
+    EXPECT_EQ((Size{least} / Size{-1}).value, most);
+}
+
+}  // namespace
+}  // namespace vx::test
