@@ -78,7 +78,7 @@ std::vector<std::string> suggestions(std::string_view name, std::size_t count = 
 // C declaration as the header has it.
 std::string declaration(const Entry& entry);
 
-bool isDestination(Kind kind);                            // text or block that the function fills: the host supplies it
+bool isDestination(Kind kind);  // text or block that the function fills: the host supplies it
 inline bool isText(Result r) { return r >= Result::kDest && r <= Result::kConst; }
 inline bool isNumber(Result r) { return r <= Result::kTable; }
 

@@ -10,10 +10,12 @@ namespace {
 constexpr std::int64_t kMost = std::numeric_limits<std::int64_t>::max();
 constexpr std::int64_t kLeast = std::numeric_limits<std::int64_t>::min();
 
-const char* const kArgumentTypes[] = {"int32_t ", "uint32_t ", "int32_t ", "int32_t ",      "const char *", "char *",  "char *",
-                                      "int32_t *", "const void *", "void *", "int32_t ", "uint32_t ", "int32_t "};
-const char* const kResultTypes[] = {"int32_t ", "uint32_t ", "int32_t ", "int32_t ", "int32_t ", "int32_t ", "uint32_t ",
-                                    "char *",   "char *",    "char *",   "const char *", "void *", "void "};
+const char* const kArgumentTypes[] = {"int32_t ", "uint32_t ", "int32_t ",  "int32_t ",     "const char *",
+                                      "char *",   "char *",    "int32_t *", "const void *", "void *",
+                                      "int32_t ", "uint32_t ", "int32_t "};
+const char* const kResultTypes[] = {"int32_t ",     "uint32_t ", "int32_t ", "int32_t ", "int32_t ",
+                                    "int32_t ",     "uint32_t ", "char *",   "char *",   "char *",
+                                    "const char *", "void *",    "void "};
 
 std::string lowerCase(std::string_view text) {
     std::string result(text);
@@ -31,7 +33,8 @@ int distance(std::string_view a, std::string_view b) {
     for (std::size_t i = 1; i <= a.size(); ++i) {
         for (std::size_t j = 1; j <= b.size(); ++j) {
             d[i][j] = std::min({d[i - 1][j] + 1, d[i][j - 1] + 1, d[i - 1][j - 1] + (a[i - 1] != b[j - 1])});
-            if (i > 1 && j > 1 && a[i - 1] == b[j - 2] && a[i - 2] == b[j - 1]) d[i][j] = std::min(d[i][j], d[i - 2][j - 2] + 1);
+            if (i > 1 && j > 1 && a[i - 1] == b[j - 2] && a[i - 2] == b[j - 1])
+                d[i][j] = std::min(d[i][j], d[i - 2][j - 2] + 1);
         }
     }
     return d[a.size()][b.size()];

@@ -1,7 +1,8 @@
 // The character tables: setters, mappers, and the predicates on single characters and whole texts.
+#include "entries/classes.h"
+
 #include <iterator>
 
-#include "entries/classes.h"
 #include "frame/library.h"
 #include "frame/text.h"
 

@@ -1,7 +1,8 @@
 // Version and about box, fill character, clipboard, log-off, and the stubs that do more than show their notice.
+#include "entries/frame.h"
+
 #include <cstring>
 
-#include "entries/frame.h"
 #include "frame/library.h"
 #include "frame/notices.h"
 #include "frame/text.h"

@@ -62,7 +62,9 @@ std::uint32_t length(std::string_view text) { return static_cast<std::uint32_t>(
 
 using namespace vx;
 
-ENTRY(char*, AllTrim)(const char* text, char* dest) noexcept { return storeTrimmed(text, dest, withoutBlanks(view(text))); }
+ENTRY(char*, AllTrim)(const char* text, char* dest) noexcept {
+    return storeTrimmed(text, dest, withoutBlanks(view(text)));
+}
 ENTRY(uint32_t, AllTrimLen)(const char* text) noexcept { return length(withoutBlanks(view(text))); }
 
 ENTRY(char*, LTrim)(const char* text, char* dest) noexcept {

@@ -28,8 +28,12 @@ TEST(Names, OthersAreNotThere) {
 }
 
 TEST(Catalog, SuggestsTheLikelyName) {
-    struct Row { const char* typed; const char* meant; };
-    for (auto [typed, meant] : {Row{"AlTrim", "AllTrim"}, Row{"alltrimm", "AllTrim"}, Row{"CHRTRIM", "ChrTrim"}, Row{"Replciate", "Replicate"}}) {
+    struct Row {
+        const char* typed;
+        const char* meant;
+    };
+    for (auto [typed, meant] : {Row{"AlTrim", "AllTrim"}, Row{"alltrimm", "AllTrim"}, Row{"CHRTRIM", "ChrTrim"},
+                                Row{"Replciate", "Replicate"}}) {
         auto names = catalog::suggestions(typed);
         ASSERT_FALSE(names.empty()) << typed;
         EXPECT_EQ(names.front(), meant) << typed;

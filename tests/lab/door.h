@@ -1,4 +1,5 @@
-// The one name that the lab library has beyond the product's: a door to its inside, for tests that replace the platform.
+// The one name that the lab library has beyond the product's: a door to its inside, for tests that replace the
+// platform.
 #pragma once
 
 #include "frame/library.h"

@@ -71,7 +71,9 @@ class FixedLocale final : public platform::Locale {
     // A code page in which each character's upper case is the next one, its lower case the one before.
     std::uint32_t upperCase(char* c, std::uint32_t count) override { return shift(c, c, count, 1); }
     std::uint32_t lowerCase(char* c, std::uint32_t count) override { return shift(c, c, count, -1); }
-    std::uint32_t mapToUpper(const char* from, char* to, std::uint32_t count) override { return shift(from, to, count, 2); }
+    std::uint32_t mapToUpper(const char* from, char* to, std::uint32_t count) override {
+        return shift(from, to, count, 2);
+    }
 
  private:
     std::uint32_t shift(const char* from, char* to, std::uint32_t count, int by) {

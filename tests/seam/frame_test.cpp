@@ -28,24 +28,34 @@ catalog::Value callWithZeros(const char* name) {
 }
 
 TEST_F(Frame, UnavailableFunctionsSaySo) {
-    struct Row { const char* name; const char* shown; };
-    const Row rows[] = {
-        {"_peekstr", "peekstr"}, {"strpeekstr", "peekstr"}, {"poke", "poke"}, {"_peek", "peek"},
-        {"_blob2mem", "mem2blob"},  // kept: shows its partner's name
-        {"_mem2blob", "mem2blob"}, {"dosalloc", "dosalloc"}, {"_dosfree", "dosfree"}, {"q_status", "q_status"},
-        {"q_restart", "q_restart"}, {"_q_hold", "q_hold"}, {"q_files", "q_files"}, {"_q_file", "q_file"},
-        {"strq_file", "q_file"}, {"q_delete", "q_delete"}, {"q_cancel", "q_cancel"}, {"_q_submit", "q_submit"}};
+    struct Row {
+        const char* name;
+        const char* shown;
+    };
+    const Row rows[] = {{"_peekstr", "peekstr"},   {"strpeekstr", "peekstr"},  {"poke", "poke"},
+                        {"_peek", "peek"},         {"_blob2mem", "mem2blob"},  // kept: shows its partner's name
+                        {"_mem2blob", "mem2blob"}, {"dosalloc", "dosalloc"},   {"_dosfree", "dosfree"},
+                        {"q_status", "q_status"},  {"q_restart", "q_restart"}, {"_q_hold", "q_hold"},
+                        {"q_files", "q_files"},    {"_q_file", "q_file"},      {"strq_file", "q_file"},
+                        {"q_delete", "q_delete"},  {"q_cancel", "q_cancel"},   {"_q_submit", "q_submit"}};
     for (auto [name, shown] : rows) {
         fake.desktop.boxes.clear();
         callWithZeros(name);
-        Box expected{7, std::string("The function ") + shown + "() is not available on 32 bit platforms.", "Vexlor Alert", BoxIcon::kNone};
+        Box expected{7, std::string("The function ") + shown + "() is not available on 32 bit platforms.",
+                     "Vexlor Alert", BoxIcon::kNone};
         EXPECT_EQ(fake.desktop.boxes, std::vector{expected}) << name;
     }
 }
 
 TEST_F(Frame, UnwrittenFunctionsSaySo) {
-    struct Row { const char* name; const char* title; };
-    const Row rows[] = {{"compress", "Compress()"}, {"_dcompress", "Decompress()"}, {"FCompress", "FCompress()"}, {"fdcompress", "FDecompress()"}};
+    struct Row {
+        const char* name;
+        const char* title;
+    };
+    const Row rows[] = {{"compress", "Compress()"},
+                        {"_dcompress", "Decompress()"},
+                        {"FCompress", "FCompress()"},
+                        {"fdcompress", "FDecompress()"}};
     for (auto [name, title] : rows) {
         fake.desktop.boxes.clear();
         EXPECT_EQ(callWithZeros(name).number, 0) << name;
@@ -55,8 +65,8 @@ TEST_F(Frame, UnwrittenFunctionsSaySo) {
 }
 
 TEST_F(Frame, StubResults) {
-    for (const char* name : {"strpeekstr", "poke", "peek", "_blob2mem", "_mem2blob", "dosalloc", "q_status", "q_restart", "q_hold", "q_files",
-                             "strq_file", "q_delete", "q_cancel", "q_submit"}) {
+    for (const char* name : {"strpeekstr", "poke", "peek", "_blob2mem", "_mem2blob", "dosalloc", "q_status",
+                             "q_restart", "q_hold", "q_files", "strq_file", "q_delete", "q_cancel", "q_submit"}) {
         EXPECT_EQ(callWithZeros(name).number, 0) << name;
     }
     EXPECT_STREQ(lib().peekstr(0, 0, 0), "");
@@ -99,8 +109,12 @@ TEST_F(Frame, ShutDownPassesTheResultOn) {
 }
 
 TEST_F(Frame, PasteCopiesTheTextWithItsTerminator) {
-    struct Row { const char* text; std::string pasted; };
-    for (const Row& row : {Row{"a memo", std::string("a memo", 7)}, Row{"", std::string("", 1)}, Row{nullptr, std::string("", 1)}}) {
+    struct Row {
+        const char* text;
+        std::string pasted;
+    };
+    for (const Row& row :
+         {Row{"a memo", std::string("a memo", 7)}, Row{"", std::string("", 1)}, Row{nullptr, std::string("", 1)}}) {
         fake.desktop.steps.clear();
         EXPECT_EQ(lib().StrPaste(row.text), 1);
         EXPECT_EQ(fake.desktop.pasted, std::vector{row.pasted});
@@ -137,7 +151,9 @@ class Loading : public Frame {
     }
 
     Library& state = *door()->library;
-    struct Tables { std::uint8_t upper[256], lower[256], collate[256]; } tables = copyTables();
+    struct Tables {
+        std::uint8_t upper[256], lower[256], collate[256];
+    } tables = copyTables();
 
     Tables copyTables() {
         Tables copy;

@@ -1,12 +1,13 @@
 #include "platform/linux/helper_program.h"
 
-#include <cerrno>
-#include <cstdlib>
 #include <fcntl.h>
 #include <spawn.h>
 #include <sys/mman.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
 
 extern char** environ;
 

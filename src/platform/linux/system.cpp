@@ -1,8 +1,9 @@
 // Files, locale and process of Linux, with the results that Windows would give.
+#include <unistd.h>
+
 #include <algorithm>
 #include <climits>
 #include <cstring>
-#include <unistd.h>
 
 #include "platform/platform.h"
 

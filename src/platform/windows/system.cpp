@@ -13,8 +13,12 @@ class WindowsFiles final : public Files {
 
 class WindowsLocale final : public Locale {
  public:
-    std::uint32_t upperCase(char* characters, std::uint32_t count) override { return CharUpperBuffA(characters, count); }
-    std::uint32_t lowerCase(char* characters, std::uint32_t count) override { return CharLowerBuffA(characters, count); }
+    std::uint32_t upperCase(char* characters, std::uint32_t count) override {
+        return CharUpperBuffA(characters, count);
+    }
+    std::uint32_t lowerCase(char* characters, std::uint32_t count) override {
+        return CharLowerBuffA(characters, count);
+    }
 
     std::uint32_t mapToUpper(const char* from, char* to, std::uint32_t count) override {
         int size = static_cast<int>(count);
