@@ -27,23 +27,23 @@ void trims(const char* size, std::size_t bytes) {
     auto dest = std::make_shared<std::string>(bytes + 1, '\0');
     std::string suffix = std::string("/") + size;
     pair(
-        "AllTrim" + suffix, bytes, [=] { return lib().AllTrim(text->c_str(), dest->data()); },
+        "AllTrim" + suffix, bytes, [=, call = lib().AllTrim] { return call(text->c_str(), dest->data()); },
         [=] { return put(dest->data(), right(left(text->c_str()))); });
     pair(
-        "LTrim" + suffix, bytes, [=] { return lib().LTrim(text->c_str(), dest->data()); },
+        "LTrim" + suffix, bytes, [=, call = lib().LTrim] { return call(text->c_str(), dest->data()); },
         [=] { return put(dest->data(), left(text->c_str())); });
     pair(
-        "RTrim" + suffix, bytes, [=] { return lib().RTrim(text->c_str(), dest->data()); },
+        "RTrim" + suffix, bytes, [=, call = lib().RTrim] { return call(text->c_str(), dest->data()); },
         [=] { return put(dest->data(), right(text->c_str())); });
     pair(
-        "ChrTrim" + suffix, bytes, [=] { return lib().ChrTrim(text->c_str(), " \t-", 0, dest->data()); },
+        "ChrTrim" + suffix, bytes, [=, call = lib().ChrTrim] { return call(text->c_str(), " \t-", 0, dest->data()); },
         [=] {
             std::string_view all = text->c_str();
             std::size_t first = all.find_first_not_of(" \t-");
             return put(dest->data(), all.substr(first, all.find_last_not_of(" \t-") + 1 - first));
         });
     pair(
-        "RJust" + suffix, bytes, [=] { return lib().RJust(text->c_str(), dest->data()); },
+        "RJust" + suffix, bytes, [=, call = lib().RJust] { return call(text->c_str(), dest->data()); },
         [=] {
             std::string_view all = text->c_str();
             std::string_view kept = right(left(all));

@@ -17,12 +17,18 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 
 
 def clashing_names():
-    lines = (ROOT / "exports" / "clashes.txt").read_text(encoding="utf-8").splitlines()
-    return {l.strip() for l in lines if l.strip() and not l.startswith("#")}
+    """System -> exported names that its C library has, too."""
+    clashes = {}
+    for line in (ROOT / "exports" / "clashes.txt").read_text(encoding="utf-8").splitlines():
+        if line.startswith("["):
+            names = clashes[line.strip("[]")] = set()
+        elif line and not line.startswith("#"):
+            names.add(line)
+    return clashes
 
 
 def committed_products(families, clashes):
-    products = {"include/vexlor32.h": header.header(families, clashes), "reference/README.md": pages.index(families)}
+    products = {"include/vexlor32.h": header.header(families, set().union(*clashes.values())), "reference/README.md": pages.index(families)}
     products |= {f"reference/{f.stem}.md": pages.page(f) for f in families}
     return products
 
@@ -38,7 +44,7 @@ def build_products(families, clashes):
         "versions.map": library.elf_versions(families),
         "versions-lab.map": library.elf_versions(families, ["vexlor32_seam"]),
         "versions-link.map": "VEXLOR32_1 { global: *; };\n",
-        "link_stub.s": library.link_stub(families, clashes),
+        "link_stub.s": library.link_stub(families, clashes["Linux"]),
         "catalog.cpp": catalog.catalog(families),
         "calls.h": catalog.calls(families),
         "listing.txt": catalog.listing(families),

@@ -108,6 +108,16 @@ class Family:
     prose: str
 
 
+def split_meaning(text):
+    """`name: kind[room] flags - meaning`; a minus inside the brackets belongs to the room."""
+    depth = 0
+    for i, c in enumerate(text):
+        depth += (c == "[") - (c == "]")
+        if depth == 0 and text.startswith(" - ", i):
+            return text[:i], text[i + 3:]
+    return text, ""
+
+
 class FamilyReader:
     def __init__(self, path, shown_path):
         self.path = path
@@ -157,7 +167,7 @@ class FamilyReader:
         return names
 
     def argument_of(self, entry, text, known):
-        declared, _, meaning = text.partition(" - ")
+        declared, meaning = split_meaning(text)
         match = ARGUMENT.match(declared.strip())
         if not match:
             self.fail(entry, "args", f"cannot read the argument `{text}` (form: name: kind[room] flags - meaning)")

@@ -1,6 +1,8 @@
 // Callers' texts and destinations: the few moves that every string family makes at its entry points.
 #pragma once
 
+#include <emmintrin.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -16,9 +18,27 @@ inline std::string_view view(const char* text) { return text ? std::string_view(
 // Where a result goes: the destination, or the text itself when there is none.
 inline char* target(const char* text, char* dest) { return dest ? dest : const_cast<char*>(text); }
 
+// memmove that does not leave the caller for the sizes that most texts have: all is read before anything is written.
+inline void moveBytes(char* to, const char* from, std::size_t size) {
+    if (size - 8 <= 8) {
+        std::uint64_t first, last;
+        std::memcpy(&first, from, 8);
+        std::memcpy(&last, from + size - 8, 8);
+        std::memcpy(to, &first, 8);
+        std::memcpy(to + size - 8, &last, 8);
+    } else if (size - 16 <= 16) {
+        __m128i first = _mm_loadu_si128(reinterpret_cast<const __m128i*>(from));
+        __m128i last = _mm_loadu_si128(reinterpret_cast<const __m128i*>(from + size - 16));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(to), first);
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(to + size - 16), last);
+    } else if (size != 0) {
+        std::memmove(to, from, size);
+    }
+}
+
 // Puts `content` and a terminator at `to`, which may overlap it; returns `to`.
 inline char* store(char* to, std::string_view content) {
-    if (!content.empty()) std::memmove(to, content.data(), content.size());
+    moveBytes(to, content.data(), content.size());
     to[content.size()] = '\0';
     return to;
 }

@@ -10,18 +10,6 @@
 
 namespace vx {
 
-std::string_view withoutLeadingBlanks(std::string_view text) {
-    std::size_t start = 0;
-    while (start < text.size() && text[start] == ' ') ++start;
-    return text.substr(start);
-}
-
-std::string_view withoutTrailingBlanks(std::string_view text) {
-    std::size_t size = text.size();
-    while (size > 0 && text[size - 1] == ' ') --size;
-    return text.substr(0, size);
-}
-
 namespace {
 
 enum TrimMode : std::int32_t { kTrimStart = -1, kTrimBoth = 0, kTrimEnd = 1 };

@@ -1,0 +1,45 @@
+# Thin fronts over CMake presets and scripts; each sets up what it lacks (scripts/setup).
+
+.PHONY: all windows demo test fuzz bench format clean
+
+all:
+	@scripts/setup build
+	@cmake --preset native >/dev/null
+	@cmake --build build/native --target vexlor32 vexlor vexlor32_link
+
+windows:
+	@scripts/setup build windows
+	@cmake --preset win32 >/dev/null
+	@cmake --build build/win32 --target vexlor32 import_library
+
+demo:
+	@scripts/setup build
+	@cmake --preset native >/dev/null
+	@cmake --build build/native --target vexlor32 vexlor vexlor_demo
+	@examples/demo build/native
+
+test:
+	@scripts/setup test
+	@scripts/test
+
+# The random caller under sanitizers, for SECONDS (0: until it is interrupted).
+SECONDS ?= 600
+fuzz:
+	@scripts/setup test
+	@cmake --preset asan >/dev/null
+	@cmake --build build/asan --target vexlor_random_caller
+	@build/asan/vexlor_random_caller --seconds $(SECONDS) --seed $$(date +%s)
+
+# The library beside what one would use instead. FILTER picks cases, for instance FILTER=Trim.
+FILTER ?= .
+bench:
+	@scripts/setup bench
+	@cmake --preset native >/dev/null
+	@cmake --build build/native --target vexlor_bench
+	@scripts/bench '$(FILTER)'
+
+format:
+	@git ls-files '*.cpp' '*.h' | grep -v '^include/' | xargs clang-format -i
+
+clean:
+	rm -rf build

@@ -1,0 +1,42 @@
+"""Where the checks find what was built, and what the export table says of it."""
+import os
+import pathlib
+import subprocess
+import unittest
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+NATIVE = pathlib.Path(os.environ.get("VEXLOR_BUILD", ROOT / "build" / "native")).resolve()
+WINDOWS = pathlib.Path(os.environ.get("VEXLOR_WINDOWS_BUILD", ROOT / "build" / "win32")).resolve()
+LIBRARY = NATIVE / "libvexlor32.so"
+DLL = WINDOWS / "Vexlor32.dll"
+
+needs_dll = unittest.skipUnless(DLL.exists(), f"no Windows library in {WINDOWS.name}/ (the cross compiler is missing)")
+
+
+def entries():
+    """(family, bytes of arguments on a 32-bit stack, names) of each entry, as the table has it."""
+    for line in (NATIVE / "generated" / "listing.txt").read_text().splitlines():
+        family, size, *names = line.split()
+        yield family, int(size), names
+
+
+def all_names():
+    return {name for _, _, names in entries() for name in names}
+
+
+def clashes(system):
+    """Names that exports/clashes.txt keeps out of the header, and on Linux out of the library to link with."""
+    text = (ROOT / "exports" / "clashes.txt").read_text()
+    section = text.partition(f"[{system}]\n")[2].partition("[")[0]
+    return set(section.split())
+
+
+def output(*command):
+    return subprocess.run([str(c) for c in command], check=True, stdout=subprocess.PIPE, text=True, errors="replace").stdout
+
+
+def dynamic_symbols(library):
+    """Defined dynamic symbols, without the versions' own names."""
+    lines = output("nm", "--dynamic", "--defined-only", "--format=posix", library).splitlines()
+    symbols = [line.split()[:2] for line in lines]
+    return {name.split("@")[0] for name, kind in symbols if kind != "A"}

@@ -1,0 +1,137 @@
+"""The built libraries against the export table: names, nothing but names, and the stack that each entry clears."""
+import collections
+import re
+import subprocess
+import unittest
+
+from build import DLL, LIBRARY, NATIVE, ROOT, all_names, clashes, dynamic_symbols, entries, needs_dll, output
+
+
+class KeptList(unittest.TestCase):
+    """exports/names.txt is kept by hand: a name that a table loses, or moves to another entry, shows here."""
+
+    def kept(self):
+        families = collections.defaultdict(list)
+        for line in (ROOT / "exports" / "names.txt").read_text().splitlines():
+            if line.startswith("["):
+                family = line.strip("[]")
+            elif line and not line.startswith("#"):
+                families[family].append(line.split())
+        return families
+
+    def test_tables_have_exactly_the_kept_names(self):
+        kept = self.kept()
+        built = collections.defaultdict(set)
+        for family, _, names in entries():
+            built[family].add(frozenset(names))
+        for family, groups in built.items():
+            with self.subTest(family=family):
+                self.assertEqual(groups, {frozenset(names) for names in kept[family]})
+        missing = sum(len(names) for f, groups in kept.items() if f not in built for names in groups)
+        print(f"{len(all_names())} names exported, {missing} more in families to come", flush=True)
+
+    def test_list_is_sound(self):
+        names = [name for groups in self.kept().values() for names in groups for name in names]
+        self.assertEqual([n for n, count in collections.Counter(names).items() if count > 1], [])
+        self.assertGreaterEqual(len(names), 1629)
+
+
+class NativeLibrary(unittest.TestCase):
+    def test_exports_the_table_and_nothing_else(self):
+        self.assertEqual(dynamic_symbols(LIBRARY), all_names())
+
+    def test_every_name_has_the_version(self):
+        lines = output("nm", "--dynamic", "--defined-only", "--with-symbol-versions", LIBRARY).splitlines()
+        bare = [line for line in lines if " T " in line and not line.endswith("@@VEXLOR32_1")]
+        self.assertEqual(bare, [])
+
+    def test_clashing_names_are_those_of_the_c_library(self):
+        c_library = re.search(r"libc\.so\.6 => (\S+)", output("ldd", LIBRARY)).group(1)
+        self.assertEqual(all_names() & dynamic_symbols(c_library), clashes("Linux") & all_names())
+
+    def test_own_calls_do_not_meet_own_names(self):
+        """An export captures the library's own calls to a C function of its name, so there must be none."""
+        objects = [o for o in (NATIVE / "CMakeFiles" / "vexlor32_objects.dir").rglob("*.o")]
+        self.assertTrue(objects)
+        undefined = {line.split()[0] for line in output("nm", "--undefined-only", "--format=posix", *objects).splitlines() if line and ":" not in line}
+        self.assertEqual(undefined & all_names(), set())
+
+    def test_link_stub_leaves_the_c_library_alone(self):
+        stub = NATIVE / "link" / "libvexlor32.so"
+        self.assertEqual(dynamic_symbols(stub), all_names() - clashes("Linux"))
+        names = [re.search(r"SONAME\s+(\S+)", output("objdump", "-p", library)).group(1) for library in (stub, LIBRARY)]
+        self.assertEqual(names[0], names[1])
+
+    def test_needs_only_the_standard_libraries(self):
+        needed = set(re.findall(r"NEEDED\s+(\S+)", output("objdump", "-p", LIBRARY)))
+        self.assertLessEqual(needed, {"libc.so.6", "libm.so.6", "libstdc++.so.6", "libgcc_s.so.1", "ld-linux-x86-64.so.2"})
+
+
+@needs_dll
+class WindowsLibrary(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        text = output("i686-w64-mingw32-objdump", "-p", DLL)
+        cls.headers = text
+        cls.image_base = int(re.search(r"ImageBase\s+(\w+)", text).group(1), 16)
+        addresses = {int(i): int(rva, 16) for i, rva in re.findall(r"\[ *(\d+)\] \+base\[ *\d+\] +(\w+) Export RVA", text)}
+        names = text.partition("[Ordinal/Name Pointer] Table")[2]
+        cls.exports = {name: cls.image_base + addresses[int(i)]
+                       for i, name in re.findall(r"^\s*\[ *(\d+)\] (?:\+base\[ *\d+\] +[0-9a-f]{4} )?(\S+)\s*$", names, re.MULTILINE)}
+
+    def test_exports_the_table_and_nothing_else(self):
+        self.assertEqual(set(self.exports), all_names())
+
+    def test_all_names_of_an_entry_are_one_address(self):
+        owner = {}
+        for _, _, names in entries():
+            addresses = {self.exports[name] for name in names}
+            self.assertEqual(len(addresses), 1, names)
+            self.assertNotIn(min(addresses), owner, names)
+            owner[min(addresses)] = names
+
+    def test_clashing_names_are_those_of_the_c_library(self):
+        archive = output("i686-w64-mingw32-gcc-posix", "-print-file-name=libmsvcrt.a").strip()
+        run = subprocess.run(["i686-w64-mingw32-nm", archive], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+        c_library = set(re.findall(r" T _(\S+)$", run.stdout, re.MULTILINE))
+        self.assertEqual(all_names() & c_library, clashes("Windows") & all_names())
+
+    def test_imports(self):
+        self.assertEqual({d.lower() for d in re.findall(r"DLL Name: (\S+)", self.headers)}, {"kernel32.dll", "user32.dll", "msvcrt.dll"})
+
+    def test_is_a_32_bit_library_with_a_version(self):
+        self.assertIn("pei-i386", output("i686-w64-mingw32-objdump", "-f", DLL))
+        image = DLL.read_bytes()
+        self.assertIn("OriginalFilename".encode("utf-16-le"), image)
+        self.assertIn("Vexlor32.DLL".encode("utf-16-le"), image)
+
+    def test_each_entry_clears_its_arguments(self):
+        """stdcall: `ret n` with n four times the number of arguments, or the program's stack drifts."""
+        functions, current = {}, []
+        for line in output("i686-w64-mingw32-objdump", "-d", "--no-show-raw-insn", DLL).splitlines():
+            if heading := re.match(r"([0-9a-f]+) <.*>:$", line):
+                current = functions[int(heading.group(1), 16)] = []
+            elif instruction := re.match(r"\s*[0-9a-f]+:\t(ret|jmp)\s*(\S*)", line):
+                current.append(instruction.groups())
+
+        def cleared(address, depth=0):
+            rets = {int(operand.strip("$") or "0", 16) for name, operand in functions[address] if name == "ret"}
+            if rets or depth > 3:
+                return rets
+            jumps = [int(t, 16) for name, t in functions[address] if name == "jmp" and re.fullmatch(r"(0x)?[0-9a-f]+", t)]
+            return {n for target in jumps if target in functions for n in cleared(target, depth + 1)}
+
+        for _, size, names in entries():
+            self.assertEqual(cleared(self.exports[names[0]]), {size}, names[0])
+
+
+class ImportLibrary(unittest.TestCase):
+    @needs_dll
+    def test_has_every_name_decorated(self):
+        lines = output("i686-w64-mingw32-nm", "--defined-only", DLL.parent / "libvexlor32.a").splitlines()
+        symbols = {line.split()[2] for line in lines if " T " in line}
+        self.assertEqual(symbols, {f"_{name}@{size}" for _, size, names in entries() for name in names})
+
+
+if __name__ == "__main__":
+    unittest.main()
