@@ -73,10 +73,6 @@ class Generator(unittest.TestCase):
                 self.assertTrue(run.stderr.startswith(f"exports/sample.toml:{line}: "), run.stderr)
                 self.assertIn(message, run.stderr)
 
-    def test_committed_products_agree_with_the_table(self):
-        run = subprocess.run([sys.executable, ROOT / "exports" / "generator", "--check"], stdout=subprocess.PIPE, text=True)
-        self.assertEqual(run.returncode, 0, run.stdout)
-
 
 if __name__ == "__main__":
     unittest.main()
