@@ -5,6 +5,7 @@
 
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace vx::bench {
 
@@ -22,11 +23,20 @@ void pair(const std::string& name, std::size_t bytes, Ours ours, Peer peer) {
     benchmark::RegisterBenchmark((name + "/peer").c_str(), measured(std::move(peer)));
 }
 
-// Registers a family's cases before main: static const Cases cases([] { pair(...); });
-struct Cases {
-    template <class Register>
-    explicit Cases(Register add) {
-        add();
+// A family's cases: static const Cases cases([] { pair(...); });
+// They are registered once the library has been loaded, so that they can keep its functions' addresses.
+class Cases {
+ public:
+    explicit Cases(void (*add)()) { all().push_back(add); }
+
+    static void registerAll() {
+        for (void (*add)() : all()) add();
+    }
+
+ private:
+    static std::vector<void (*)()>& all() {
+        static std::vector<void (*)()> list;
+        return list;
     }
 };
 
