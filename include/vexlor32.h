@@ -33,6 +33,32 @@ extern "C" {
 #endif
 
 
+/* ---- Expression calculator ---- */
+
+/* Evaluates an arithmetic expression in single precision and formats its value.
+ *   expression  numbers, + - * / ^ and parentheses; NULL counts as empty
+ *   format      printf style, with exactly one floating-point conversion; NULL counts as empty
+ *   dest        513 characters at most are written; room: 514; NULL: nothing is written; must already end at its last
+ *               byte
+ *   returns     dest
+ * Power has the precedence of product and quotient, and all three group from the left. A division by zero gives 0 for
+ * its term. Blanks and commas may stand anywhere.
+ * A failed calculation writes the single character 0 into the first byte of dest and no terminator: clear dest
+ * before. So does a format that is not exactly one floating-point conversion (%f, %e, %g, %a with flags, width and
+ * precision), with other text around it as you like (%% for a percent sign). */
+VEXLOR32_API char *VEXLOR32_CALL Calculate(const char *expression, const char *format, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _calculate(const char *expression, const char *format, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL calculate(const char *expression, const char *format, char *dest);
+#endif
+
+/* As Calculate, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL StrCalculate(const char *expression, const char *format, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL strcalculate(const char *expression, const char *format, char *dest);
+#endif
+
+
 /* ---- Character classes ---- */
 
 /* Sets an entry of the upper-case table. No entry can be set to 0.
@@ -590,6 +616,301 @@ VEXLOR32_API int32_t VEXLOR32_CALL _fdecompress(int32_t a, int32_t b);
 #endif
 
 
+/* ---- Radix conversion ---- */
+
+/* A 16-bit value in hexadecimal: four digits, or two when it is at most 255.
+ *   value    the low 16 bits count
+ *   dest     destination; room: 5; NULL: nothing is written
+ *   returns  dest
+ * The two digits of a value up to 255 come in reverse order: 0x1F gives F1. */
+VEXLOR32_API char *VEXLOR32_CALL IntToHex(uint32_t value, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _itoh(uint32_t value, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL itoh(uint32_t value, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL WordToHex(uint32_t value, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL inttohex(uint32_t value, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL _inttohex(uint32_t value, char *dest);
+#endif
+
+/* As IntToHex, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL stritoh(uint32_t value, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrIntToHex(uint32_t value, char *dest);
+VEXLOR32_API uint32_t VEXLOR32_CALL strinttohex(uint32_t value, char *dest);
+#endif
+
+/* The low 16 bits of a value as four hexadecimal digits.
+ *   value    the low 16 bits count
+ *   dest     destination; room: 5; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL DecToHex(uint32_t value, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _dec2hex(uint32_t value, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL dec2hex(uint32_t value, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL dectohex(uint32_t value, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL _dectohex(uint32_t value, char *dest);
+#endif
+
+/* As DecToHex, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strdec2hex(uint32_t value, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrDecToHex(uint32_t value, char *dest);
+VEXLOR32_API uint32_t VEXLOR32_CALL strdectohex(uint32_t value, char *dest);
+#endif
+
+/* A 32-bit value as eight hexadecimal digits.
+ *   value    unsigned number
+ *   dest     destination; room: 9; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL LongToHex(uint32_t value, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _ltoh(uint32_t value, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL ltoh(uint32_t value, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL longtohex(uint32_t value, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL _longtohex(uint32_t value, char *dest);
+#endif
+
+/* As LongToHex, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strltoh(uint32_t value, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrLongToHex(uint32_t value, char *dest);
+VEXLOR32_API uint32_t VEXLOR32_CALL strlongtohex(uint32_t value, char *dest);
+#endif
+
+/* A 32-bit value as eight hexadecimal digits.
+ *   value    unsigned number
+ *   dest     destination; room: 9; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL DwordToHex(uint32_t value, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL dwordtohex(uint32_t value, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL _dwordtohex(uint32_t value, char *dest);
+#endif
+
+/* A 32-bit value as two groups of four hexadecimal digits with a colon between them.
+ *   value    unsigned number
+ *   dest     destination; room: 10; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL PtrToHex(uint32_t value, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _ptr2hex(uint32_t value, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL ptr2hex(uint32_t value, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL ptrtohex(uint32_t value, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL _ptrtohex(uint32_t value, char *dest);
+#endif
+
+/* As PtrToHex, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strptr2hex(uint32_t value, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrPtrToHex(uint32_t value, char *dest);
+VEXLOR32_API uint32_t VEXLOR32_CALL strptrtohex(uint32_t value, char *dest);
+#endif
+
+/* The value of the hexadecimal digits at the end of a text.
+ *   text     text; NULL counts as empty
+ *   returns  the value of the last four digits at most; 0 if there is none
+ * G to Z count as digits of value 16 to 35, whose upper bits spill into the next digit. */
+VEXLOR32_API uint32_t VEXLOR32_CALL HexToDec(const char *text);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _hex2dec(const char *text);
+VEXLOR32_API uint32_t VEXLOR32_CALL hex2dec(const char *text);
+VEXLOR32_API uint32_t VEXLOR32_CALL hextodec(const char *text);
+VEXLOR32_API uint32_t VEXLOR32_CALL _hextodec(const char *text);
+#endif
+
+/* The 16-bit value of the hexadecimal digits at the end of a text.
+ *   text     text; NULL counts as empty
+ *   returns  as HexToDec, 16 bits of it */
+VEXLOR32_API uint32_t VEXLOR32_CALL HexToWord(const char *text);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL hextoword(const char *text);
+VEXLOR32_API uint32_t VEXLOR32_CALL _hextoword(const char *text);
+#endif
+
+/* The 32-bit value of the hexadecimal digits at the end of a text; G to Z as in HexToDec.
+ *   text     text; NULL counts as empty
+ *   returns  the value of the last eight digits at most; 0 if there is none */
+VEXLOR32_API int32_t VEXLOR32_CALL HexToLong(const char *text);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _htol(const char *text);
+VEXLOR32_API int32_t VEXLOR32_CALL htol(const char *text);
+VEXLOR32_API int32_t VEXLOR32_CALL hextolong(const char *text);
+VEXLOR32_API int32_t VEXLOR32_CALL _hextolong(const char *text);
+#endif
+
+/* As HexToLong, unsigned.
+ *   text     text; NULL counts as empty
+ *   returns  the value of the last eight digits at most; 0 if there is none */
+VEXLOR32_API uint32_t VEXLOR32_CALL HexToDword(const char *text);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL hextodword(const char *text);
+VEXLOR32_API uint32_t VEXLOR32_CALL _hextodword(const char *text);
+#endif
+
+/* The low 8 bits of a value as eight characters 0 or 1.
+ *   value    the low 8 bits count
+ *   dest     destination; room: 9; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL ByteToBin(uint32_t value, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _byte2bin(uint32_t value, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL byte2bin(uint32_t value, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL bytetobin(uint32_t value, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL _bytetobin(uint32_t value, char *dest);
+#endif
+
+/* As ByteToBin, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strbyte2bin(uint32_t value, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrByteToBin(uint32_t value, char *dest);
+VEXLOR32_API uint32_t VEXLOR32_CALL strbytetobin(uint32_t value, char *dest);
+#endif
+
+/* The low 16 bits of a value as sixteen characters 0 or 1.
+ *   value    the low 16 bits count
+ *   dest     destination; room: 17; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL NumToBin(uint32_t value, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _num2bin(uint32_t value, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL numtobin(uint32_t value, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL _numtobin(uint32_t value, char *dest);
+#endif
+
+/* As NumToBin, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL StrNumToBin(uint32_t value, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL strnum2bin(uint32_t value, char *dest);
+VEXLOR32_API uint32_t VEXLOR32_CALL strnumtobin(uint32_t value, char *dest);
+#endif
+
+/* The value of the characters 0 and 1 of a text as a signed 16-bit number; all other characters are skipped.
+ *   text     text; NULL counts as empty
+ *   returns  from -32768 to 32767 */
+VEXLOR32_API int32_t VEXLOR32_CALL BinToNum(const char *text);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _bin2num(const char *text);
+VEXLOR32_API int32_t VEXLOR32_CALL bin2num(const char *text);
+VEXLOR32_API int32_t VEXLOR32_CALL bintonum(const char *text);
+VEXLOR32_API int32_t VEXLOR32_CALL _bintonum(const char *text);
+#endif
+
+/* A value in any base, digits 0 to 9 and A to Z.
+ *   value    unsigned number
+ *   base     2 to 36; any other gives an empty text
+ *   dest     destination; room: 33; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL NumToBase(uint32_t value, int32_t base, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _num2base(uint32_t value, int32_t base, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL num2base(uint32_t value, int32_t base, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL numtobase(uint32_t value, int32_t base, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL _numtobase(uint32_t value, int32_t base, char *dest);
+#endif
+
+/* As NumToBase, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL StrNumToBase(uint32_t value, int32_t base, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL strnum2base(uint32_t value, int32_t base, char *dest);
+VEXLOR32_API uint32_t VEXLOR32_CALL strnumtobase(uint32_t value, int32_t base, char *dest);
+#endif
+
+/* The value of a text's digits in any base; a digit that the base does not have is used all the same.
+ *   text     text; NULL counts as empty
+ *   base     2 to 36; any other gives 0
+ *   returns  the value, wrapped to 32 bits; 0 if a character is no digit */
+VEXLOR32_API int32_t VEXLOR32_CALL BaseToNum(const char *text, int32_t base);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _base2num(const char *text, int32_t base);
+VEXLOR32_API int32_t VEXLOR32_CALL base2num(const char *text, int32_t base);
+VEXLOR32_API int32_t VEXLOR32_CALL basetonum(const char *text, int32_t base);
+VEXLOR32_API int32_t VEXLOR32_CALL _basetonum(const char *text, int32_t base);
+#endif
+
+/* The text with the high bit of every character cleared.
+ *   text     text; NULL counts as empty
+ *   dest     destination; room: len(text) + 1; NULL: text is changed in place and needs that room
+ *   returns  dest as it was given, NULL when working in place */
+VEXLOR32_API char *VEXLOR32_CALL BitStrip(const char *text, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _bitstrip(const char *text, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL bitstrip(const char *text, char *dest);
+#endif
+
+/* As BitStrip, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL StrBitStrip(const char *text, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL strbitstrip(const char *text, char *dest);
+#endif
+
+
+/* ---- Roman numerals, phone letters and digit grouping ---- */
+
+/* A number as a Roman numeral.
+ *   value    1 to 3999; any other gives an empty text
+ *   dest     destination; room: 16; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL NumToRoman(int32_t value, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _num2roman(int32_t value, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL numtoroman(int32_t value, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL _numtoroman(int32_t value, char *dest);
+#endif
+
+/* As NumToRoman, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL StrNumToRoman(int32_t value, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL strnum2roman(int32_t value, char *dest);
+VEXLOR32_API uint32_t VEXLOR32_CALL strnumtoroman(int32_t value, char *dest);
+#endif
+
+/* The value of a Roman numeral. The order of its digits is not checked.
+ *   text     capital letters; NULL counts as empty
+ *   returns  the value; 0 if any character is no Roman digit */
+VEXLOR32_API int32_t VEXLOR32_CALL RomanToNum(const char *text);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _roman2num(const char *text);
+VEXLOR32_API int32_t VEXLOR32_CALL roman2num(const char *text);
+VEXLOR32_API int32_t VEXLOR32_CALL romantonum(const char *text);
+VEXLOR32_API int32_t VEXLOR32_CALL _romantonum(const char *text);
+#endif
+
+/* The text with each letter replaced by its key on a telephone; Q and Z are on the 1.
+ *   text     text; NULL counts as empty
+ *   dest     destination; room: len(text) + 1; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL PhoneToNum(const char *text, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _phone2num(const char *text, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL phonetonum(const char *text, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL _phonetonum(const char *text, char *dest);
+#endif
+
+/* As PhoneToNum, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL StrPhoneToNum(const char *text, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL strphone2num(const char *text, char *dest);
+VEXLOR32_API uint32_t VEXLOR32_CALL strphonetonum(const char *text, char *dest);
+#endif
+
+/* A number as the user's locale writes it: in groups, with two decimals, rounded.
+ *   number   digits, with a minus sign in front and a decimal point if need be; NULL counts as empty
+ *   dest     destination; room: 64; NULL: nothing is written
+ *   returns  dest
+ * A text that is no number, or whose result is longer than 63 characters, gives an empty text. */
+VEXLOR32_API char *VEXLOR32_CALL Comma(const char *number, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _comma(const char *number, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL comma(const char *number, char *dest);
+#endif
+
+/* As Comma, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strcomma(const char *number, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrComma(const char *number, char *dest);
+#endif
+
+
 /* ---- Trimming and padding ---- */
 
 /* The text without leading and trailing blanks.
@@ -857,10 +1178,6 @@ VEXLOR32_API uint32_t VEXLOR32_CALL StrReplicate(const char *text, int32_t count
  *   count    below 0 does nothing
  *   returns  the terminator of the result; text itself if count is below 1 */
 VEXLOR32_API char *VEXLOR32_CALL StrnSet(char *text, int32_t c, int32_t count);
-#ifdef VEXLOR32_ALL_NAMES
-VEXLOR32_API char *VEXLOR32_CALL _strnset(char *text, int32_t c, int32_t count);
-VEXLOR32_API char *VEXLOR32_CALL strnset(char *text, int32_t c, int32_t count);
-#endif
 
 /* Copies of a character.
  *   text     receives the characters; room: max(count, 0) + 1; NULL: nothing is written

@@ -75,6 +75,13 @@ class FixedLocale final : public platform::Locale {
         return shift(from, to, count, 2);
     }
 
+    std::string formatted = "1,234,567.00";
+    std::uint32_t formatNumber(const char*, char* to, std::uint32_t room) override {
+        if (!works || formatted.size() >= room) return 0;
+        std::memcpy(to, formatted.c_str(), formatted.size() + 1);
+        return static_cast<std::uint32_t>(formatted.size() + 1);
+    }
+
  private:
     std::uint32_t shift(const char* from, char* to, std::uint32_t count, int by) {
         for (std::uint32_t i = 0; i < count; ++i) to[i] = static_cast<char>(from[i] + by);

@@ -1,4 +1,4 @@
-// Files, locale and process of Linux, with the results that Windows would give.
+// Files and process of Linux, with the results that Windows would give.
 #include <unistd.h>
 
 #include <algorithm>
@@ -14,14 +14,6 @@ class LinuxFiles final : public Files {
  public:
     // Handles are numbers of the library's own, and none has been given out: no file can be open under one.
     bool close(std::int32_t) override { return false; }
-};
-
-class LinuxLocale final : public Locale {
- public:
-    // No code page: the library's built-in tables apply.
-    std::uint32_t upperCase(char*, std::uint32_t) override { return 0; }
-    std::uint32_t lowerCase(char*, std::uint32_t) override { return 0; }
-    std::uint32_t mapToUpper(const char*, char*, std::uint32_t) override { return 0; }
 };
 
 class LinuxProcess final : public Process {
@@ -43,13 +35,11 @@ class LinuxProcess final : public Process {
 };
 
 LinuxFiles files;
-LinuxLocale locale;
 LinuxProcess process;
 
 }  // namespace
 
 Files& systemFiles() { return files; }
-Locale& systemLocale() { return locale; }
 Process& systemProcess() { return process; }
 
 }  // namespace vx::platform

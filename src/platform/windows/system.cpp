@@ -24,6 +24,11 @@ class WindowsLocale final : public Locale {
         int size = static_cast<int>(count);
         return static_cast<std::uint32_t>(LCMapStringA(0, LCMAP_UPPERCASE, from, size, to, size));
     }
+
+    std::uint32_t formatNumber(const char* number, char* to, std::uint32_t room) override {
+        int size = static_cast<int>(room);
+        return static_cast<std::uint32_t>(GetNumberFormatA(0, LOCALE_NOUSEROVERRIDE, number, nullptr, to, size));
+    }
 };
 
 class WindowsProcess final : public Process {
