@@ -6,11 +6,11 @@ import unittest
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 NATIVE = pathlib.Path(os.environ.get("VEXLOR_BUILD", ROOT / "build" / "native")).resolve()
-WINDOWS = pathlib.Path(os.environ.get("VEXLOR_WINDOWS_BUILD", ROOT / "build" / "win32")).resolve()
+WINDOWS = pathlib.Path(os.environ.get("VEXLOR_WINDOWS_BUILD", ROOT / "build" / "win32") or "no-build").resolve()
 LIBRARY = NATIVE / "libvexlor32.so"
 DLL = WINDOWS / "Vexlor32.dll"
 
-needs_dll = unittest.skipUnless(DLL.exists(), f"no Windows library in {WINDOWS.name}/ (the cross compiler is missing)")
+needs_dll = unittest.skipUnless(DLL.exists(), "the Windows library was not built in this run")
 
 
 def entries():
