@@ -39,7 +39,10 @@ struct Argument {
     Kind kind;
     Size (*room)(const Value* arguments);  // null where the argument has no room of its own
     int inPlace;                           // index of the text that is changed when this is NULL, or -1
+    int untouchedWithout;                  // index of the text without which (NULL) this is left as it is, or -1
+    int untouchedBelowZero;                // index of the number below zero of which this is left as it is, or -1
     bool terminated;                       // the caller must have ended the destination at its last byte
+    bool nullGivesConstant;                // when this is NULL the result is a constant empty text
     const char* meaning;
 };
 
@@ -53,6 +56,7 @@ struct Entry {
     int base;         // of positions: 0, 1, or -1 where none is adjusted
     int pointerForm;  // of a length form: index of the entry that gives the text, else -1
     int zeroTwin;     // of a 1-based entry: index of its 0-based twin, else -1
+    bool remembers;   // keeps something from call to call that its result shows
     void (*invoke)(Function function, const Value* arguments, Value* result);
     const char* does;
     const char* returns;

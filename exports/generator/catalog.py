@@ -39,6 +39,10 @@ def invoker(name, entry):
     return f"void {name}(Function f, const Value* a, Value* r) {{ {unused}{body} }}"
 
 
+def index_of(entry, name):
+    return next((i for i, a in enumerate(entry.arguments) if a.name == name), -1)
+
+
 def catalog(families):
     lines = ["// Made from the export table.", '#include "catalog/catalog.h"', '#include "frame/entry.h"', "",
              "#include <algorithm>", "", "namespace vx::catalog {", "namespace {", ""]
@@ -57,9 +61,9 @@ def catalog(families):
         lines.append(f"const Argument arguments{i}[] = {{")
         for a in entry.arguments:
             room = f"[](const Value* a) {{ (void)a; return Size{{{a.room.cpp()}}}; }}" if a.room else "nullptr"
-            place = next((n for n, other in enumerate(entry.arguments) if other.name == a.in_place), -1)
-            lines.append(f"    {{{quoted(a.name)}, Kind::{enumerator(a.kind)}, {room}, {place}, {str(a.terminated).lower()}, "
-                         f"{quoted(argument_words(entry, a))}}},")
+            lines.append(f"    {{{quoted(a.name)}, Kind::{enumerator(a.kind)}, {room}, {index_of(entry, a.in_place)}, "
+                         f"{index_of(entry, a.without)}, {index_of(entry, a.below_zero)}, {str(a.terminated).lower()}, "
+                         f"{str(a.constant).lower()}, {quoted(argument_words(entry, a))}}},")
         lines.append("};")
     lines += ["", f"const Entry entries[] = {{"]
     for i, entry in enumerate(entries):
@@ -67,7 +71,7 @@ def catalog(families):
         pointer = order[id(entry.source)] if entry.making == "length" else -1
         zero = order[id(entry.source)] if entry.making == "one" else -1
         lines.append(f"    {{{quoted(entry.family)}, names{i}, {arguments}, Result::{enumerator(entry.returns)}, {entry.base}, "
-                     f"{pointer}, {zero}, {shapes[shape_of(entry)]}, {quoted(summary(entry))}, {quoted(result_words(entry))}, {quoted(entry.notes)}}},")
+                     f"{pointer}, {zero}, {str(entry.remembers).lower()}, {shapes[shape_of(entry)]}, {quoted(summary(entry))}, {quoted(result_words(entry))}, {quoted(entry.notes)}}},")
     lines += ["};", "", "const Family families[] = {"]
     lines += [f"    {{{quoted(f.stem)}, {quoted(f.title)}}}," for f in families]
     lines += ["};", "", "}  // namespace", "",

@@ -44,7 +44,7 @@ RESULT_KINDS = {
     "void": "void",
 }
 ENTRY_KEYS = {"names", "length", "zero", "zero-length", "args", "returns", "does", "notes",
-              "unavailable", "unimplemented", "value", "length-by-hand"}
+              "unavailable", "unimplemented", "value", "length-by-hand", "remembers"}
 FAMILY_KEYS = {"title", "area"}
 NAME = re.compile(r"[A-Za-z_][A-Za-z0-9_]*\Z")
 ARGUMENT = re.compile(r"(?P<name>[a-z][A-Za-z0-9]*)\s*:\s*(?P<kind>[a-z]+)\s*(?:\[(?P<room>.*)\])?(?P<flags>(\s+[a-z=A-Z-]+)*)\Z")
@@ -62,6 +62,9 @@ class Argument:
     room: object = None        # parsed room expression, or None
     in_place: str = ""         # name of the text that is edited when this destination is NULL
     terminated: bool = False   # the destination must already hold a terminator at its end
+    without: str = ""          # text without which (NULL) the destination is left as it is
+    below_zero: str = ""       # number below zero of which the destination is left as it is
+    constant: bool = False     # without the destination (NULL) the result is a constant empty text
     meaning: str = ""
 
     @property
@@ -85,6 +88,7 @@ class Entry:
     source: "Entry" = None     # the entry that a mechanical one calls
     stub: tuple = ()
     result_meaning: str = ""
+    remembers: bool = False    # keeps something from call to call that a result shows
 
     @property
     def main(self):
@@ -184,8 +188,14 @@ class FamilyReader:
         for flag in match["flags"].split():
             if flag == "terminated":
                 argument.terminated = True
+            elif flag == "null-gives-constant":
+                argument.constant = True
             elif flag.startswith("in-place=") and kind == "dest":
                 argument.in_place = flag.partition("=")[2]
+            elif flag.startswith("untouched-without="):
+                argument.without = flag.partition("=")[2]
+            elif flag.startswith("untouched-below-zero="):
+                argument.below_zero = flag.partition("=")[2]
             else:
                 self.fail(entry, "args", f"unknown flag `{flag}` of argument `{name}`")
         return argument, match["room"]
@@ -205,6 +215,10 @@ class FamilyReader:
                     self.fail(entry, "args", f"room of `{argument.name}`: {error}")
             if argument.in_place and kinds.get(argument.in_place) != "str":
                 self.fail(entry, "args", f"`{argument.name}` is in place of `{argument.in_place}`, which is no str argument")
+            if argument.without and kinds.get(argument.without) != "str":
+                self.fail(entry, "args", f"`{argument.name}` is untouched without `{argument.without}`, which is no str argument")
+            if argument.below_zero and kinds.get(argument.below_zero) != "int":
+                self.fail(entry, "args", f"`{argument.name}` is untouched below zero of `{argument.below_zero}`, which is no int argument")
         return arguments
 
     def entries_of(self, key, fields):
@@ -229,7 +243,7 @@ class FamilyReader:
         def make(symbol, names, returns, making, base, source=None):
             return Entry(symbol, names, arguments, returns, fields["does"].strip(), fields.get("notes", "").strip(),
                          self.path.stem, self.line_of(key), making, base, source, stub,
-                         "" if making == "length" else result_meaning)
+                         "" if making == "length" else result_meaning, fields.get("remembers", False))
 
         hand = make(key, zero or names, returns, "stub" if stub else "hand", 0 if zero else -1)
         length_making = "hand" if fields.get("length-by-hand") else "length"

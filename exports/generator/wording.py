@@ -40,8 +40,12 @@ def argument_words(entry, argument):
         words += f"; room: {argument.room.text}"
     if argument.in_place:
         words += f"; NULL: {argument.in_place} is changed in place and needs that room"
+    elif argument.constant:
+        words += "; NULL: the result is a constant empty text"
     elif argument.kind == "dest" and "NULL" not in argument.meaning:
         words += "; NULL: nothing is written"
+    if argument.without:
+        words += f"; left as it is when {argument.without} is NULL"
     if argument.terminated:
         words += "; must already end at its last byte"
     return words

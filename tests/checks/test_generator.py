@@ -32,6 +32,8 @@ FAULTS = [
     ('dest[len(text) + 1]', 'dest', 6, "needs its room"),
     ('"dest: dest', '"text: dest', 6, "two arguments are called `text`"),
     ('len(text) + 1]', 'len(text) + 1] in-place=other', 6, "no str argument"),
+    ('len(text) + 1]', 'len(text) + 1] untouched-without=dest', 6, "no str argument"),
+    ('len(text) + 1]', 'len(text) + 1] final', 6, "unknown flag `final`"),
     ('names = "first"', 'names = "first Second"', 10, "`Second` is already used by First (exports/sample.toml:4)"),
     ('names = "first"', 'names = "1st"', 5, "no name that a program could call"),
     ('names = "first"', 'nmaes = "first"', 5, "unknown key `nmaes`"),

@@ -1,0 +1,63 @@
+// What a call is made with: drawn by the kinds that the export table tells.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "catalog/catalog.h"
+#include "fuzz/random.h"
+
+namespace vx::fuzz {
+
+inline constexpr std::size_t kMostArguments = 16;
+inline constexpr std::int64_t kMostRoom = 2 << 20;
+
+// An argument before it has a place in memory.
+struct Input {
+    bool null = false;
+    std::int64_t number = 0;  // of an `out` argument: what it holds before the call
+    std::string bytes;        // a text without its terminator; the contents of bytes and blocks
+};
+
+struct Plan {
+    const catalog::Entry* entry = nullptr;
+    const catalog::Entry* drawnFor = nullptr;  // the entry tried; another one is called to compare
+    Turn turn;
+    std::vector<Input> inputs;
+};
+
+// The memory that an argument is given.
+struct Need {
+    std::int64_t bytes = 0;  // 0 where it is NULL or no pointer
+    bool written = false;    // the function may write to it
+};
+
+// In-place work turns a text into a destination, so an argument's need depends on the others.
+std::vector<Need> needsOf(const Plan& plan);
+
+bool isPointer(catalog::Kind kind);
+
+// Handles, tables and blocks that earlier calls gave: some calls go on with them.
+class Recall {
+ public:
+    void keep(const Plan& plan, std::int64_t result, const std::vector<std::string>& after);
+
+    std::int64_t handle(Random& random) const { return one(handles_, random); }
+    std::int64_t table(Random& random) const { return one(tables_, random); }
+    // A block of that size; empty if there is none.
+    std::string block(std::size_t size, Random& random) const;
+
+ private:
+    static constexpr std::size_t kMost = 16;
+    static std::int64_t one(const std::vector<std::int64_t>& kept, Random& random);
+
+    std::vector<std::int64_t> handles_;
+    std::vector<std::int64_t> tables_;
+    std::vector<std::string> blocks_;
+    std::size_t turn_ = 0;
+};
+
+Plan draw(const catalog::Entry& entry, const Turn& turn, const Recall& recall);
+
+}  // namespace vx::fuzz

@@ -1,0 +1,133 @@
+#include "fuzz/call.h"
+
+#include <cstring>
+
+#include "fuzz/oddities.h"
+
+namespace vx::fuzz {
+
+using catalog::Kind;
+using catalog::Value;
+
+namespace {
+
+// Characters that a function which reads too far would take for a part of the text.
+constexpr char kSurroundings[] = {' ', '\t', '\n', '\x8D', '0', '9',    'a',   'Z',
+                                  '.', '*',  '\\', ';',    '#', '\x01', '\xFF'};
+
+char drawSurrounding(Random& random, char other) {
+    char c = random.of(kSurroundings);
+    while (c == other) c = random.of(kSurroundings);
+    return c;
+}
+
+}  // namespace
+
+Layout drawLayout(Random& random) {
+    Layout layout;
+    layout.front = static_cast<std::uint32_t>(random.next());
+    layout.canary = drawSurrounding(random, 0);
+    layout.filler = drawSurrounding(random, 0);
+    return layout;
+}
+
+Layout Layout::opposite(Random& random) const {
+    Layout other;
+    other.front = ~front;
+    other.canary = drawSurrounding(random, canary);
+    other.filler = drawSurrounding(random, filler);
+    return other;
+}
+
+void Call::prepare(const Plan& plan, const Layout& layout) {
+    plan_ = &plan;
+    layout_ = layout;
+    needs_ = needsOf(plan);
+    before_.resize(needs_.size());
+    for (std::size_t i = 0; i < needs_.size(); ++i) {
+        values_[i] = Value{};
+        auto bytes = static_cast<std::size_t>(needs_[i].bytes);
+        if (bytes == 0) {
+            before_[i].clear();
+            if (!isPointer(arguments()[i].kind)) values_[i].number = input(i).number;
+            continue;
+        }
+        char* to = buffers_[i].place(bytes, ((layout.front >> i) & 1) != 0, layout.canary);
+        fill(i, to);
+        before_[i].assign(to, bytes);
+        // Each kind is passed by its own member of the union; all of them lie at its start.
+        values_[i].text = to;
+    }
+}
+
+void Call::fill(std::size_t i, char* to) const {
+    const catalog::Argument& argument = arguments()[i];
+    auto bytes = static_cast<std::size_t>(needs_[i].bytes);
+    switch (argument.kind) {
+        case Kind::kOut: {
+            auto number = static_cast<std::int32_t>(input(i).number);
+            std::memcpy(to, &number, sizeof number);
+            break;
+        }
+        case Kind::kDest: {
+            // What it holds may show in the result: then it is the same in every layout.
+            bool shows = argument.terminated || leftAlone(*plan_);
+            std::memset(to, shows ? '~' : layout_.filler, bytes);
+            if (shows) to[bytes - 1] = '\0';
+            break;
+        }
+        case Kind::kBytes:
+        case Kind::kBlock:
+            std::memcpy(to, input(i).bytes.data(), bytes);
+            break;
+        default:
+            std::memcpy(to, input(i).bytes.c_str(), input(i).bytes.size() + 1);
+            std::memset(to + input(i).bytes.size() + 1, layout_.filler, bytes - input(i).bytes.size() - 1);
+    }
+}
+
+void Call::make(catalog::Function function) {
+    result_ = Value{};
+    entry().invoke(function, values_.data(), &result_);
+}
+
+bool Call::untouched(std::size_t i) const {
+    return std::memcmp(buffers_[i].data(), before_[i].data(), before_[i].size()) == 0;
+}
+
+bool Call::terminated(std::size_t i) const {
+    return std::memchr(buffers_[i].data(), 0, static_cast<std::size_t>(needs_[i].bytes)) != nullptr;
+}
+
+std::optional<Call::Place> Call::find(const void* address) const {
+    for (std::size_t i = 0; i < needs_.size(); ++i) {
+        if (!needs_[i].bytes) continue;
+        if (std::optional<std::ptrdiff_t> offset = buffers_[i].offsetOf(address)) return Place{i, *offset};
+    }
+    return {};
+}
+
+Seen Call::seen() const {
+    Seen seen;
+    if (catalog::isNumber(entry().result)) {
+        seen.number = result_.number;
+    } else if (entry().result != catalog::Result::kVoid) {
+        std::optional<Place> place = find(result_.block);
+        if (place)
+            seen.place = std::string(arguments()[place->argument].name) + "+" + std::to_string(place->offset);
+        else
+            seen.place = result_.block ? "elsewhere" : "NULL";
+        if (catalog::isText(entry().result) && result_.block) seen.text = resultText();
+    }
+    seen.after.resize(needs_.size());
+    for (std::size_t i = 0; i < needs_.size(); ++i) {
+        if (!needs_[i].written) continue;
+        const char* bytes = buffers_[i].data();
+        Kind kind = arguments()[i].kind;
+        bool isText = kind != Kind::kOut && kind != Kind::kBlock;
+        seen.after[i] = isText ? std::string(bytes) : std::string(bytes, static_cast<std::size_t>(needs_[i].bytes));
+    }
+    return seen;
+}
+
+}  // namespace vx::fuzz

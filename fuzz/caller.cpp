@@ -1,0 +1,69 @@
+#include "fuzz/caller.h"
+
+#include "fuzz/checks.h"
+#include "fuzz/oddities.h"
+#include "fuzz/report.h"
+#include "fuzz/watch.h"
+
+namespace vx::fuzz {
+namespace {
+
+constexpr const char* kItself = "itself";
+constexpr const char* kElsewhere = "itself, with its arguments elsewhere";
+constexpr const char* kPointerForm = "the pointer form of a length form";
+constexpr const char* kZeroTwin = "the 0-based twin of an entry";
+
+}  // namespace
+
+bool Caller::tryEntry(const catalog::Entry& entry, const Turn& turn) {
+    plan_ = draw(entry, turn, recall_);
+    Random random = turn.randomFor(std::string("layout of ") + entry.main());
+    Layout layout = drawLayout(random);
+    if (!make(first_, plan_, layout, kItself)) return false;
+    Seen seen = first_.seen();
+    recall_.keep(plan_, seen.number, seen.after);
+    return remembers(entry) || compare(entry, random, layout);
+}
+
+bool Caller::compare(const catalog::Entry& entry, Random& random, const Layout& layout) {
+    Layout opposite = layout.opposite(random);
+    if (!make(second_, plan_, opposite, kElsewhere)) return false;
+    std::string fault = differenceOf(first_, second_);
+    if (!fault.empty()) return complain(fault, second_, kElsewhere);
+    return compareWith(entry.pointerForm, false, kPointerForm, lengthFaultOf, opposite) &&
+           compareWith(entry.zeroTwin, true, kZeroTwin, twinFaultOf, opposite);
+}
+
+bool Caller::compareWith(int other, bool zeroBased, const char* purpose,
+                         std::string (*faultBetween)(const Call&, const Call&), const Layout& layout) {
+    if (other < 0) return true;
+    otherPlan_ = planFor(catalog::allEntries()[static_cast<std::size_t>(other)], plan_, zeroBased);
+    if (!make(second_, otherPlan_, layout, purpose)) return false;
+    std::string fault = faultBetween(first_, second_);
+    return fault.empty() || complain(fault, first_, kItself);
+}
+
+bool Caller::make(Call& call, const Plan& plan, const Layout& layout, const char* purpose) {
+    call.prepare(plan, layout);
+    if (printing) {
+        Report report;
+        report.describe(call, false);
+        report.write();
+    }
+    beginCall(call, purpose);
+    call.make(find_(*plan.entry));
+    endCall();
+    ++callsMade_;
+    std::string fault = faultOf(call);
+    return fault.empty() || complain(fault, call, purpose);
+}
+
+bool Caller::complain(const std::string& fault, const Call& call, const char* purpose) {
+    Report report;
+    report << "random caller: " << fault << "\n  in a call made as " << purpose << "\n";
+    report.describe(call, true);
+    complaint_ = report.text();
+    return false;
+}
+
+}  // namespace vx::fuzz
