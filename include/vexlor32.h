@@ -59,6 +59,109 @@ VEXLOR32_API uint32_t VEXLOR32_CALL strcalculate(const char *expression, const c
 #endif
 
 
+/* ---- Character sets ---- */
+
+/* Whether any character of the text is in the set.
+ *   set      text; NULL counts as empty
+ *   text     text; NULL counts as empty
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL ChrAny(const char *set, const char *text);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _chrany(const char *set, const char *text);
+VEXLOR32_API int32_t VEXLOR32_CALL chrany(const char *set, const char *text);
+#endif
+
+/* The first character of the text that is in the set.
+ *   set      text; NULL counts as empty
+ *   text     text; NULL counts as empty
+ *   returns  its code, 0 if there is none */
+VEXLOR32_API int32_t VEXLOR32_CALL ChrFirst(const char *set, const char *text);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _chrfirst(const char *set, const char *text);
+VEXLOR32_API int32_t VEXLOR32_CALL chrfirst(const char *set, const char *text);
+#endif
+
+/* Whether every character of the text is in the set.
+ *   text     an empty one gives 1; NULL counts as empty
+ *   set      text; NULL counts as empty
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL ChrFound(const char *text, const char *set);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _chrfound(const char *text, const char *set);
+VEXLOR32_API int32_t VEXLOR32_CALL chrfound(const char *text, const char *set);
+#endif
+
+/* The number of characters of the text that are in the set.
+ *   set      text; NULL counts as empty
+ *   text     text; NULL counts as empty
+ *   returns  the number */
+VEXLOR32_API int32_t VEXLOR32_CALL ChrTotal(const char *set, const char *text);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _chrtotal(const char *set, const char *text);
+VEXLOR32_API int32_t VEXLOR32_CALL chrtotal(const char *set, const char *text);
+#endif
+
+/* The number of characters of the text that are in the set, upper and lower case being equal.
+ *   set      text; NULL counts as empty
+ *   text     text; NULL counts as empty
+ *   returns  the number */
+VEXLOR32_API int32_t VEXLOR32_CALL ChrTotali(const char *set, const char *text);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _chrtotali(const char *set, const char *text);
+VEXLOR32_API int32_t VEXLOR32_CALL chrtotali(const char *set, const char *text);
+#endif
+
+/* The text reduced to its characters that are in the set.
+ *   set      text; NULL counts as empty
+ *   text     text; NULL counts as empty
+ *   dest     destination; room: len(text) + 1; NULL: text is changed in place and needs that room
+ *   returns  the terminator of the result, not its start
+ * The length form measures from that terminator and always gives 0. */
+VEXLOR32_API char *VEXLOR32_CALL ChrKeep(const char *set, const char *text, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _chrkeep(const char *set, const char *text, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL chrkeep(const char *set, const char *text, char *dest);
+#endif
+
+/* As ChrKeep, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strchrkeep(const char *set, const char *text, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrChrKeep(const char *set, const char *text, char *dest);
+#endif
+
+/* Sorts the characters of the text by code, in place.
+ *   text        text, changed in place; NULL: nothing happens
+ *   descending  0 sorts from the lowest code up, any other from the highest down
+ *   returns     text */
+VEXLOR32_API char *VEXLOR32_CALL ChrSort(char *text, int32_t descending);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _chrsort(char *text, int32_t descending);
+VEXLOR32_API char *VEXLOR32_CALL chrsort(char *text, int32_t descending);
+#endif
+
+/* As ChrSort, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strchrsort(char *text, int32_t descending);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrChrSort(char *text, int32_t descending);
+#endif
+
+/* The text with repeated characters removed; the first of each stays.
+ *   text     text; NULL counts as empty
+ *   dest     destination; room: len(text) + 1; NULL: text is changed in place and needs that room
+ *   returns  dest, or text when dest is NULL */
+VEXLOR32_API char *VEXLOR32_CALL ChrUnique(const char *text, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _chrunique(const char *text, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL chrunique(const char *text, char *dest);
+#endif
+
+/* As ChrUnique, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strchrunique(const char *text, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrChrUnique(const char *text, char *dest);
+#endif
+
+
 /* ---- Character classes ---- */
 
 /* Sets an entry of the upper-case table. No entry can be set to 0.
@@ -616,6 +719,150 @@ VEXLOR32_API int32_t VEXLOR32_CALL _fdecompress(int32_t a, int32_t b);
 #endif
 
 
+/* ---- Text layout ---- */
+
+/* The number of lines that StrWrap makes of a text.
+ *   text     text; NULL counts as empty
+ *   width    in characters; below 1 gives 0
+ *   returns  the number of lines */
+VEXLOR32_API int32_t VEXLOR32_CALL WrapCount(const char *text, int32_t width);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _wrapcount(const char *text, int32_t width);
+VEXLOR32_API int32_t VEXLOR32_CALL wrapcount(const char *text, int32_t width);
+#endif
+
+/* A line of the text as it falls when wrapped at blanks to a width, padded with blanks to that width.
+ *   text     text; NULL counts as empty
+ *   line     from 1; below 1 gives a line of blanks, past the last line an empty text
+ *   width    in characters; below 1 gives an empty text
+ *   dest     destination; room: max(width, 0) + 1; NULL: nothing is written
+ *   returns  dest; the end of the line of blanks for a line below 1 or an empty text
+ * The character behind a full line is not looked at: a word that ends exactly at the width still moves on when a
+ * blank stands before it. */
+VEXLOR32_API char *VEXLOR32_CALL StrWrap(const char *text, int32_t line, int32_t width, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _strwrap(const char *text, int32_t line, int32_t width, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL strwrap(const char *text, int32_t line, int32_t width, char *dest);
+#endif
+
+/* A line of the text as it falls when wrapped at blanks to a width, padded with blanks to that width.
+ *   text     text; NULL counts as empty
+ *   line     from 1; below 1 gives a line of blanks, past the last line an empty text
+ *   width    in characters; below 1 gives an empty text
+ *   dest     destination; room: max(width, 0) + 1; NULL: nothing is written
+ *   returns  dest; the end of the line of blanks for a line below 1 or an empty text
+ * The character behind a full line is not looked at: a word that ends exactly at the width still moves on when a
+ * blank stands before it. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strstrwrap(const char *text, int32_t line, int32_t width, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrStrWrap(const char *text, int32_t line, int32_t width, char *dest);
+#endif
+
+/* The whole text wrapped to a width by soft line ends (0x8D 0x0A); older soft line ends are removed.
+ *   text      text; NULL counts as empty
+ *   width     in columns; below 1 counts as 1
+ *   tabWidth  -2 for 8; at least 1 and at most 255 apply
+ *   dest      destination; room: len(text) * 3 + 1; NULL: nothing is written
+ *   returns   dest
+ * A carriage return comes out as a hard line end (0x0D 0x0A), a line feed by itself is dropped. A removed line feed
+ * or soft line end still counts as one column. */
+VEXLOR32_API char *VEXLOR32_CALL MemoWrap(const char *text, int32_t width, int32_t tabWidth, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _memowrap(const char *text, int32_t width, int32_t tabWidth, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL memowrap(const char *text, int32_t width, int32_t tabWidth, char *dest);
+#endif
+
+/* As MemoWrap, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strmemowrap(const char *text, int32_t width, int32_t tabWidth, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrMemoWrap(const char *text, int32_t width, int32_t tabWidth, char *dest);
+#endif
+
+/* The number of lines of a text: one more than it has line feeds.
+ *   text     text; NULL counts as empty
+ *   returns  the number of lines, 0 for an empty text */
+VEXLOR32_API int32_t VEXLOR32_CALL LineCount(const char *text);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _linecount(const char *text);
+VEXLOR32_API int32_t VEXLOR32_CALL linecount(const char *text);
+#endif
+
+/* A line of the text without its line end.
+ *   text     text; NULL counts as empty
+ *   line     from 1; any that does not exist gives an empty text
+ *   dest     destination; room: len(text) + 1; NULL: nothing is written
+ *   returns  dest
+ * What stands before a carriage return that no line feed follows is left out of its line. */
+VEXLOR32_API char *VEXLOR32_CALL ReadLine(const char *text, int32_t line, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _readline(const char *text, int32_t line, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL readline(const char *text, int32_t line, char *dest);
+#endif
+
+/* As ReadLine, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strreadline(const char *text, int32_t line, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrReadLine(const char *text, int32_t line, char *dest);
+#endif
+
+/* The number of positions that a tab at a column fills.
+ *   column    from 1; a negative one counts as positive
+ *   tabWidth  -2 for 8; any other below 1 gives 1
+ *   returns   a number of positions; one more than the tab width for column 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL TabStop(int32_t column, int32_t tabWidth);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _tabstop(int32_t column, int32_t tabWidth);
+VEXLOR32_API int32_t VEXLOR32_CALL tabstop(int32_t column, int32_t tabWidth);
+#endif
+
+/* The column that follows a tab at a column.
+ *   column    from 1; a negative one counts as positive
+ *   tabWidth  -2 for 8; any other below 1 gives column + 1
+ *   returns   a column; one more than the tab width for column 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL NextTabStop(int32_t column, int32_t tabWidth);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL nexttabstop(int32_t column, int32_t tabWidth);
+VEXLOR32_API int32_t VEXLOR32_CALL _nexttabstop(int32_t column, int32_t tabWidth);
+#endif
+
+/* The text with each tab replaced by fill characters up to the next tab stop; columns restart behind each line feed.
+ *   text      text; NULL counts as empty
+ *   tabWidth  -2 for 8; at least 1 and at most 255 apply
+ *   fill      its first character replaces tabs; NULL or empty: the fill character
+ *   dest      destination; room: len(text) * max(min(tabWidth, 255), 8) + 1; NULL: nothing is written
+ *   returns   dest */
+VEXLOR32_API char *VEXLOR32_CALL TabExpand(const char *text, int32_t tabWidth, const char *fill, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _tabexpand(const char *text, int32_t tabWidth, const char *fill, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL tabexpand(const char *text, int32_t tabWidth, const char *fill, char *dest);
+#endif
+
+/* As TabExpand, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strtabexpand(const char *text, int32_t tabWidth, const char *fill, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrTabExpand(const char *text, int32_t tabWidth, const char *fill, char *dest);
+#endif
+
+/* The text set in a field of `width` characters, cut at its end if longer.
+ *   text     NULL gives an empty text
+ *   width    in characters; below 1 gives an empty text
+ *   mode     1 as it is, 2 left, 3 right with its trailing blanks, any other right without them
+ *   fill     its first character pads; NULL or empty: the fill character
+ *   dest     destination; room: max(width, 0) + 1; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL StrJustify(const char *text, int32_t width, int32_t mode, const char *fill, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _strjustify(const char *text, int32_t width, int32_t mode, const char *fill, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL strjustify(const char *text, int32_t width, int32_t mode, const char *fill, char *dest);
+#endif
+
+/* As StrJustify, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strstrjustify(const char *text, int32_t width, int32_t mode, const char *fill, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrStrJustify(const char *text, int32_t width, int32_t mode, const char *fill, char *dest);
+#endif
+
+
 /* ---- Radix conversion ---- */
 
 /* A 16-bit value in hexadecimal: four digits, or two when it is at most 255.
@@ -911,6 +1158,96 @@ VEXLOR32_API uint32_t VEXLOR32_CALL StrComma(const char *number, char *dest);
 #endif
 
 
+/* ---- Substrings ---- */
+
+/* The first characters of a text.
+ *   text     text; NULL counts as empty
+ *   count    below 1 gives an empty text
+ *   dest     destination; room: min(len(text), max(count, 0)) + 1; NULL: text is changed in place and needs that room
+ *   returns  dest, or text when dest is NULL */
+VEXLOR32_API char *VEXLOR32_CALL Left(const char *text, int32_t count, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL StrLeft(const char *text, int32_t count, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL _left(const char *text, int32_t count, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL left(const char *text, int32_t count, char *dest);
+#endif
+
+/* As Left, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strleft(const char *text, int32_t count, char *dest);
+
+/* The last characters of a text.
+ *   text     text; NULL counts as empty
+ *   count    below 1 gives an empty text
+ *   dest     destination; room: min(len(text), max(count, 0)) + 1; NULL: text is changed in place and needs that room
+ *   returns  dest, or text when dest is NULL */
+VEXLOR32_API char *VEXLOR32_CALL Right(const char *text, int32_t count, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL StrRight(const char *text, int32_t count, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL _right(const char *text, int32_t count, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL right(const char *text, int32_t count, char *dest);
+#endif
+
+/* As Right, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strright(const char *text, int32_t count, char *dest);
+
+/* A piece of a text from a position on.
+ *   text     text; NULL counts as empty
+ *   start    one before the first character counts from the end; out of the text gives an empty text (the first
+ *            character is 1)
+ *   count    at most this many characters; below 1 gives an empty text
+ *   dest     destination; room: min(len(text), max(count, 0)) + 1; NULL: text is changed in place and needs that room
+ *   returns  dest, or text when dest is NULL
+ * Counting from the end: from 0, -1 is the last character; from 1, that is 0. */
+VEXLOR32_API char *VEXLOR32_CALL SubStr(const char *text, int32_t start, int32_t count, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _substr1(const char *text, int32_t start, int32_t count, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL substr(const char *text, int32_t start, int32_t count, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL substr1(const char *text, int32_t start, int32_t count, char *dest);
+#endif
+
+/* As the function above, with 0-based positions; returns dest, or text when dest is NULL. */
+VEXLOR32_API char *VEXLOR32_CALL _substr(const char *text, int32_t start, int32_t count, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL substr0(const char *text, int32_t start, int32_t count, char *dest);
+#endif
+
+/* As SubStr, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strsubstr1(const char *text, int32_t start, int32_t count, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrSubStr(const char *text, int32_t start, int32_t count, char *dest);
+VEXLOR32_API uint32_t VEXLOR32_CALL strsubstr(const char *text, int32_t start, int32_t count, char *dest);
+#endif
+
+/* The text with a number of characters at a position replaced by another text.
+ *   text     text; NULL counts as empty
+ *   start    before the text counts as its start; more than one behind its end leaves the text as it is (the first
+ *            character is 1)
+ *   remove   how many characters go; below 0 counts as 0
+ *   insert   what comes in their place; NULL counts as empty
+ *   dest     destination; room: len(text) + len(insert) + 1; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL Stuff(const char *text, int32_t start, int32_t remove, const char *insert, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL stuff(const char *text, int32_t start, int32_t remove, const char *insert, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL stuff1(const char *text, int32_t start, int32_t remove, const char *insert, char *dest);
+#endif
+
+/* As the function above, with 0-based positions; returns dest. */
+VEXLOR32_API char *VEXLOR32_CALL _stuff(const char *text, int32_t start, int32_t remove, const char *insert, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL stuff0(const char *text, int32_t start, int32_t remove, const char *insert, char *dest);
+#endif
+
+/* As Stuff, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strstuff(const char *text, int32_t start, int32_t remove, const char *insert, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrStuff(const char *text, int32_t start, int32_t remove, const char *insert, char *dest);
+#endif
+
+/* As _stuff, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strstuff0(const char *text, int32_t start, int32_t remove, const char *insert, char *dest);
+
+
 /* ---- Trimming and padding ---- */
 
 /* The text without leading and trailing blanks.
@@ -1052,8 +1389,9 @@ VEXLOR32_API uint32_t VEXLOR32_CALL StrLJust(const char *text, char *dest);
 #endif
 
 /* The text with its trailing blanks moved to its front: right-justified in the length that it has.
- *   text     NULL: dest is returned untouched
- *   dest     destination; room: len(text) + 1; NULL: text is changed in place and needs that room
+ *   text     NULL: dest is returned as it is
+ *   dest     destination; room: len(text) + 1; NULL: text is changed in place and needs that room; left as it is when
+ *            text is NULL
  *   returns  dest, or text when dest is NULL */
 VEXLOR32_API char *VEXLOR32_CALL RJust(const char *text, char *dest);
 #ifdef VEXLOR32_ALL_NAMES
@@ -1141,7 +1479,8 @@ VEXLOR32_API uint32_t VEXLOR32_CALL StrTrailChar(const char *text, const char *f
  *   text     NULL: the constant empty text is returned
  *   width    in characters; below 0 counts as 0
  *   fill     its first character pads; NULL or empty: a blank
- *   dest     destination; room: max(width, 0) + 1; NULL: text is changed in place and needs that room
+ *   dest     destination; room: max(width, 0) + 1; NULL: text is changed in place and needs that room; left as it is
+ *            when text is NULL
  *   returns  dest, or text when dest is NULL, or a constant empty text when text is NULL */
 VEXLOR32_API char *VEXLOR32_CALL UnTrim(const char *text, int32_t width, const char *fill, char *dest);
 #ifdef VEXLOR32_ALL_NAMES
