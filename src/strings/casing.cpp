@@ -1,0 +1,178 @@
+// Case, capitals of words, reversal, and characters swapped for others.
+#include "entries/casing.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <numeric>
+
+#include "frame/text.h"
+#include "strings/blocks.h"
+#include "strings/token.h"
+
+namespace vx {
+namespace {
+
+using CaseTable = std::uint8_t[256];
+
+void storeBlock(void* to, __m128i block) { _mm_storeu_si128(static_cast<__m128i*>(to), block); }
+
+constexpr char kCaseBit = 'a' - 'A';
+
+// The other case of the letters from `first` on, as a case table's ASCII half has it unless somebody sets it otherwise.
+struct AsciiCase {
+    constexpr explicit AsciiCase(char firstLetter) : first(firstLetter) {
+        for (int c = 0; c < 128; ++c)
+            half[c] = static_cast<std::uint8_t>(c >= first && c < first + 26 ? c ^ kCaseBit : c);
+    }
+
+    bool agreesWith(const CaseTable& table) const { return std::memcmp(table, half, sizeof half) == 0; }
+
+    char first;
+    std::uint8_t half[128];
+};
+constexpr AsciiCase kAsciiUpper('a');
+constexpr AsciiCase kAsciiLower('A');
+
+// From this size on, blocks win more than the look at the table's ASCII half costs.
+constexpr std::size_t kBlockwise = 64;
+
+// Maps whole blocks, the characters from 0x80 upward by the table; returns how many characters that were.
+std::size_t mapBlocks(const char* from, char* to, std::size_t size, const CaseTable& table, const AsciiCase& ascii) {
+    const __m128i below = _mm_set1_epi8(static_cast<char>(ascii.first - 1));
+    const __m128i above = _mm_set1_epi8(static_cast<char>(ascii.first + 26));
+    std::size_t done = 0;
+    for (; size - done >= kBlock; done += kBlock) {
+        __m128i block = load(from + done);
+        __m128i letters = _mm_and_si128(_mm_cmpgt_epi8(block, below), _mm_cmpgt_epi8(above, block));
+        storeBlock(to + done, _mm_xor_si128(block, _mm_and_si128(letters, _mm_set1_epi8(kCaseBit))));
+        unsigned places = bits(block);
+        if (places == 0) continue;
+        std::uint8_t before[kBlock];
+        storeBlock(before, block);
+        for (; places; places &= places - 1) {
+            unsigned place = static_cast<unsigned>(std::countr_zero(places));
+            to[done + place] = static_cast<char>(table[before[place]]);
+        }
+    }
+    return done;
+}
+
+// Maps a text through a case table; by blocks as long as nobody has set the table's ASCII half otherwise.
+char* mapCase(const char* text, char* dest, const CaseTable& table, const AsciiCase& ascii) {
+    char* to = target(text, dest);
+    if (!to) return nullptr;
+    std::string_view from = view(text);
+    bool blockwise = from.size() >= kBlockwise && ascii.agreesWith(table);
+    std::size_t i = blockwise ? mapBlocks(from.data(), to, from.size(), table, ascii) : 0;
+#pragma GCC unroll 4
+    for (; i < from.size(); ++i) to[i] = static_cast<char>(table[byteOf(from[i])]);
+    to[from.size()] = '\0';
+    return to;
+}
+
+char unchanged(char c) { return c; }
+
+// Maps the first character of each word to upper case and the others by `rest`.
+template <char (*rest)(char)>
+char* mapWords(const char* text, char* dest) {
+    char* to = target(text, dest);
+    if (!to) return nullptr;
+    std::string_view from = view(text);
+    bool outside = true;
+    for (std::size_t i = 0; i < from.size(); ++i) {
+        char c = from[i];
+        bool delimits = kDefaultDelimiters.contains(c);
+        to[i] = outside > delimits ? upper(c) : delimits ? c : rest(c);
+        outside = delimits;
+    }
+    to[from.size()] = '\0';
+    return to;
+}
+
+std::uint64_t loadReversed(const char* from) {
+    std::uint64_t bytes;
+    std::memcpy(&bytes, from, sizeof bytes);
+    return __builtin_bswap64(bytes);
+}
+void storeEight(char* to, std::uint64_t bytes) { std::memcpy(to, &bytes, sizeof bytes); }
+
+void reverseInPlace(char* first, char* last) {
+    for (; last - first >= 16; first += 8, last -= 8) {
+        std::uint64_t start = loadReversed(first);
+        storeEight(first, loadReversed(last - 8));
+        storeEight(last - 8, start);
+    }
+    std::reverse(first, last);
+}
+
+void copyReversed(std::string_view from, char* to) {
+    std::size_t left = from.size();
+    char* end = to + left;
+    for (; left >= 8; left -= 8, to += 8) storeEight(to, loadReversed(from.data() + left - 8));
+    if (from.size() >= 8) {
+        storeEight(end - 8, loadReversed(from.data()));  // the rest, and some of what is there already
+    } else {
+        while (left > 0) *to++ = from[--left];
+    }
+    *end = '\0';
+}
+
+// What becomes of each character.
+class Swaps {
+ public:
+    Swaps(std::string_view from, std::string_view to) {
+        std::iota(becomes_.begin(), becomes_.end(), '\0');
+        stays_.fill(1);
+        for (std::size_t i = 0; i < from.size(); ++i) {
+            std::uint8_t c = byteOf(from[i]);
+            stays_[c] = i < to.size();
+            if (stays_[c]) becomes_[c] = to[i];
+        }
+    }
+
+    // Writes the changed text, which may lie where the text does; returns its end.
+    char* apply(std::string_view text, char* to) const {
+        for (char c : text) {
+            *to = becomes_[byteOf(c)];
+            to += stays_[byteOf(c)];
+        }
+        return to;
+    }
+
+ private:
+    std::array<char, 256> becomes_;
+    std::array<std::uint8_t, 256> stays_;
+};
+
+}  // namespace
+}  // namespace vx
+
+using namespace vx;
+
+ENTRY(char*, StrUpper)(const char* text, char* dest) noexcept {
+    return mapCase(text, dest, library.upper, kAsciiUpper);
+}
+ENTRY(char*, Lower)(const char* text, char* dest) noexcept { return mapCase(text, dest, library.lower, kAsciiLower); }
+
+ENTRY(char*, Capitalize)(const char* text, char* dest) noexcept { return mapWords<unchanged>(text, dest); }
+ENTRY(char*, CapFirst)(const char* text, char* dest) noexcept { return mapWords<lower>(text, dest); }
+
+ENTRY(char*, StrReverse)(const char* text, char* dest) noexcept {
+    char* to = target(text, dest);
+    if (!to) return nullptr;
+    std::string_view from = view(text);
+    if (to == text) {
+        reverseInPlace(to, to + from.size());
+    } else {
+        copyReversed(from, to);
+    }
+    return to;
+}
+
+ENTRY(char*, ChrSwap)(const char* text, const char* from, const char* to, char* dest) noexcept {
+    char* result = target(text, dest);
+    if (!result) return nullptr;
+    *Swaps(view(from), view(to)).apply(view(text), result) = '\0';
+    return result;
+}
