@@ -59,6 +59,112 @@ VEXLOR32_API uint32_t VEXLOR32_CALL strcalculate(const char *expression, const c
 #endif
 
 
+/* ---- Case and character mapping ---- */
+
+/* The text in upper case.
+ *   text     text; NULL counts as empty
+ *   dest     destination; room: len(text) + 1; NULL: text is changed in place and needs that room
+ *   returns  dest, or text when dest is NULL */
+VEXLOR32_API char *VEXLOR32_CALL StrUpper(const char *text, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL Upper(const char *text, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL _upper(const char *text, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL upper(const char *text, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL strupper(const char *text, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL _strupper(const char *text, char *dest);
+#endif
+
+/* As StrUpper, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strstrupper(const char *text, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrStrUpper(const char *text, char *dest);
+#endif
+
+/* The text in lower case.
+ *   text     text; NULL counts as empty
+ *   dest     destination; room: len(text) + 1; NULL: text is changed in place and needs that room
+ *   returns  dest, or text when dest is NULL */
+VEXLOR32_API char *VEXLOR32_CALL Lower(const char *text, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _lower(const char *text, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL lower(const char *text, char *dest);
+#endif
+
+/* As Lower, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strlower(const char *text, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrLower(const char *text, char *dest);
+#endif
+
+/* The text with the first character of each word in upper case, the rest unchanged.
+ *   text     text; NULL counts as empty
+ *   dest     destination; room: len(text) + 1; NULL: text is changed in place and needs that room
+ *   returns  dest, or text when dest is NULL */
+VEXLOR32_API char *VEXLOR32_CALL Capitalize(const char *text, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _capitalize(const char *text, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL capitalize(const char *text, char *dest);
+#endif
+
+/* As Capitalize, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strcapitalize(const char *text, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrCapitalize(const char *text, char *dest);
+#endif
+
+/* The text with the first character of each word in upper case and the rest of the word in lower case.
+ *   text     text; NULL counts as empty
+ *   dest     destination; room: len(text) + 1; NULL: text is changed in place and needs that room
+ *   returns  dest, or text when dest is NULL */
+VEXLOR32_API char *VEXLOR32_CALL CapFirst(const char *text, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _capfirst(const char *text, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL capfirst(const char *text, char *dest);
+#endif
+
+/* As CapFirst, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strcapfirst(const char *text, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrCapFirst(const char *text, char *dest);
+#endif
+
+/* The characters of the text in reverse order.
+ *   text     text; NULL counts as empty
+ *   dest     destination; room: len(text) + 1; NULL: text is changed in place and needs that room
+ *   returns  dest, or text when dest is NULL */
+VEXLOR32_API char *VEXLOR32_CALL StrReverse(const char *text, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _reverse(const char *text, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL strreverse(const char *text, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL _strreverse(const char *text, char *dest);
+#endif
+
+/* As StrReverse, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL StrStrReverse(const char *text, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL strstrreverse(const char *text, char *dest);
+#endif
+
+/* The text with characters replaced by others, or removed.
+ *   text     text; NULL counts as empty
+ *   from     the characters to replace; of one that occurs twice the later place counts; NULL counts as empty
+ *   to       what each becomes, at the same place; characters of `from` that have none here are removed; NULL counts
+ *            as empty
+ *   dest     destination; room: len(text) + 1; NULL: text is changed in place and needs that room
+ *   returns  dest, or text when dest is NULL */
+VEXLOR32_API char *VEXLOR32_CALL ChrSwap(const char *text, const char *from, const char *to, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _chrswap(const char *text, const char *from, const char *to, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL chrswap(const char *text, const char *from, const char *to, char *dest);
+#endif
+
+/* As ChrSwap, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL StrChrSwap(const char *text, const char *from, const char *to, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL strchrswap(const char *text, const char *from, const char *to, char *dest);
+#endif
+
+
 /* ---- Character sets ---- */
 
 /* Whether any character of the text is in the set.
@@ -487,6 +593,126 @@ VEXLOR32_API int32_t VEXLOR32_CALL _isstrtype(const char *text, int32_t count, u
  *   count     the largest number of characters to look at
  *   returns   1 if so, else 0 */
 VEXLOR32_API int32_t VEXLOR32_CALL isthings(int32_t selector, const char *text, int32_t count);
+
+
+/* ---- Comparison and substitution ---- */
+
+/* Compares two texts by the codes of their characters, 0 to 255.
+ *   a        text; NULL counts as empty
+ *   b        text; NULL counts as empty
+ *   returns  -1, 0 or 1 when a comes before b, equals it, or comes behind it */
+VEXLOR32_API int32_t VEXLOR32_CALL StrCmp(const char *a, const char *b);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _strcmp(const char *a, const char *b);
+#endif
+
+/* Compares two texts, A-Z counting as a-z.
+ *   a        text; NULL counts as empty
+ *   b        text; NULL counts as empty
+ *   returns  -1, 0 or 1 when a comes before b, equals it, or comes behind it */
+VEXLOR32_API int32_t VEXLOR32_CALL StrCmpi(const char *a, const char *b);
+
+/* Compares the starts of two texts by the codes of their characters, 0 to 255.
+ *   a        text; NULL counts as empty
+ *   b        text; NULL counts as empty
+ *   n        at most this many characters are compared; below 1 none
+ *   returns  -1, 0 or 1 when a comes before b, equals it, or comes behind it */
+VEXLOR32_API int32_t VEXLOR32_CALL StrnCmp(const char *a, const char *b, int32_t n);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _strncmp(const char *a, const char *b, int32_t n);
+#endif
+
+/* Compares the starts of two texts, A-Z counting as a-z.
+ *   a        text; NULL counts as empty
+ *   b        text; NULL counts as empty
+ *   n        at most this many characters are compared; below 1 none
+ *   returns  -1, 0 or 1 when a comes before b, equals it, or comes behind it */
+VEXLOR32_API int32_t VEXLOR32_CALL StrnCmpi(const char *a, const char *b, int32_t n);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _strncmpi(const char *a, const char *b, int32_t n);
+VEXLOR32_API int32_t VEXLOR32_CALL strncmpi(const char *a, const char *b, int32_t n);
+#endif
+
+/* The text with upper and lower case exchanged, by the case tables.
+ *   text     text; NULL counts as empty
+ *   dest     destination; room: len(text) + 1; NULL: text is changed in place and needs that room
+ *   returns  dest, or text when dest is NULL */
+VEXLOR32_API char *VEXLOR32_CALL StrSwitch(const char *text, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _strswitch(const char *text, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL strswitch(const char *text, char *dest);
+#endif
+
+/* As StrSwitch, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strstrswitch(const char *text, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrStrSwitch(const char *text, char *dest);
+#endif
+
+/* Every step-th character of a text, from a position on.
+ *   text     text; NULL counts as empty
+ *   start    before the text counts as its start (the first character is 1)
+ *   step     below 1 gives an empty text
+ *   dest     destination; room: len(text) + 1; NULL: text is changed in place and needs that room
+ *   returns  dest, or text when dest is NULL */
+VEXLOR32_API char *VEXLOR32_CALL StrKeep(const char *text, int32_t start, int32_t step, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL strkeep(const char *text, int32_t start, int32_t step, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL strkeep1(const char *text, int32_t start, int32_t step, char *dest);
+#endif
+
+/* As the function above, with 0-based positions; returns dest, or text when dest is NULL. */
+VEXLOR32_API char *VEXLOR32_CALL _strkeep(const char *text, int32_t start, int32_t step, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL strkeep0(const char *text, int32_t start, int32_t step, char *dest);
+#endif
+
+/* As StrKeep, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strstrkeep(const char *text, int32_t start, int32_t step, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrStrKeep(const char *text, int32_t start, int32_t step, char *dest);
+#endif
+
+/* As _strkeep, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strstrkeep0(const char *text, int32_t start, int32_t step, char *dest);
+
+/* The characters of a text spread apart.
+ *   text     text; NULL counts as empty
+ *   n        how many characters come between two; below 1 none
+ *   fill     its first character comes between; NULL or empty: the fill character
+ *   dest     destination; room: len(text) + max(len(text) - 1, 0) * max(n, 0) + 1; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL StrExpand(const char *text, int32_t n, const char *fill, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _strexpand(const char *text, int32_t n, const char *fill, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL strexpand(const char *text, int32_t n, const char *fill, char *dest);
+#endif
+
+/* As StrExpand, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strstrexpand(const char *text, int32_t n, const char *fill, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrStrExpand(const char *text, int32_t n, const char *fill, char *dest);
+#endif
+
+/* The text with a field or an enclosed section replaced by another text.
+ *   text         text; NULL counts as empty
+ *   delimiters   one: it separates fields; two: they enclose sections; NULL or empty: one field
+ *   n            the number of the field or section; below 1 is 1
+ *   replacement  text; NULL counts as empty
+ *   dest         destination; room: len(text) + len(replacement) + 1; NULL: nothing is written
+ *   returns      dest
+ * Without a field of that number, and with an empty field at the very end, the text stays as it is. */
+VEXLOR32_API char *VEXLOR32_CALL StrSwap(const char *text, const char *delimiters, int32_t n, const char *replacement, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _strswap(const char *text, const char *delimiters, int32_t n, const char *replacement, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL strswap(const char *text, const char *delimiters, int32_t n, const char *replacement, char *dest);
+#endif
+
+/* As StrSwap, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strstrswap(const char *text, const char *delimiters, int32_t n, const char *replacement, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrStrSwap(const char *text, const char *delimiters, int32_t n, const char *replacement, char *dest);
+#endif
 
 
 /* ---- Library frame ---- */
@@ -1091,6 +1317,51 @@ VEXLOR32_API uint32_t VEXLOR32_CALL strbitstrip(const char *text, char *dest);
 #endif
 
 
+/* ---- Search and replace ---- */
+
+/* The text with occurrences of one text replaced by another.
+ *   text         NULL: dest is returned untouched
+ *   search       text; NULL counts as empty
+ *   replacement  text; NULL counts as empty
+ *   n            the number of the first occurrence that is replaced; below 1 replaces nothing
+ *   count        how many are replaced; all if negative
+ *   dest         destination; room: len(text) + len(text) // max(len(search), 1) * max(len(replacement) -
+ *                len(search), 0) + 1; NULL: nothing is written; left as it is when text is NULL
+ *   returns      dest */
+VEXLOR32_API char *VEXLOR32_CALL StrTran(const char *text, const char *search, const char *replacement, int32_t n, int32_t count, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _strtran(const char *text, const char *search, const char *replacement, int32_t n, int32_t count, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL strtran(const char *text, const char *search, const char *replacement, int32_t n, int32_t count, char *dest);
+#endif
+
+/* As StrTran, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strstrtran(const char *text, const char *search, const char *replacement, int32_t n, int32_t count, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrStrTran(const char *text, const char *search, const char *replacement, int32_t n, int32_t count, char *dest);
+#endif
+
+/* The text with occurrences of one text replaced by another, found case-blind.
+ *   text         NULL: dest is returned untouched
+ *   search       text; NULL counts as empty
+ *   replacement  text; NULL counts as empty
+ *   n            the number of the first occurrence that is replaced; below 1 replaces nothing
+ *   count        how many are replaced; all if negative
+ *   dest         destination; room: len(text) + len(text) // max(len(search), 1) * max(len(replacement) -
+ *                len(search), 0) + 1; NULL: nothing is written; left as it is when text is NULL
+ *   returns      dest */
+VEXLOR32_API char *VEXLOR32_CALL StrTrani(const char *text, const char *search, const char *replacement, int32_t n, int32_t count, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _strtrani(const char *text, const char *search, const char *replacement, int32_t n, int32_t count, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL strtrani(const char *text, const char *search, const char *replacement, int32_t n, int32_t count, char *dest);
+#endif
+
+/* As StrTrani, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strstrtrani(const char *text, const char *search, const char *replacement, int32_t n, int32_t count, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrStrTrani(const char *text, const char *search, const char *replacement, int32_t n, int32_t count, char *dest);
+#endif
+
+
 /* ---- Roman numerals, phone letters and digit grouping ---- */
 
 /* A number as a Roman numeral.
@@ -1155,6 +1426,281 @@ VEXLOR32_API char *VEXLOR32_CALL comma(const char *number, char *dest);
 VEXLOR32_API uint32_t VEXLOR32_CALL strcomma(const char *number, char *dest);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API uint32_t VEXLOR32_CALL StrComma(const char *number, char *dest);
+#endif
+
+
+/* ---- Searching and counting ---- */
+
+/* The first occurrence of a text in another.
+ *   search   text; NULL counts as empty
+ *   target   text; NULL counts as empty
+ *   returns  a position, the first character is 1; 0 if there is none */
+VEXLOR32_API int32_t VEXLOR32_CALL at(const char *search, const char *target);
+
+/* As the function above, with 0-based positions; returns a position, the first character is 0; -1 if there is none. */
+VEXLOR32_API int32_t VEXLOR32_CALL At0(const char *search, const char *target);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _at(const char *search, const char *target);
+VEXLOR32_API int32_t VEXLOR32_CALL at0(const char *search, const char *target);
+#endif
+
+/* The first occurrence of a text in another, case-blind.
+ *   search   text; NULL counts as empty
+ *   target   text; NULL counts as empty
+ *   returns  a position, the first character is 1; 0 if there is none */
+VEXLOR32_API int32_t VEXLOR32_CALL Ati(const char *search, const char *target);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL ati(const char *search, const char *target);
+VEXLOR32_API int32_t VEXLOR32_CALL ati1(const char *search, const char *target);
+#endif
+
+/* As the function above, with 0-based positions; returns a position, the first character is 0; -1 if there is none. */
+VEXLOR32_API int32_t VEXLOR32_CALL _ati(const char *search, const char *target);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL ati0(const char *search, const char *target);
+#endif
+
+/* Occurrence n of a text in another; they may overlap.
+ *   search   text; NULL counts as empty
+ *   target   text; NULL counts as empty
+ *   n        the occurrence's number, from the end if negative; 0 finds nothing
+ *   returns  a position, the first character is 1; 0 if there is none */
+VEXLOR32_API int32_t VEXLOR32_CALL StrAtNext(const char *search, const char *target, int32_t n);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL stratnext(const char *search, const char *target, int32_t n);
+VEXLOR32_API int32_t VEXLOR32_CALL stratnext1(const char *search, const char *target, int32_t n);
+#endif
+
+/* As the function above, with 0-based positions; returns a position, the first character is 0; -1 if there is none. */
+VEXLOR32_API int32_t VEXLOR32_CALL _stratnext(const char *search, const char *target, int32_t n);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL stratnext0(const char *search, const char *target, int32_t n);
+#endif
+
+/* Occurrence n of a text in another, case-blind; they may overlap.
+ *   search   text; NULL counts as empty
+ *   target   text; NULL counts as empty
+ *   n        the occurrence's number, from the end if negative; 0 finds nothing
+ *   returns  a position, the first character is 1; 0 if there is none */
+VEXLOR32_API int32_t VEXLOR32_CALL StrAtNexti(const char *search, const char *target, int32_t n);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL stratnexti(const char *search, const char *target, int32_t n);
+VEXLOR32_API int32_t VEXLOR32_CALL stratnexti1(const char *search, const char *target, int32_t n);
+#endif
+
+/* As the function above, with 0-based positions; returns a position, the first character is 0; -1 if there is none. */
+VEXLOR32_API int32_t VEXLOR32_CALL _stratnexti(const char *search, const char *target, int32_t n);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL stratnexti0(const char *search, const char *target, int32_t n);
+#endif
+
+/* The last occurrence of a text in another.
+ *   search   text; NULL counts as empty
+ *   target   text; NULL counts as empty
+ *   returns  a position, the first character is 1; 0 if there is none */
+VEXLOR32_API int32_t VEXLOR32_CALL Rat(const char *search, const char *target);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL rat(const char *search, const char *target);
+VEXLOR32_API int32_t VEXLOR32_CALL rat1(const char *search, const char *target);
+#endif
+
+/* As the function above, with 0-based positions; returns a position, the first character is 0; -1 if there is none. */
+VEXLOR32_API int32_t VEXLOR32_CALL _rat(const char *search, const char *target);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL rat0(const char *search, const char *target);
+#endif
+
+/* The last occurrence of a text in another, case-blind.
+ *   search   text; NULL counts as empty
+ *   target   text; NULL counts as empty
+ *   returns  a position, the first character is 1; 0 if there is none */
+VEXLOR32_API int32_t VEXLOR32_CALL Rati(const char *search, const char *target);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL rati(const char *search, const char *target);
+VEXLOR32_API int32_t VEXLOR32_CALL rati1(const char *search, const char *target);
+#endif
+
+/* As the function above, with 0-based positions; returns a position, the first character is 0; -1 if there is none. */
+VEXLOR32_API int32_t VEXLOR32_CALL _rati(const char *search, const char *target);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL rati0(const char *search, const char *target);
+#endif
+
+/* Occurrence n of a character in a text.
+ *   character  its first character is searched for; NULL counts as empty
+ *   target     text; NULL counts as empty
+ *   n          the occurrence's number, from the end if negative; 0 finds nothing
+ *   returns    a position, the first character is 1; 0 if there is none */
+VEXLOR32_API int32_t VEXLOR32_CALL AtNext(const char *character, const char *target, int32_t n);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL atnext(const char *character, const char *target, int32_t n);
+VEXLOR32_API int32_t VEXLOR32_CALL atnext1(const char *character, const char *target, int32_t n);
+#endif
+
+/* As the function above, with 0-based positions; returns a position, the first character is 0; -1 if there is none. */
+VEXLOR32_API int32_t VEXLOR32_CALL _atnext(const char *character, const char *target, int32_t n);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL atnext0(const char *character, const char *target, int32_t n);
+#endif
+
+/* Occurrence n of a character in a text, case-blind.
+ *   character  its first character is searched for; NULL counts as empty
+ *   target     text; NULL counts as empty
+ *   n          the occurrence's number, from the end if negative; 0 finds nothing
+ *   returns    a position, the first character is 1; 0 if there is none */
+VEXLOR32_API int32_t VEXLOR32_CALL AtNexti(const char *character, const char *target, int32_t n);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL atnexti(const char *character, const char *target, int32_t n);
+VEXLOR32_API int32_t VEXLOR32_CALL atnexti1(const char *character, const char *target, int32_t n);
+#endif
+
+/* As the function above, with 0-based positions; returns a position, the first character is 0; -1 if there is none. */
+VEXLOR32_API int32_t VEXLOR32_CALL _atnexti(const char *character, const char *target, int32_t n);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL atnexti0(const char *character, const char *target, int32_t n);
+#endif
+
+/* The last occurrence of a character in a text.
+ *   character  its first character is searched for; NULL counts as empty
+ *   target     text; NULL counts as empty
+ *   returns    a position, the first character is 1; 0 if there is none */
+VEXLOR32_API int32_t VEXLOR32_CALL AtLast(const char *character, const char *target);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL atlast(const char *character, const char *target);
+VEXLOR32_API int32_t VEXLOR32_CALL atlast1(const char *character, const char *target);
+#endif
+
+/* As the function above, with 0-based positions; returns a position, the first character is 0; -1 if there is none. */
+VEXLOR32_API int32_t VEXLOR32_CALL _atlast(const char *character, const char *target);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL atlast0(const char *character, const char *target);
+#endif
+
+/* The last occurrence of a character in a text, case-blind.
+ *   character  its first character is searched for; NULL counts as empty
+ *   target     text; NULL counts as empty
+ *   returns    a position, the first character is 1; 0 if there is none */
+VEXLOR32_API int32_t VEXLOR32_CALL AtLasti(const char *character, const char *target);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL atlasti(const char *character, const char *target);
+VEXLOR32_API int32_t VEXLOR32_CALL atlasti1(const char *character, const char *target);
+#endif
+
+/* As the function above, with 0-based positions; returns a position, the first character is 0; -1 if there is none. */
+VEXLOR32_API int32_t VEXLOR32_CALL _atlasti(const char *character, const char *target);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL atlasti0(const char *character, const char *target);
+#endif
+
+/* The number of occurrences of a text in another, overlapping ones included.
+ *   search   text; NULL counts as empty
+ *   target   text; NULL counts as empty
+ *   returns  the number */
+VEXLOR32_API uint32_t VEXLOR32_CALL StrCount(const char *search, const char *target);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _strcount(const char *search, const char *target);
+VEXLOR32_API uint32_t VEXLOR32_CALL strcount(const char *search, const char *target);
+#endif
+
+/* The number of occurrences of a text in another, case-blind, overlapping ones included.
+ *   search   text; NULL counts as empty
+ *   target   text; NULL counts as empty
+ *   returns  the number */
+VEXLOR32_API uint32_t VEXLOR32_CALL StrCounti(const char *search, const char *target);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _strcounti(const char *search, const char *target);
+VEXLOR32_API uint32_t VEXLOR32_CALL strcounti(const char *search, const char *target);
+#endif
+
+/* The number of occurrences of a character in a text.
+ *   character  its first character is counted; NULL counts as empty
+ *   target     text; NULL counts as empty
+ *   returns    the number */
+VEXLOR32_API uint32_t VEXLOR32_CALL ChrCount(const char *character, const char *target);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _chrcount(const char *character, const char *target);
+VEXLOR32_API uint32_t VEXLOR32_CALL chrcount(const char *character, const char *target);
+#endif
+
+/* The number of occurrences of a character in a text, case-blind.
+ *   character  its first character is counted; NULL counts as empty
+ *   target     text; NULL counts as empty
+ *   returns    the number */
+VEXLOR32_API uint32_t VEXLOR32_CALL ChrCounti(const char *character, const char *target);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _chrcounti(const char *character, const char *target);
+VEXLOR32_API uint32_t VEXLOR32_CALL chrcounti(const char *character, const char *target);
+#endif
+
+/* The character at a position.
+ *   text      text; NULL counts as empty
+ *   position  position (the first character is 1)
+ *   returns   its code, 0 to 255; 0 when the position is outside the text */
+VEXLOR32_API int32_t VEXLOR32_CALL AscPos(const char *text, int32_t position);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL ascpos(const char *text, int32_t position);
+VEXLOR32_API int32_t VEXLOR32_CALL ascpos1(const char *text, int32_t position);
+#endif
+
+/* As the function above, with 0-based positions; returns its code, 0 to 255; 0 when the position is outside the text. */
+VEXLOR32_API int32_t VEXLOR32_CALL _ascpos(const char *text, int32_t position);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL ascpos0(const char *text, int32_t position);
+#endif
+
+/* The first character in which two texts differ, within the length of the shorter one.
+ *   a        text; NULL counts as empty
+ *   b        text; NULL counts as empty
+ *   returns  the position, the first character is 1; 0 if there is none */
+VEXLOR32_API int32_t VEXLOR32_CALL AtDiff(const char *a, const char *b);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _atdiff(const char *a, const char *b);
+VEXLOR32_API int32_t VEXLOR32_CALL atdiff(const char *a, const char *b);
+#endif
+
+/* The rest of a text behind the first character in which it differs from another.
+ *   a        text; NULL counts as empty
+ *   b        NULL gives NULL
+ *   returns  a pointer into b; its terminator if nothing differs before it
+ * The character that differs is skipped itself: of abXde, compared with abc, the rest is de. */
+VEXLOR32_API char *VEXLOR32_CALL StrDiff(const char *a, const char *b);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _strdiff(const char *a, const char *b);
+VEXLOR32_API char *VEXLOR32_CALL strdiff(const char *a, const char *b);
+#endif
+
+/* As StrDiff, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strstrdiff(const char *a, const char *b);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrStrDiff(const char *a, const char *b);
+#endif
+
+/* The number of fields or of enclosed sections in a text.
+ *   text        text; NULL counts as empty
+ *   delimiters  one: it separates fields; two: they enclose sections; NULL or empty: one field
+ *   returns     the number, 0 for an empty text */
+VEXLOR32_API uint32_t VEXLOR32_CALL DelimCount(const char *text, const char *delimiters);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _delimcount(const char *text, const char *delimiters);
+VEXLOR32_API uint32_t VEXLOR32_CALL delimcount(const char *text, const char *delimiters);
+#endif
+
+/* A field or an enclosed section of a text; empty if there is none of that number.
+ *   text        text; NULL counts as empty
+ *   delimiters  one: it separates fields; two: they enclose sections; NULL or empty: one field
+ *   n           the number of the field or section; below 1 is 1
+ *   dest        destination; room: len(text) + 1; NULL: the result is a constant empty text
+ *   returns     dest, or a constant empty text when dest is NULL */
+VEXLOR32_API char *VEXLOR32_CALL StrExtract(const char *text, const char *delimiters, int32_t n, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _strextract(const char *text, const char *delimiters, int32_t n, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL strextract(const char *text, const char *delimiters, int32_t n, char *dest);
+#endif
+
+/* As StrExtract, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL StrStrExtract(const char *text, const char *delimiters, int32_t n, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL strstrextract(const char *text, const char *delimiters, int32_t n, char *dest);
 #endif
 
 
@@ -1246,6 +1792,261 @@ VEXLOR32_API uint32_t VEXLOR32_CALL StrStuff(const char *text, int32_t start, in
 
 /* As _stuff, returning the length of the resulting text. */
 VEXLOR32_API uint32_t VEXLOR32_CALL strstuff0(const char *text, int32_t start, int32_t remove, const char *insert, char *dest);
+
+
+/* ---- Tokens ---- */
+
+/* A token of a text; empty if there is no such token.
+ *   text        text; NULL counts as empty
+ *   delimiters  NULL or empty: the default set
+ *   n           the token's number, from the end if negative
+ *   dest        destination; room: len(text) + 1; NULL: nothing is written
+ *   returns     dest */
+VEXLOR32_API char *VEXLOR32_CALL Token(const char *text, const char *delimiters, int32_t n, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _token(const char *text, const char *delimiters, int32_t n, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL token(const char *text, const char *delimiters, int32_t n, char *dest);
+#endif
+
+/* As Token, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL Str_Token(const char *text, const char *delimiters, int32_t n, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrToken(const char *text, const char *delimiters, int32_t n, char *dest);
+VEXLOR32_API uint32_t VEXLOR32_CALL strtoken(const char *text, const char *delimiters, int32_t n, char *dest);
+#endif
+
+/* A token of a text, with its position and length; empty if there is no such token.
+ *   text        text; NULL counts as empty
+ *   delimiters  NULL or empty: the default set
+ *   n           the token's number, from the end if negative
+ *   position    receives the token's position (the first character is 1), 1 if there is no such token; NULL is
+ *               skipped
+ *   length      receives the token's length, 0 if there is no such token; NULL is skipped
+ *   dest        destination; room: len(text) + 1; NULL: nothing is written
+ *   returns     dest */
+VEXLOR32_API char *VEXLOR32_CALL TokenInfo(const char *text, const char *delimiters, int32_t n, int32_t *position, int32_t *length, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _tokeninfo(const char *text, const char *delimiters, int32_t n, int32_t *position, int32_t *length, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL tokeninfo(const char *text, const char *delimiters, int32_t n, int32_t *position, int32_t *length, char *dest);
+#endif
+
+/* As TokenInfo, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strtokeninfo(const char *text, const char *delimiters, int32_t n, int32_t *position, int32_t *length, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrTokenInfo(const char *text, const char *delimiters, int32_t n, int32_t *position, int32_t *length, char *dest);
+#endif
+
+/* The length of a token.
+ *   text        text; NULL counts as empty
+ *   delimiters  NULL or empty: the default set
+ *   n           the token's number, from the end if negative
+ *   returns     the length, 0 if there is no such token */
+VEXLOR32_API uint32_t VEXLOR32_CALL TokenLen(const char *text, const char *delimiters, int32_t n);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _tokenlen(const char *text, const char *delimiters, int32_t n);
+VEXLOR32_API uint32_t VEXLOR32_CALL tokenlen(const char *text, const char *delimiters, int32_t n);
+#endif
+
+/* The number of tokens in a text.
+ *   text        text; NULL counts as empty
+ *   delimiters  NULL or empty: the default set
+ *   returns     the number */
+VEXLOR32_API uint32_t VEXLOR32_CALL NumToken(const char *text, const char *delimiters);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _numtoken(const char *text, const char *delimiters);
+VEXLOR32_API uint32_t VEXLOR32_CALL numtoken(const char *text, const char *delimiters);
+#endif
+
+/* The length of all tokens of a text together, that is, of the text without its delimiters.
+ *   text        text; NULL counts as empty
+ *   delimiters  NULL or empty: the default set
+ *   returns     the length */
+VEXLOR32_API uint32_t VEXLOR32_CALL TokenSize(const char *text, const char *delimiters);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _tokensize(const char *text, const char *delimiters);
+VEXLOR32_API uint32_t VEXLOR32_CALL tokensize(const char *text, const char *delimiters);
+#endif
+
+/* The position of a token.
+ *   text        text; NULL counts as empty
+ *   delimiters  NULL or empty: the default set
+ *   n           the token's number, from the end if negative
+ *   returns     a position, the first character is 1; 0 if there is none */
+VEXLOR32_API int32_t VEXLOR32_CALL AtToken(const char *text, const char *delimiters, int32_t n);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL attoken(const char *text, const char *delimiters, int32_t n);
+VEXLOR32_API int32_t VEXLOR32_CALL attoken1(const char *text, const char *delimiters, int32_t n);
+#endif
+
+/* As the function above, with 0-based positions; returns a position, the first character is 0; -1 if there is none. */
+VEXLOR32_API int32_t VEXLOR32_CALL _attoken(const char *text, const char *delimiters, int32_t n);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL attoken0(const char *text, const char *delimiters, int32_t n);
+#endif
+
+/* The text without a token and the delimiters behind it; unchanged if there is no such token.
+ *   text        text; NULL counts as empty
+ *   delimiters  NULL or empty: the default set
+ *   n           the token's number, from the end if negative
+ *   dest        destination; room: len(text) + 1; NULL: nothing is written
+ *   returns     dest */
+VEXLOR32_API char *VEXLOR32_CALL DeleteToken(const char *text, const char *delimiters, int32_t n, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _deletetoken(const char *text, const char *delimiters, int32_t n, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL deletetoken(const char *text, const char *delimiters, int32_t n, char *dest);
+#endif
+
+/* As DeleteToken, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strdeletetoken(const char *text, const char *delimiters, int32_t n, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrDeleteToken(const char *text, const char *delimiters, int32_t n, char *dest);
+#endif
+
+/* The text with a token replaced; unchanged if there is no such token.
+ *   text         text; NULL counts as empty
+ *   delimiters   NULL or empty: the default set
+ *   n            the token's number, from the end if negative
+ *   replacement  text; NULL counts as empty
+ *   dest         destination; room: len(text) + len(replacement) + 1; NULL: nothing is written
+ *   returns      dest */
+VEXLOR32_API char *VEXLOR32_CALL SwapToken(const char *text, const char *delimiters, int32_t n, const char *replacement, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _swaptoken(const char *text, const char *delimiters, int32_t n, const char *replacement, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL swaptoken(const char *text, const char *delimiters, int32_t n, const char *replacement, char *dest);
+#endif
+
+/* As SwapToken, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strswaptoken(const char *text, const char *delimiters, int32_t n, const char *replacement, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrSwapToken(const char *text, const char *delimiters, int32_t n, const char *replacement, char *dest);
+#endif
+
+/* The tokens of a text, joined by fill characters.
+ *   text        text; NULL counts as empty
+ *   delimiters  NULL or empty: the default set
+ *   count       fill characters between two tokens; below 0 counts as 0
+ *   fill        its first character fills; NULL or empty: the fill character
+ *   dest        destination; room: len(text) + len(text) // 2 * max(count, 0) + 1; NULL: nothing is written
+ *   returns     the terminator of the result; dest itself if there is no token, NULL if dest is NULL
+ * Since the result is the terminator, the length form always returns 0. */
+VEXLOR32_API char *VEXLOR32_CALL SpaceToken(const char *text, const char *delimiters, int32_t count, const char *fill, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _spacetoken(const char *text, const char *delimiters, int32_t count, const char *fill, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL spacetoken(const char *text, const char *delimiters, int32_t count, const char *fill, char *dest);
+#endif
+
+/* As SpaceToken, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strspacetoken(const char *text, const char *delimiters, int32_t count, const char *fill, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrSpaceToken(const char *text, const char *delimiters, int32_t count, const char *fill, char *dest);
+#endif
+
+/* Makes the first character of a token upper case.
+ *   text        text, changed in place; NULL: nothing happens
+ *   delimiters  NULL or empty: the default set
+ *   n           the token's number, from the end if negative
+ *   returns     text */
+VEXLOR32_API char *VEXLOR32_CALL CapToken(char *text, const char *delimiters, int32_t n);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _captoken(char *text, const char *delimiters, int32_t n);
+VEXLOR32_API char *VEXLOR32_CALL captoken(char *text, const char *delimiters, int32_t n);
+#endif
+
+/* Makes a token upper case, and the character behind it, too.
+ *   text        text, changed in place; NULL: nothing happens
+ *   delimiters  NULL or empty: the default set
+ *   n           the token's number, from the end if negative
+ *   returns     text */
+VEXLOR32_API char *VEXLOR32_CALL TokenUpper(char *text, const char *delimiters, int32_t n);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _tokenupper(char *text, const char *delimiters, int32_t n);
+VEXLOR32_API char *VEXLOR32_CALL tokenupper(char *text, const char *delimiters, int32_t n);
+#endif
+
+/* As TokenUpper, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strtokenupper(char *text, const char *delimiters, int32_t n);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrTokenUpper(char *text, const char *delimiters, int32_t n);
+#endif
+
+/* Makes a token lower case, and the character behind it, too.
+ *   text        text, changed in place; NULL: nothing happens
+ *   delimiters  NULL or empty: the default set
+ *   n           the token's number, from the end if negative
+ *   returns     text */
+VEXLOR32_API char *VEXLOR32_CALL TokenLower(char *text, const char *delimiters, int32_t n);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _tokenlower(char *text, const char *delimiters, int32_t n);
+VEXLOR32_API char *VEXLOR32_CALL tokenlower(char *text, const char *delimiters, int32_t n);
+#endif
+
+/* As TokenLower, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strtokenlower(char *text, const char *delimiters, int32_t n);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrTokenLower(char *text, const char *delimiters, int32_t n);
+#endif
+
+/* The first token from a given one onward that is, or begins, a text.
+ *   text        text; NULL counts as empty
+ *   delimiters  NULL or empty: the default set
+ *   match       what a token must be, or be the beginning of; NULL counts as empty
+ *   n           the number of the first token to compare, from the end if negative
+ *   exact       0 takes A-Z and a-z as equal
+ *   returns     the token's number, 0 if none matches; with a negative n, what the count of tokens compared makes it:
+ *               that count - n - 1 */
+VEXLOR32_API int32_t VEXLOR32_CALL MatchToken(const char *text, const char *delimiters, const char *match, int32_t n, int32_t exact);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _matchtoken(const char *text, const char *delimiters, const char *match, int32_t n, int32_t exact);
+VEXLOR32_API int32_t VEXLOR32_CALL matchtoken(const char *text, const char *delimiters, const char *match, int32_t n, int32_t exact);
+#endif
+
+/* The tokens of a text in columns of one width, each aligned by its letter and cut if it is too long.
+ *   text        text; NULL counts as empty
+ *   delimiters  NULL or empty: those of the last call that gave some, at first blank and tab
+ *   count       of columns; -2 makes one for each token
+ *   width       of a column; below 1 counts as 0
+ *   separator   stands between two columns; NULL puts nothing there, yet one fill character more per gap at the end
+ *               of the line
+ *   codes       a letter for each column: L left, R right, C centre; the last one holds for all further columns. NULL
+ *               or empty: L
+ *   dest        destination; room: max(count, (len(text) + 1) // 2) * (max(width, 0) + max(len(separator), 1)) + 1;
+ *               NULL: nothing is written
+ *   returns     dest
+ * Any other letter keeps the place at which the token before began in its column. The line has `count` columns and
+ * the gaps between them; the rest of the room is for a `count` of -2. */
+VEXLOR32_API char *VEXLOR32_CALL AlignToken(const char *text, const char *delimiters, int32_t count, int32_t width, const char *separator, const char *codes, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _aligntoken(const char *text, const char *delimiters, int32_t count, int32_t width, const char *separator, const char *codes, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL aligntoken(const char *text, const char *delimiters, int32_t count, int32_t width, const char *separator, const char *codes, char *dest);
+#endif
+
+/* As AlignToken, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL straligntoken(const char *text, const char *delimiters, int32_t count, int32_t width, const char *separator, const char *codes, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrAlignToken(const char *text, const char *delimiters, int32_t count, int32_t width, const char *separator, const char *codes, char *dest);
+#endif
+
+/* The tokens of a text laid out in a line of exactly a width, cut if they do not fit.
+ *   text        text; NULL counts as empty
+ *   delimiters  NULL or empty: those of the last call that gave some, at first blank and tab
+ *   width       of the line; below 1 gives an empty text
+ *   mode        0 spreads the tokens to both margins; the others put single gaps: 1 from where the first token stands
+ *               in the text, 2 from the left margin, 3 as far from the right margin as in the text, 4 up to the right
+ *               margin
+ *   dest        destination; room: max(width, 0) + 1; NULL: nothing is written
+ *   returns     dest
+ * Any other mode gives a line of fill characters. */
+VEXLOR32_API char *VEXLOR32_CALL TokenJustify(const char *text, const char *delimiters, int32_t width, int32_t mode, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _tokenjustify(const char *text, const char *delimiters, int32_t width, int32_t mode, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL tokenjustify(const char *text, const char *delimiters, int32_t width, int32_t mode, char *dest);
+#endif
+
+/* As TokenJustify, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strtokenjustify(const char *text, const char *delimiters, int32_t width, int32_t mode, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrTokenJustify(const char *text, const char *delimiters, int32_t width, int32_t mode, char *dest);
+#endif
 
 
 /* ---- Trimming and padding ---- */
@@ -1535,6 +2336,71 @@ VEXLOR32_API int32_t VEXLOR32_CALL StrEmpty(const char *text);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _strempty(const char *text);
 VEXLOR32_API int32_t VEXLOR32_CALL strempty(const char *text);
+#endif
+
+
+/* ---- Numbers in words ---- */
+
+/* A whole number in English words.
+ *   number   digits, with a minus sign in front if need be; commas and blanks are skipped, decimals ignored; NULL
+ *            counts as empty
+ *   dest     destination; room: 448; NULL: the result is a constant empty text
+ *   returns  dest, or a constant empty text when dest is NULL
+ * A number of more than 33 digits comes back as digits. The first 63 characters count. */
+VEXLOR32_API char *VEXLOR32_CALL NumToWords(const char *number, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _num2words(const char *number, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL numtowords(const char *number, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL _numtowords(const char *number, char *dest);
+#endif
+
+/* As NumToWords, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL StrNumToWords(const char *number, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL strnum2words(const char *number, char *dest);
+VEXLOR32_API uint32_t VEXLOR32_CALL strnumtowords(const char *number, char *dest);
+#endif
+
+/* The cents of an amount, for a cheque.
+ *   number   an amount; the two digits behind its point count; NULL counts as empty
+ *   style    0: 05/100, 1: 05 cents, 2: five cents, 3: nothing; any other is 0
+ *   dest     destination; room: 24; NULL: nothing is written
+ *   returns  dest
+ * Style 1 always says cents, style 2 says one cent. Further decimals are cut, not rounded. */
+VEXLOR32_API char *VEXLOR32_CALL NumToCents(const char *number, int32_t style, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _num2cents(const char *number, int32_t style, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL num2cents(const char *number, int32_t style, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL numtocents(const char *number, int32_t style, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL _numtocents(const char *number, int32_t style, char *dest);
+#endif
+
+/* As NumToCents, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strnum2cents(const char *number, int32_t style, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrNumToCents(const char *number, int32_t style, char *dest);
+VEXLOR32_API uint32_t VEXLOR32_CALL strnumtocents(const char *number, int32_t style, char *dest);
+#endif
+
+/* An amount in words, for a cheque: one thousand two hundred thirty four dollars and 56/100.
+ *   number   an amount; NULL counts as empty
+ *   style    of the cents, as in NumToCents
+ *   dest     destination; room: 512; NULL: nothing is written
+ *   returns  dest
+ * A missing amount gives a text of its own, which begins with zero02 dollars02. */
+VEXLOR32_API char *VEXLOR32_CALL NumToDollars(const char *number, int32_t style, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _num2dollars(const char *number, int32_t style, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL num2dollars(const char *number, int32_t style, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL numtodollars(const char *number, int32_t style, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL _numtodollars(const char *number, int32_t style, char *dest);
+#endif
+
+/* As NumToDollars, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strnum2dollars(const char *number, int32_t style, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrNumToDollars(const char *number, int32_t style, char *dest);
+VEXLOR32_API uint32_t VEXLOR32_CALL strnumtodollars(const char *number, int32_t style, char *dest);
 #endif
 
 #ifdef __cplusplus
