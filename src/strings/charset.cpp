@@ -6,22 +6,11 @@
 #include <algorithm>
 #include <cstring>
 
+#include "frame/byteset.h"
 #include "frame/text.h"
 
 namespace vx {
 namespace {
-
-// A mark for every character code: a load a look-up, for texts that are walked from end to end.
-struct Marks {
-    std::uint8_t at[256] = {};
-
-    Marks() = default;
-    explicit Marks(const char* set) {
-        if (!set) return;
-        for (; *set; ++set) at[byteOf(*set)] = 1;
-    }
-    std::uint8_t operator[](char c) const { return at[byteOf(c)]; }
-};
 
 constexpr std::size_t kBlock = sizeof(__m128i);
 // Up to this length, comparing all with all is cheaper than clearing and reading 256 counts.
@@ -83,27 +72,27 @@ ENTRY(int32_t, ChrFound)(const char* text, const char* set) noexcept {
 }
 
 ENTRY(int32_t, ChrTotal)(const char* set, const char* text) noexcept {
-    Marks marks(set);
+    ByteSet members(set);
     std::uint32_t total = 0;
-    for (char c : view(text)) total += marks[c];
+    for (char c : view(text)) total += members.flag(c);
     return static_cast<std::int32_t>(total);
 }
 
 ENTRY(int32_t, ChrTotali)(const char* set, const char* text) noexcept {
-    Marks marks;
-    for (char c : view(set)) marks.at[byteOf(upper(c))] = 1;
+    ByteSet members;
+    for (char c : view(set)) members.add(upper(c));
     std::uint32_t total = 0;
-    for (char c : view(text)) total += marks[upper(c)];
+    for (char c : view(text)) total += members.flag(upper(c));
     return static_cast<std::int32_t>(total);
 }
 
 ENTRY(char*, ChrKeep)(const char* set, const char* text, char* dest) noexcept {
     char* to = target(text, dest);
     if (!to) return nullptr;
-    Marks marks(set);
+    ByteSet members(set);
     for (char c : view(text)) {
         *to = c;
-        to += marks[c];
+        to += members.flag(c);
     }
     *to = '\0';
     return to;  // kept: the terminator, not the start

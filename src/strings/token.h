@@ -3,47 +3,22 @@
 // Delimiters in a row separate like one, so no token is ever empty.
 #pragma once
 
-#include <emmintrin.h>
-
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <optional>
 #include <string_view>
-#include <type_traits>
 
+#include "frame/byteset.h"
 #include "frame/text.h"
 
 namespace vx {
 
-// The delimiters of a search. One look-up tells whether a character is among them. The terminator always is, so that a
-// walk over a token needs no test of its own for the end of the text.
-class DelimiterSet {
+// The delimiters of a search. The terminator always is one, so that a walk over a token needs no test of its own for
+// the end of the text.
+class DelimiterSet : public ByteSet {
  public:
-    constexpr explicit DelimiterSet(const char* members) {
-        clear();
-        flags_[0] = 1;
-        for (; *members; ++members) flags_[static_cast<std::uint8_t>(*members)] = 1;
-    }
-
-    constexpr bool contains(char c) const { return flag(c) != 0; }
-    constexpr unsigned flag(char c) const { return flags_[static_cast<std::uint8_t>(c)]; }
-
- private:
-    // By vector stores of a zero that the compiler cannot see: it would make a string instruction of them, whose start
-    // takes longer than a short search.
-    constexpr void clear() {
-        if (std::is_constant_evaluated()) {
-            for (std::uint8_t& flag : flags_) flag = 0;
-        } else {
-            __m128i zero = _mm_setzero_si128();
-            __asm__("" : "+x"(zero));
-#pragma GCC unroll 16
-            for (int c = 0; c < 256; c += 16) _mm_storeu_si128(reinterpret_cast<__m128i*>(flags_ + c), zero);
-        }
-    }
-
-    std::uint8_t flags_[256];
+    constexpr explicit DelimiterSet(const char* members) : ByteSet(members) { add('\0'); }
 };
 
 // Blank, punctuation, line ends (0x8A and 0x8D are the soft ones of memo texts) and the end-of-file mark.

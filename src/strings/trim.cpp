@@ -29,7 +29,7 @@ std::string_view trimmed(std::string_view text, std::int32_t mode, Drop drop) {
 
 std::string_view withoutSet(std::string_view text, const char* set, std::int32_t mode) {
     if (mode < kTrimStart || mode > kTrimEnd) return text;
-    ByteSet members(view(set));
+    ByteSet members(set);
     return trimmed(text, mode, [&members](char c) { return members.contains(c); });
 }
 
