@@ -11,7 +11,22 @@
 namespace vx::catalog {
 
 enum class Kind { kInt, kUint, kChar, kPos, kStr, kEdit, kDest, kOut, kBytes, kBlock, kHandle, kTable, kAny };
-enum class Result { kInt, kUint, kBool, kChar, kPos, kHandle, kTable, kDest, kGiven, kInside, kConst, kBlock, kVoid };
+enum class Result {
+    kInt,
+    kUint,
+    kBool,
+    kChar,
+    kPos,
+    kHandle,
+    kTable,
+    kDest,
+    kGiven,
+    kInside,
+    kConst,
+    kBlock,
+    kEnd,
+    kVoid
+};
 
 // A number of bytes; arithmetic stops at the ends of 64 bits instead of wrapping.
 struct Size {

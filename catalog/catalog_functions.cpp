@@ -15,7 +15,7 @@ const char* const kArgumentTypes[] = {"int32_t ", "uint32_t ", "int32_t ",  "int
                                       "int32_t ", "uint32_t ", "int32_t "};
 const char* const kResultTypes[] = {"int32_t ",     "uint32_t ", "int32_t ", "int32_t ", "int32_t ",
                                     "int32_t ",     "uint32_t ", "char *",   "char *",   "char *",
-                                    "const char *", "void *",    "void "};
+                                    "const char *", "void *",    "void *",   "void "};
 
 std::string lowerCase(std::string_view text) {
     std::string result(text);

@@ -175,7 +175,7 @@ Item Call::resultItem(const catalog::Value& result) {
         item.number = result.number;
         return item;
     }
-    bool isBlock = entry_.result == Result::kBlock;
+    bool isBlock = !catalog::isText(entry_.result);
     const char* start = isBlock ? static_cast<const char*>(result.block) : result.constant;
     item.form = Form::kNull;
     if (!start) return item;

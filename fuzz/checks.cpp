@@ -82,7 +82,9 @@ std::size_t workedOnBy(const Call& call) {
     if (dest != kNone && call.arguments()[dest].inPlace >= 0)
         return static_cast<std::size_t>(call.arguments()[dest].inPlace);
     std::size_t edited = firstOf(call, Kind::kEdit);
-    return edited != kNone ? edited : firstOf(call, Kind::kStr);
+    if (edited != kNone) return edited;
+    std::size_t text = firstOf(call, Kind::kStr);
+    return text != kNone ? text : firstOf(call, Kind::kBytes);
 }
 
 std::string destFaultOf(const Call& call) {
@@ -95,10 +97,9 @@ std::string destFaultOf(const Call& call) {
     if (!expected && !inPlace && givesConstantWithoutDest(call.entry()))
         return result ? constantFaultOf(call) : "the result is NULL";
     if (result == expected) return {};
+    if (result && text != kNone && !call.pointer(text)) return constantFaultOf(call);
     if (!expected && !inPlace) return "the destination is NULL and the result is not";
-    if (!result) return "the result is NULL";
-    if (text != kNone && !call.pointer(text)) return constantFaultOf(call);
-    return "the result does not point to the destination";
+    return result ? "the result does not point to the destination" : "the result is NULL";
 }
 
 std::string insideFaultOf(const Call& call) {
@@ -133,6 +134,13 @@ std::string resultFaultOf(const Call& call) {
             std::size_t block = firstOf(call, Kind::kBlock);
             bool same = !call.result().block || block == kNone || call.resultText() == call.pointer(block);
             return same ? "" : "the result is not the block";
+        }
+        case Result::kEnd: {
+            if (!call.result().block) return {};
+            auto place = call.find(call.result().block);
+            bool within = place && place->argument == firstOf(call, Kind::kBlock) && place->offset >= 0 &&
+                          place->offset <= call.need(place->argument).bytes;
+            return within ? "" : "the result points neither into the block nor to its end";
         }
         case Result::kVoid:
             return {};

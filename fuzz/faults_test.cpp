@@ -218,6 +218,18 @@ TEST(RandomCaller, ComparesTwins) {
     EXPECT_NE(faultBetween(unmoved, zeroBased, true, twinFaultOf), "");
 }
 
+TEST(RandomCaller, ChecksTheEndOfABlock) {
+    static const Argument arguments[] = {
+        {"block", Kind::kBlock, [](const Value*) { return Size{33}; }, -1, -1, -1, false, false, ""},
+    };
+    auto end = [](Function, const Value* a, Value* r) { r->block = a[0].text ? a[0].text + 33 : nullptr; };
+    auto beyond = [](Function, const Value* a, Value* r) { r->block = a[0].text ? a[0].text + 34 : nullptr; };
+    auto elsewhere = [](Function, const Value*, Value* r) { r->constant = "x"; };
+    EXPECT_EQ(complaintOf(entryOf(end, Result::kEnd, arguments)), "");
+    EXPECT_NE(complaintOf(entryOf(beyond, Result::kEnd, arguments)), "");
+    EXPECT_NE(complaintOf(entryOf(elsewhere, Result::kEnd, arguments)), "");
+}
+
 // A draw that depends on the order in which a compiler evaluates things gives another sum on another system. Changed
 // alphabets change it, too: then it must be one new number for all systems.
 TEST(RandomCaller, DrawsTheSameEverywhere) {

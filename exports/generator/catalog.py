@@ -4,7 +4,7 @@ from wording import argument_words, result_words, summary
 
 VALUE_FIELD = {"str": "text", "edit": "text", "dest": "text", "out": "numbers", "bytes": "block", "block": "block"}
 UNSIGNED = {"uint", "table"}
-RESULT_FIELD = {"dest": "text", "given": "text", "inside": "text", "const": "constant", "block": "block"}
+RESULT_FIELD = {"dest": "text", "given": "text", "inside": "text", "const": "constant", "block": "block", "end": "block"}
 
 
 def quoted(text):

@@ -41,6 +41,7 @@ RESULT_KINDS = {
     "inside": "char *",
     "const": "const char *",
     "block": "void *",
+    "end": "void *",
     "void": "void",
 }
 ENTRY_KEYS = {"names", "length", "zero", "zero-length", "args", "returns", "does", "notes",
@@ -215,8 +216,8 @@ class FamilyReader:
                     self.fail(entry, "args", f"room of `{argument.name}`: {error}")
             if argument.in_place and kinds.get(argument.in_place) != "str":
                 self.fail(entry, "args", f"`{argument.name}` is in place of `{argument.in_place}`, which is no str argument")
-            if argument.without and kinds.get(argument.without) != "str":
-                self.fail(entry, "args", f"`{argument.name}` is untouched without `{argument.without}`, which is no str argument")
+            if argument.without and kinds.get(argument.without) not in {"str", "bytes"}:
+                self.fail(entry, "args", f"`{argument.name}` is untouched without `{argument.without}`, which is no str argument and no bytes")
             if argument.below_zero and kinds.get(argument.below_zero) != "int":
                 self.fail(entry, "args", f"`{argument.name}` is untouched below zero of `{argument.below_zero}`, which is no int argument")
         return arguments

@@ -26,6 +26,7 @@ RESULT_WORDS = {
     "inside": "a pointer into the result",
     "const": "a constant text of the library; never write to it",
     "block": "the block",
+    "end": "just past the last byte written to the block",
     "void": "nothing",
 }
 

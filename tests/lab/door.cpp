@@ -1,5 +1,7 @@
 #include "tests/lab/door.h"
 
+#include "checks/checksum.h"
+
 #if defined(_WIN32)
 #define VISIBLE
 #else
@@ -7,6 +9,6 @@
 #endif
 
 extern "C" VISIBLE vx::lab::Door* vexlor32_seam() {
-    static vx::lab::Door door{&vx::platform::current(), &vx::library, vx::attach, vx::detach};
+    static vx::lab::Door door{&vx::platform::current(), &vx::library, vx::attach, vx::detach, &vx::foldsCrc32};
     return &door;
 }

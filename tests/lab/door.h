@@ -12,6 +12,7 @@ struct Door {
     Library* library;
     void (*attach)(void* module);
     void (*detach)();
+    bool* foldsCrc32;  // false: by tables, as on a processor without carry-less multiplication
 };
 
 using OpenDoor = Door* (*)();
