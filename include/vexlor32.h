@@ -33,6 +33,90 @@ extern "C" {
 #endif
 
 
+/* ---- Blobs ---- */
+
+/* Fills a field of a blob with a text, cut to the field's length, and zero bytes.
+ *   blob     NULL: nothing happens; room: max(offset, 0) + max(length, min(len(text), max(length, 0)) + 1)
+ *   offset   of the field; below 0 counts as 0
+ *   length   of the field; below 0 counts as 0
+ *   text     text; NULL counts as empty
+ *   returns  the blob
+ * A terminator always follows the text: when the text fills the field, it lies on the byte behind the field. */
+VEXLOR32_API void *VEXLOR32_CALL _str2blob(void *blob, int32_t offset, int32_t length, const char *text);
+
+/* Stores a byte in a blob.
+ *   blob     NULL: nothing happens; room: max(offset, 0) + 1
+ *   offset   below 0 counts as 0
+ *   value    character; only the low byte counts
+ *   returns  the byte that was there, -128 to 127; 0 if the blob is NULL */
+VEXLOR32_API int32_t VEXLOR32_CALL _byte2blob(void *blob, int32_t offset, int32_t value);
+
+/* Stores a 32-bit number in a blob, its low byte first, at any offset.
+ *   blob     NULL: nothing happens; room: max(offset, 0) + 4
+ *   offset   below 0 counts as 0
+ *   value    signed number
+ *   returns  the number that was there; 0 if the blob is NULL */
+VEXLOR32_API int32_t VEXLOR32_CALL _int2blob(void *blob, int32_t offset, int32_t value);
+
+/* The same as _int2blob: both store 32 bits.
+ *   blob     NULL: nothing happens; room: max(offset, 0) + 4
+ *   offset   below 0 counts as 0
+ *   value    signed number
+ *   returns  the number that was there; 0 if the blob is NULL */
+VEXLOR32_API int32_t VEXLOR32_CALL _long2blob(void *blob, int32_t offset, int32_t value);
+
+/* The byte at an offset of a blob.
+ *   blob     NULL gives 0; room: max(offset, 0) + 1
+ *   offset   below 0 counts as 0
+ *   returns  -128 to 127 */
+VEXLOR32_API int32_t VEXLOR32_CALL _blob2byte(const void *blob, int32_t offset);
+
+/* The 32-bit number at an offset of a blob.
+ *   blob     NULL gives 0; room: max(offset, 0) + 4
+ *   offset   below 0 counts as 0
+ *   returns  a signed number */
+VEXLOR32_API int32_t VEXLOR32_CALL _blob2int(const void *blob, int32_t offset);
+
+/* The same as _blob2int: both read 32 bits.
+ *   blob     NULL gives 0; room: max(offset, 0) + 4
+ *   offset   below 0 counts as 0
+ *   returns  a signed number */
+VEXLOR32_API int32_t VEXLOR32_CALL _blob2long(const void *blob, int32_t offset);
+
+/* Copies bytes of a blob, zero bytes among them, and adds a terminator.
+ *   blob     NULL: the result is a constant empty text; room: max(offset, 0) + max(count, 0)
+ *   offset   below 0 counts as 0
+ *   count    number of bytes; below 0 counts as 0
+ *   dest     destination; room: max(count, 0) + 1; NULL: nothing is written; left as it is when blob is NULL
+ *   returns  dest, or a constant empty text when the blob is NULL */
+VEXLOR32_API char *VEXLOR32_CALL _blob2str(const void *blob, int32_t offset, int32_t count, char *dest);
+
+/* As _blob2str, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strblob2str(const void *blob, int32_t offset, int32_t count, char *dest);
+
+/* Copies bytes from a place in one blob to a place in another.
+ *   blob        NULL: nothing happens; room: max(offset, 0) + max(count, 0)
+ *   offset      below 0 counts as 0
+ *   dest        NULL: nothing happens; room: max(destOffset, 0) + max(count, 0)
+ *   destOffset  below 0 counts as 0
+ *   count       number of bytes; below 0 counts as 0
+ *   returns     just past the last byte written, ready for the next piece; dest if either block is NULL */
+VEXLOR32_API void *VEXLOR32_CALL blobcopy(const void *blob, int32_t offset, void *dest, int32_t destOffset, int32_t count);
+
+/* Copies bytes one by one, from the first to the last.
+ *   dest     NULL: nothing happens; room: max(count, 0)
+ *   source   NULL: nothing happens; room: max(count, 0)
+ *   count    number of bytes; below 0 counts as 0
+ *   returns  dest
+ * A destination inside the source repeats the source's first bytes: `MemCopy(p + 1, p, n)` fills with the byte at p. */
+VEXLOR32_API void *VEXLOR32_CALL MemCopy(void *dest, const void *source, int32_t count);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API void *VEXLOR32_CALL _memcpy(void *dest, const void *source, int32_t count);
+VEXLOR32_API void *VEXLOR32_CALL memcopy(void *dest, const void *source, int32_t count);
+VEXLOR32_API void *VEXLOR32_CALL _memcopy(void *dest, const void *source, int32_t count);
+#endif
+
+
 /* ---- Expression calculator ---- */
 
 /* Evaluates an arithmetic expression in single precision and formats its value.
@@ -265,6 +349,133 @@ VEXLOR32_API char *VEXLOR32_CALL chrunique(const char *text, char *dest);
 VEXLOR32_API uint32_t VEXLOR32_CALL strchrunique(const char *text, char *dest);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API uint32_t VEXLOR32_CALL StrChrUnique(const char *text, char *dest);
+#endif
+
+
+/* ---- Checksums and hashes ---- */
+
+/* CRC-32 of a block, carried on from a running value: reflected polynomial 0xEDB88320.
+ *   bytes    NULL: the running value comes back; room: count
+ *   running  the value so far; 0xFFFFFFFF at the start of the usual CRC-32
+ *   count    number of bytes; 0 gives the running value back
+ *   returns  the new running value, not inverted */
+VEXLOR32_API uint32_t VEXLOR32_CALL Crc32(const void *bytes, uint32_t running, uint32_t count);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _crc32(const void *bytes, uint32_t running, uint32_t count);
+VEXLOR32_API uint32_t VEXLOR32_CALL crc32(const void *bytes, uint32_t running, uint32_t count);
+#endif
+
+/* CRC-16 of a block, carried on from a running value: CCITT polynomial 0x1021, not reflected.
+ *   bytes    NULL: the running value comes back; room: count
+ *   running  the value so far, of which the low 16 bits count; 0 at the start of CRC-16/XMODEM
+ *   count    number of bytes; 0 gives the running value back as it was
+ *   returns  the new running value in its low 16 bits; mask it to use it
+ * Bits 16 to 23 of the result hold the upper half of the value before the last byte; they are harmless in the next
+ * call. */
+VEXLOR32_API uint32_t VEXLOR32_CALL Crc16(const void *bytes, uint32_t running, uint32_t count);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _crc16(const void *bytes, uint32_t running, uint32_t count);
+VEXLOR32_API uint32_t VEXLOR32_CALL crc16(const void *bytes, uint32_t running, uint32_t count);
+#endif
+
+/* Sum over a text's characters, each plus 1, times its position from 1, times 256; characters from 0x80 up count as
+ * negative.
+ *   text     text; NULL counts as empty
+ *   returns  the sum, modulo 2^32; 0 for an empty text */
+VEXLOR32_API uint32_t VEXLOR32_CALL CheckSum(const char *text);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _checksum(const char *text);
+VEXLOR32_API uint32_t VEXLOR32_CALL checksum(const char *text);
+#endif
+
+/* The plain sum of a text's characters, each 0 to 255.
+ *   text     text; NULL counts as empty
+ *   returns  the sum */
+VEXLOR32_API uint32_t VEXLOR32_CALL StrSum(const char *text);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _strsum(const char *text);
+VEXLOR32_API uint32_t VEXLOR32_CALL strsum(const char *text);
+#endif
+
+/* Hash of a text into a table. The first character does not count.
+ *   text     text; NULL counts as empty
+ *   size     of the hash table, a power of two
+ *   returns  0 to size - 1 */
+VEXLOR32_API uint32_t VEXLOR32_CALL StrHash(const char *text, uint32_t size);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _strhash(const char *text, uint32_t size);
+VEXLOR32_API uint32_t VEXLOR32_CALL strhash(const char *text, uint32_t size);
+#endif
+
+/* As StrHash, with a 16-bit table size.
+ *   text     text; NULL counts as empty
+ *   size     of the hash table, a power of two; only the low 16 bits count
+ *   returns  0 to size - 1 */
+VEXLOR32_API uint32_t VEXLOR32_CALL vbstrhash(const char *text, uint32_t size);
+
+/* Hash of a block into a table. It begins with the second byte and ends with the one behind the counted bytes.
+ *   bytes    one byte more than the count is read; NULL gives 0; room: max(count, 0) + 1
+ *   count    number of bytes; below 1 gives 0
+ *   size     of the hash table, a power of two
+ *   returns  0 to size - 1 */
+VEXLOR32_API uint32_t VEXLOR32_CALL blobhash(const void *bytes, int32_t count, uint32_t size);
+
+
+/* ---- Text cipher ---- */
+
+/* Encrypts a text in place by a repeated key; the same call decrypts it.
+ *   text     changed in place; NULL: nothing happens
+ *   key      its first 255 characters count; NULL or empty: the built-in phrase
+ *   result   handed back as it is, never written to; usually the text itself; NULL counts as empty
+ *   returns  the third argument
+ * A character from 0x80 up that meets its own key character becomes the terminator: the encrypted text then looks
+ * shorter. */
+VEXLOR32_API char *VEXLOR32_CALL Encrypt(char *text, const char *key, const char *result);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _encrypt(char *text, const char *key, const char *result);
+#endif
+
+/* As Encrypt, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL StrEncrypt(char *text, const char *key, const char *result);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL strencrypt(char *text, const char *key, const char *result);
+#endif
+
+/* The same operation as Encrypt, which is its own inverse.
+ *   text     changed in place; NULL: nothing happens
+ *   key      its first 255 characters count; NULL or empty: the built-in phrase
+ *   result   handed back as it is, never written to; usually the text itself; NULL counts as empty
+ *   returns  the third argument */
+VEXLOR32_API char *VEXLOR32_CALL Decrypt(char *text, const char *key, const char *result);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _decrypt(char *text, const char *key, const char *result);
+VEXLOR32_API char *VEXLOR32_CALL decrypt(char *text, const char *key, const char *result);
+#endif
+
+/* As Decrypt, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL StrDecrypt(char *text, const char *key, const char *result);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL strdecrypt(char *text, const char *key, const char *result);
+#endif
+
+/* Encrypts a block in place by the built-in key; the same call decrypts it.
+ *   buffer   changed in place; NULL: nothing happens; room: count
+ *   count    number of bytes
+ *   key      not used: the built-in key always applies; NULL counts as empty
+ *   returns  the buffer */
+VEXLOR32_API void *VEXLOR32_CALL _blobencrypt(void *buffer, uint32_t count, const char *key);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API void *VEXLOR32_CALL _memencrypt(void *buffer, uint32_t count, const char *key);
+#endif
+
+/* The same operation as _blobencrypt, which is its own inverse.
+ *   buffer   changed in place; NULL: nothing happens; room: count
+ *   count    number of bytes
+ *   key      not used: the built-in key always applies; NULL counts as empty
+ *   returns  the buffer */
+VEXLOR32_API void *VEXLOR32_CALL _blobdecrypt(void *buffer, uint32_t count, const char *key);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API void *VEXLOR32_CALL _memdecrypt(void *buffer, uint32_t count, const char *key);
 #endif
 
 
@@ -1317,6 +1528,17 @@ VEXLOR32_API uint32_t VEXLOR32_CALL strbitstrip(const char *text, char *dest);
 #endif
 
 
+/* ---- Random numbers ---- */
+
+/* The next pseudo-random number, or the first one of a seed's sequence.
+ *   seed     not 0: starts the sequence of its low 16 bits anew; 0: goes on
+ *   returns  0 to 32767 */
+VEXLOR32_API int32_t VEXLOR32_CALL Random(int32_t seed);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _random(int32_t seed);
+#endif
+
+
 /* ---- Search and replace ---- */
 
 /* The text with occurrences of one text replaced by another.
@@ -1701,6 +1923,63 @@ VEXLOR32_API char *VEXLOR32_CALL strextract(const char *text, const char *delimi
 VEXLOR32_API uint32_t VEXLOR32_CALL StrStrExtract(const char *text, const char *delimiters, int32_t n, char *dest);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API uint32_t VEXLOR32_CALL strstrextract(const char *text, const char *delimiters, int32_t n, char *dest);
+#endif
+
+
+/* ---- States and ZIP codes ---- */
+
+/* The two-letter code of the state to which a ZIP code belongs.
+ *   zip      a ZIP code, of which the first three characters count; NULL counts as empty
+ *   dest     left as it was when there is no such state; room: 3; NULL: nothing is written; must already end at its
+ *            last byte
+ *   returns  dest
+ * Put an empty text into the destination before the call, so that it tells when no state has the ZIP code. */
+VEXLOR32_API char *VEXLOR32_CALL State(const char *zip, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _state(const char *zip, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL state(const char *zip, char *dest);
+#endif
+
+/* As State, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strstate(const char *zip, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrState(const char *zip, char *dest);
+#endif
+
+/* The name of a state for its code, its code for its name; empty if it is neither.
+ *   text     a state's code or name, in any letter case, blanks around it; 257 characters at most; NULL counts as
+ *            empty
+ *   dest     destination; room: 21; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL StateCode(const char *text, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _statecode(const char *text, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL statecode(const char *text, char *dest);
+#endif
+
+/* As StateCode, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strstatecode(const char *text, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrStateCode(const char *text, char *dest);
+#endif
+
+/* Whether a text begins, after blanks, with a state code in capitals, followed by a blank or nothing.
+ *   text     text; NULL counts as empty
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsState(const char *text);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _isstate(const char *text);
+VEXLOR32_API int32_t VEXLOR32_CALL isstate(const char *text);
+#endif
+
+/* Whether a ZIP code belongs to a state.
+ *   state    a state code, in any letter case, blanks around it; 256 characters at most; NULL counts as empty
+ *   zip      a ZIP code, blanks before it; its first three characters count; NULL counts as empty
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsZip(const char *state, const char *zip);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _iszip(const char *state, const char *zip);
+VEXLOR32_API int32_t VEXLOR32_CALL iszip(const char *state, const char *zip);
 #endif
 
 
