@@ -42,11 +42,13 @@ HeadResult findInHead(const char* search, const char* text, std::int32_t n) {
         if (readableFrom(block) <= kBlock) return {Head::kUndecided};
         const unsigned ends = bits(_mm_cmpeq_epi8(load(block), _mm_setzero_si128()));
         const unsigned hits = bits(_mm_and_si128(first(block), second(block + secondAt)));
-        for (unsigned mask = hits & ~ends & (ends - 1); mask; mask &= mask - 1) {
-            const auto bit = static_cast<std::size_t>(std::countr_zero(mask));
+        for (unsigned mask = hits & ~ends & (ends - 1); mask;) {
+            const int bit = n == kLast ? std::bit_width(mask) - 1 : std::countr_zero(mask);
+            mask &= ~(1u << bit);
             if (!startsWith<Fold>(block + bit, search)) continue;
-            last = {Head::kFound, base + bit};
-            if (n != kLast && --n == 0) return last;
+            last = {Head::kFound, base + static_cast<std::size_t>(bit)};
+            if (n == kLast) break;
+            if (--n == 0) return last;
         }
         if (ends) return n == kLast ? last : HeadResult{Head::kNone};
     }
