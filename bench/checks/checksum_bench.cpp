@@ -7,7 +7,7 @@
 
 #include "bench/support/pair.h"
 #include "tests/support/library.h"
-#if defined(VEXLOR_HAS_LIBDEFLATE)
+#if defined(BENCH_HAS_DEFLATE)
 #include <libdeflate.h>
 #endif
 
@@ -57,7 +57,7 @@ void crcs(const char* size, std::size_t count) {
     auto bytes = bytesOf(count);
     auto number = static_cast<std::uint32_t>(count);
     std::string suffix = std::string("/") + size;
-#if defined(VEXLOR_HAS_LIBDEFLATE)
+#if defined(BENCH_HAS_DEFLATE)
     pair(
         "Crc32" + suffix, count, [=, call = lib().Crc32] { return call(bytes->data(), 0xFFFFFFFFu, number); },
         [=] { return libdeflate_crc32(0, bytes->data(), count); });
