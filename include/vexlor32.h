@@ -1300,6 +1300,52 @@ VEXLOR32_API uint32_t VEXLOR32_CALL StrStrJustify(const char *text, int32_t widt
 #endif
 
 
+/* ---- Phonetic codes ---- */
+
+/* The Soundex code of a text: its first character, then a digit for each group of similar consonants.
+ *   text     text; NULL counts as empty
+ *   pad      its first character pads; NULL or empty: `0`
+ *   length   of the code; below 1 gives an empty text
+ *   dest     destination; room: max(length, 0) + 1; NULL: text is changed in place and needs that room
+ *   returns  dest, or text when dest is NULL */
+VEXLOR32_API char *VEXLOR32_CALL Soundex(const char *text, const char *pad, int32_t length, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _soundex(const char *text, const char *pad, int32_t length, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL soundex(const char *text, const char *pad, int32_t length, char *dest);
+#endif
+
+/* As Soundex, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL StrSoundex(const char *text, const char *pad, int32_t length, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL strsoundex(const char *text, const char *pad, int32_t length, char *dest);
+#endif
+
+/* Keeps a code length for callers; at first it is 4. `Soundex` does not use it.
+ *   length   the new setting; below 0 only asks
+ *   returns  the previous setting */
+VEXLOR32_API int32_t VEXLOR32_CALL SoundexLen(int32_t length);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _soundexlen(int32_t length);
+VEXLOR32_API int32_t VEXLOR32_CALL soundexlen(int32_t length);
+#endif
+
+/* A phonetic key of a word: its consonants as they sound, and its first letter.
+ *   word     its first 1024 characters count; NULL counts as empty
+ *   dest     destination; room: 2 * min(len(word), 1024) + 1; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL MetaFone(const char *word, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _metafone(const char *word, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL metafone(const char *word, char *dest);
+#endif
+
+/* As MetaFone, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL StrMetaFone(const char *word, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL strmetafone(const char *word, char *dest);
+#endif
+
+
 /* ---- Radix conversion ---- */
 
 /* A 16-bit value in hexadecimal: four digits, or two when it is at most 255.
@@ -1923,6 +1969,22 @@ VEXLOR32_API char *VEXLOR32_CALL strextract(const char *text, const char *delimi
 VEXLOR32_API uint32_t VEXLOR32_CALL StrStrExtract(const char *text, const char *delimiters, int32_t n, char *dest);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API uint32_t VEXLOR32_CALL strstrextract(const char *text, const char *delimiters, int32_t n, char *dest);
+#endif
+
+
+/* ---- Similarity ---- */
+
+/* How well a text occurs, approximately, somewhere inside another.
+ *   pattern  text; NULL counts as empty
+ *   text     text; NULL counts as empty
+ *   returns  0 to 100
+ * 200 * (m - d) / (m + n), cut to a whole number: m and n are the lengths of pattern and text, d is the number of
+ * characters that must be inserted, deleted or replaced to turn the pattern into the stretch of the text that is most
+ * like it. */
+VEXLOR32_API int32_t VEXLOR32_CALL Similarity(const char *pattern, const char *text);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _similarity(const char *pattern, const char *text);
+VEXLOR32_API int32_t VEXLOR32_CALL similarity(const char *pattern, const char *text);
 #endif
 
 
@@ -2615,6 +2677,119 @@ VEXLOR32_API int32_t VEXLOR32_CALL StrEmpty(const char *text);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _strempty(const char *text);
 VEXLOR32_API int32_t VEXLOR32_CALL strempty(const char *text);
+#endif
+
+
+/* ---- Wildcard matching ---- */
+
+/* Whether a pattern matches a text from its first character on.
+ *   pattern  text; NULL counts as empty
+ *   text     text; NULL counts as empty
+ *   exact    0 ignores case
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL WildCard(const char *pattern, const char *text, int32_t exact);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _wildcard(const char *pattern, const char *text, int32_t exact);
+VEXLOR32_API int32_t VEXLOR32_CALL wildcard(const char *pattern, const char *text, int32_t exact);
+#endif
+
+/* How many characters the pattern's first `*` skips, as a position.
+ *   pattern  text; NULL counts as empty
+ *   text     text; NULL counts as empty
+ *   exact    0 ignores case
+ *   returns  a position, the first character is 1; 0 if there is none
+ * A `*` that ends the pattern skips nothing. With a pattern like `*word*` the result is where the word stands. */
+VEXLOR32_API int32_t VEXLOR32_CALL WildAt(const char *pattern, const char *text, int32_t exact);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL wildat(const char *pattern, const char *text, int32_t exact);
+VEXLOR32_API int32_t VEXLOR32_CALL wildat1(const char *pattern, const char *text, int32_t exact);
+#endif
+
+/* As the function above, with 0-based positions; returns a position, the first character is 0; -1 if there is none. */
+VEXLOR32_API int32_t VEXLOR32_CALL _wildat(const char *pattern, const char *text, int32_t exact);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL wildat0(const char *pattern, const char *text, int32_t exact);
+#endif
+
+/* Where match n starts.
+ *   pattern  text; NULL counts as empty
+ *   text     text; NULL counts as empty
+ *   n        the match's number
+ *   exact    0 ignores case
+ *   returns  a position, the first character is 1; 0 if there is none
+ * With n = 0 nothing is found if the pattern matches, and the text's first position if it does not. */
+VEXLOR32_API int32_t VEXLOR32_CALL WildAtNext(const char *pattern, const char *text, uint32_t n, int32_t exact);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL wildatnext(const char *pattern, const char *text, uint32_t n, int32_t exact);
+VEXLOR32_API int32_t VEXLOR32_CALL wildatnext1(const char *pattern, const char *text, uint32_t n, int32_t exact);
+#endif
+
+/* As the function above, with 0-based positions; returns a position, the first character is 0; -1 if there is none. */
+VEXLOR32_API int32_t VEXLOR32_CALL _wildatnext(const char *pattern, const char *text, uint32_t n, int32_t exact);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL wildatnext0(const char *pattern, const char *text, uint32_t n, int32_t exact);
+#endif
+
+/* The length of match n.
+ *   pattern  text; NULL counts as empty
+ *   text     text; NULL counts as empty
+ *   n        the match's number; 0 gives 0
+ *   exact    0 ignores case
+ *   returns  the length, 0 if there is no such match */
+VEXLOR32_API uint32_t VEXLOR32_CALL WildLen(const char *pattern, const char *text, uint32_t n, int32_t exact);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _wildlen(const char *pattern, const char *text, uint32_t n, int32_t exact);
+VEXLOR32_API uint32_t VEXLOR32_CALL wildlen(const char *pattern, const char *text, uint32_t n, int32_t exact);
+#endif
+
+/* The number of successive matches.
+ *   pattern  text; NULL counts as empty
+ *   text     text; NULL counts as empty
+ *   exact    0 ignores case
+ *   returns  the number */
+VEXLOR32_API uint32_t VEXLOR32_CALL WildCount(const char *pattern, const char *text, int32_t exact);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _wildcount(const char *pattern, const char *text, int32_t exact);
+VEXLOR32_API uint32_t VEXLOR32_CALL wildcount(const char *pattern, const char *text, int32_t exact);
+#endif
+
+/* Match n, or an empty text if there is no such match.
+ *   pattern  text; NULL counts as empty
+ *   text     text; NULL counts as empty
+ *   n        the match's number; 0 gives an empty text
+ *   exact    0 ignores case
+ *   dest     destination; room: len(text) + 1; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL WildExtract(const char *pattern, const char *text, uint32_t n, int32_t exact, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _wildextract(const char *pattern, const char *text, uint32_t n, int32_t exact, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL wildextract(const char *pattern, const char *text, uint32_t n, int32_t exact, char *dest);
+#endif
+
+/* As WildExtract, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strwildextract(const char *pattern, const char *text, uint32_t n, int32_t exact, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrWildExtract(const char *pattern, const char *text, uint32_t n, int32_t exact, char *dest);
+#endif
+
+/* The text with match n replaced.
+ *   pattern      text; NULL counts as empty
+ *   text         text; NULL counts as empty
+ *   n            the match's number; 0 replaces nothing
+ *   exact        0 ignores case
+ *   replacement  NULL deletes the match
+ *   dest         destination; room: len(text) + len(replacement) + 1; NULL: nothing is written
+ *   returns      dest */
+VEXLOR32_API char *VEXLOR32_CALL WildSwap(const char *pattern, const char *text, uint32_t n, int32_t exact, const char *replacement, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _wildswap(const char *pattern, const char *text, uint32_t n, int32_t exact, const char *replacement, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL wildswap(const char *pattern, const char *text, uint32_t n, int32_t exact, const char *replacement, char *dest);
+#endif
+
+/* As WildSwap, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strwildswap(const char *pattern, const char *text, uint32_t n, int32_t exact, const char *replacement, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrWildSwap(const char *pattern, const char *text, uint32_t n, int32_t exact, const char *replacement, char *dest);
 #endif
 
 
