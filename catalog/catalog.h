@@ -55,9 +55,10 @@ struct Argument {
     Size (*room)(const Value* arguments);  // null where the argument has no room of its own
     int inPlace;                           // index of the text that is changed when this is NULL, or -1
     int untouchedWithout;                  // index of the text without which (NULL) this is left as it is, or -1
-    int untouchedBelowZero;                // index of the number below zero of which this is left as it is, or -1
-    bool terminated;                       // the caller must have ended the destination at its last byte
-    bool nullGivesConstant;                // when this is NULL the result is a constant empty text
+    int untouchedBelow;                    // index of the number below the limit of which this is left as it is, or -1
+    int limit;
+    bool terminated;         // the caller must have ended the destination at its last byte
+    bool nullGivesConstant;  // when this is NULL the result is a constant empty text
     const char* meaning;
 };
 

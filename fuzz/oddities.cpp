@@ -39,7 +39,7 @@ bool givesConstantWithoutDest(const Entry& entry) {
 bool leftAlone(const Plan& plan) {
     auto leaves = [&](const catalog::Argument& a) {
         return (a.untouchedWithout >= 0 && plan.inputs[static_cast<std::size_t>(a.untouchedWithout)].null) ||
-               (a.untouchedBelowZero >= 0 && plan.inputs[static_cast<std::size_t>(a.untouchedBelowZero)].number < 0);
+               (a.untouchedBelow >= 0 && plan.inputs[static_cast<std::size_t>(a.untouchedBelow)].number < a.limit);
     };
     const auto& arguments = plan.entry->arguments;
     return std::any_of(arguments.begin(), arguments.end(), leaves);

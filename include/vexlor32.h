@@ -1585,6 +1585,152 @@ VEXLOR32_API int32_t VEXLOR32_CALL _random(int32_t seed);
 #endif
 
 
+/* ---- Regular expressions ---- */
+
+/* Compiles a pattern.
+ *   pattern  the pattern; NULL or empty asks for the last one
+ *   returns  0, or the error code */
+VEXLOR32_API int32_t VEXLOR32_CALL RegCheck(const char *pattern);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _regcheck(const char *pattern);
+VEXLOR32_API int32_t VEXLOR32_CALL regcheck(const char *pattern);
+#endif
+
+/* Where a pattern first matches.
+ *   pattern  the pattern; NULL or empty means the last one
+ *   text     text; NULL counts as empty
+ *   returns  the position (the first character is 1), 0 if there is none, or the error code */
+VEXLOR32_API int32_t VEXLOR32_CALL RegAt(const char *pattern, const char *text);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _regat(const char *pattern, const char *text);
+VEXLOR32_API int32_t VEXLOR32_CALL regat(const char *pattern, const char *text);
+#endif
+
+/* Where a pattern matches for the n-th time.
+ *   pattern  the pattern; NULL or empty means the last one
+ *   text     text; NULL counts as empty
+ *   n        which match, 1 for the first
+ *   returns  the position (the first character is 1), 0 if there are fewer matches, or the error code */
+VEXLOR32_API int32_t VEXLOR32_CALL RegAtNext(const char *pattern, const char *text, uint32_t n);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _regatnext(const char *pattern, const char *text, uint32_t n);
+VEXLOR32_API int32_t VEXLOR32_CALL regatnext(const char *pattern, const char *text, uint32_t n);
+#endif
+
+/* The length of the n-th match.
+ *   pattern  the pattern; NULL or empty means the last one
+ *   text     text; NULL counts as empty
+ *   n        which match, 1 for the first
+ *   returns  the length, 0 if there are fewer matches, or the error code */
+VEXLOR32_API int32_t VEXLOR32_CALL RegLen(const char *pattern, const char *text, uint32_t n);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _reglen(const char *pattern, const char *text, uint32_t n);
+VEXLOR32_API int32_t VEXLOR32_CALL reglen(const char *pattern, const char *text, uint32_t n);
+#endif
+
+/* How often a pattern matches. Matches may overlap: the next search starts one character after the previous match's
+ * start.
+ *   pattern  the pattern; NULL or empty means the last one
+ *   text     text; NULL counts as empty
+ *   returns  the number of matches, or the error code */
+VEXLOR32_API int32_t VEXLOR32_CALL RegCount(const char *pattern, const char *text);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _regcount(const char *pattern, const char *text);
+VEXLOR32_API int32_t VEXLOR32_CALL regcount(const char *pattern, const char *text);
+#endif
+
+/* The n-th match, cut to size - 1 characters; empty if there are fewer matches or the pattern is bad.
+ *   pattern  the pattern; NULL or empty means the last one
+ *   text     text; NULL counts as empty
+ *   n        which match, 1 for the first
+ *   dest     destination; room: min(max(size, 0), len(text) + 2); NULL: nothing is written; left as it is when size
+ *            is below 1
+ *   size     bytes at dest, the terminator included
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL RegExtract(const char *pattern, const char *text, uint32_t n, char *dest, int32_t size);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _regextract(const char *pattern, const char *text, uint32_t n, char *dest, int32_t size);
+VEXLOR32_API char *VEXLOR32_CALL regextract(const char *pattern, const char *text, uint32_t n, char *dest, int32_t size);
+#endif
+
+/* The n-th match, cut to size - 1 characters; empty if there are fewer matches or the pattern is bad.
+ *   pattern  the pattern; NULL or empty means the last one
+ *   text     text; NULL counts as empty
+ *   n        which match, 1 for the first
+ *   dest     destination; room: min(max(size, 0), len(text) + 2); NULL: nothing is written; left as it is when size
+ *            is below 1
+ *   size     bytes at dest, the terminator included
+ *   returns  an unsigned number */
+VEXLOR32_API uint32_t VEXLOR32_CALL StrRegExtract(const char *pattern, const char *text, uint32_t n, char *dest, int32_t size);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL strregextract(const char *pattern, const char *text, uint32_t n, char *dest, int32_t size);
+#endif
+
+/* The text with its n-th match replaced, cut to size - 1 characters; the whole text if there are fewer matches, empty
+ * if the pattern is bad.
+ *   pattern      the pattern; NULL or empty means the last one
+ *   text         text; NULL counts as empty
+ *   n            which match, 1 for the first
+ *   replacement  the new text, with & and \\0 for the match and \\1 to \\9 for the groups; NULL counts as empty
+ *   dest         destination; room: min(max(size, 0), len(text) + (len(text) + 1) * len(replacement) + 1); NULL:
+ *                nothing is written; left as it is when size is below 1
+ *   size         bytes at dest, the terminator included
+ *   returns      dest */
+VEXLOR32_API char *VEXLOR32_CALL RegSwap(const char *pattern, const char *text, uint32_t n, const char *replacement, char *dest, int32_t size);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _regswap(const char *pattern, const char *text, uint32_t n, const char *replacement, char *dest, int32_t size);
+VEXLOR32_API char *VEXLOR32_CALL regswap(const char *pattern, const char *text, uint32_t n, const char *replacement, char *dest, int32_t size);
+#endif
+
+/* The text with its n-th match replaced, cut to size - 1 characters; the whole text if there are fewer matches, empty
+ * if the pattern is bad.
+ *   pattern      the pattern; NULL or empty means the last one
+ *   text         text; NULL counts as empty
+ *   n            which match, 1 for the first
+ *   replacement  the new text, with & and \\0 for the match and \\1 to \\9 for the groups; NULL counts as empty
+ *   dest         destination; room: min(max(size, 0), len(text) + (len(text) + 1) * len(replacement) + 1); NULL:
+ *                nothing is written; left as it is when size is below 1
+ *   size         bytes at dest, the terminator included
+ *   returns      an unsigned number */
+VEXLOR32_API uint32_t VEXLOR32_CALL StrRegSwap(const char *pattern, const char *text, uint32_t n, const char *replacement, char *dest, int32_t size);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL strregswap(const char *pattern, const char *text, uint32_t n, const char *replacement, char *dest, int32_t size);
+#endif
+
+/* The n-th match, its position and its length. A bad pattern leaves position and length as they were.
+ *   pattern   the pattern; NULL or empty means the last one
+ *   text      text; NULL counts as empty
+ *   n         which match, 1 for the first
+ *   position  receives the position (the first character is 1); with fewer matches, how many characters lie before
+ *             the last, failing search; NULL is skipped
+ *   length    receives the length, 0 if there are fewer matches; NULL is skipped
+ *   dest      receives the match, cut to size - 1 characters; NULL is skipped; room: min(max(size, 0), len(text) +
+ *             2); left as it is when size is below 1
+ *   size      bytes at dest, the terminator included
+ *   returns   dest */
+VEXLOR32_API char *VEXLOR32_CALL RegInfo(const char *pattern, const char *text, uint32_t n, int32_t *position, int32_t *length, char *dest, int32_t size);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _reginfo(const char *pattern, const char *text, uint32_t n, int32_t *position, int32_t *length, char *dest, int32_t size);
+VEXLOR32_API char *VEXLOR32_CALL reginfo(const char *pattern, const char *text, uint32_t n, int32_t *position, int32_t *length, char *dest, int32_t size);
+#endif
+
+/* The n-th match, its position and its length. A bad pattern leaves position and length as they were.
+ *   pattern   the pattern; NULL or empty means the last one
+ *   text      text; NULL counts as empty
+ *   n         which match, 1 for the first
+ *   position  receives the position (the first character is 1); with fewer matches, how many characters lie before
+ *             the last, failing search; NULL is skipped
+ *   length    receives the length, 0 if there are fewer matches; NULL is skipped
+ *   dest      receives the match, cut to size - 1 characters; NULL is skipped; room: min(max(size, 0), len(text) +
+ *             2); left as it is when size is below 1
+ *   size      bytes at dest, the terminator included
+ *   returns   an unsigned number */
+VEXLOR32_API uint32_t VEXLOR32_CALL StrRegInfo(const char *pattern, const char *text, uint32_t n, int32_t *position, int32_t *length, char *dest, int32_t size);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL strreginfo(const char *pattern, const char *text, uint32_t n, int32_t *position, int32_t *length, char *dest, int32_t size);
+#endif
+
+
 /* ---- Search and replace ---- */
 
 /* The text with occurrences of one text replaced by another.
@@ -2654,14 +2800,16 @@ VEXLOR32_API uint32_t VEXLOR32_CALL StrReplicate(const char *text, int32_t count
 #endif
 
 /* Copies of a character.
- *   text     receives the characters; room: max(count, 0) + 1; NULL: nothing is written
+ *   text     receives the characters; room: max(count, 0) + 1; NULL: nothing is written; left as it is when count is
+ *            below 0
  *   c        character; only the low byte counts
  *   count    below 0 does nothing
  *   returns  the terminator of the result; text itself if count is below 1 */
 VEXLOR32_API char *VEXLOR32_CALL StrnSet(char *text, int32_t c, int32_t count);
 
 /* Copies of a character.
- *   text     receives the characters; room: max(count, 0) + 1; NULL: nothing is written
+ *   text     receives the characters; room: max(count, 0) + 1; NULL: nothing is written; left as it is when count is
+ *            below 0
  *   c        character; only the low byte counts
  *   count    below 0 does nothing
  *   returns  the terminator of the result; text itself if count is below 1 */

@@ -48,7 +48,7 @@ ENTRY_KEYS = {"names", "length", "zero", "zero-length", "args", "returns", "does
               "unavailable", "unimplemented", "value", "length-by-hand", "remembers"}
 FAMILY_KEYS = {"title", "area"}
 NAME = re.compile(r"[A-Za-z_][A-Za-z0-9_]*\Z")
-ARGUMENT = re.compile(r"(?P<name>[a-z][A-Za-z0-9]*)\s*:\s*(?P<kind>[a-z]+)\s*(?:\[(?P<room>.*)\])?(?P<flags>(\s+[a-z=A-Z-]+)*)\Z")
+ARGUMENT = re.compile(r"(?P<name>[a-z][A-Za-z0-9]*)\s*:\s*(?P<kind>[a-z]+)\s*(?:\[(?P<room>.*)\])?(?P<flags>(\s+[a-z0-9=A-Z-]+)*)\Z")
 
 
 class TableError(Exception):
@@ -64,7 +64,8 @@ class Argument:
     in_place: str = ""         # name of the text that is edited when this destination is NULL
     terminated: bool = False   # the destination must already hold a terminator at its end
     without: str = ""          # text without which (NULL) the destination is left as it is
-    below_zero: str = ""       # number below zero of which the destination is left as it is
+    below: str = ""            # number below `limit` of which the destination is left as it is
+    limit: int = 0
     constant: bool = False     # without the destination (NULL) the result is a constant empty text
     meaning: str = ""
 
@@ -195,8 +196,8 @@ class FamilyReader:
                 argument.in_place = flag.partition("=")[2]
             elif flag.startswith("untouched-without="):
                 argument.without = flag.partition("=")[2]
-            elif flag.startswith("untouched-below-zero="):
-                argument.below_zero = flag.partition("=")[2]
+            elif below := re.fullmatch(r"untouched-below-(\d)=(\w+)", flag):
+                argument.limit, argument.below = int(below[1]), below[2]
             else:
                 self.fail(entry, "args", f"unknown flag `{flag}` of argument `{name}`")
         return argument, match["room"]
@@ -218,8 +219,8 @@ class FamilyReader:
                 self.fail(entry, "args", f"`{argument.name}` is in place of `{argument.in_place}`, which is no str argument")
             if argument.without and kinds.get(argument.without) not in {"str", "bytes"}:
                 self.fail(entry, "args", f"`{argument.name}` is untouched without `{argument.without}`, which is no str argument and no bytes")
-            if argument.below_zero and kinds.get(argument.below_zero) != "int":
-                self.fail(entry, "args", f"`{argument.name}` is untouched below zero of `{argument.below_zero}`, which is no int argument")
+            if argument.below and kinds.get(argument.below) != "int":
+                self.fail(entry, "args", f"`{argument.name}` is untouched below {argument.limit} of `{argument.below}`, which is no int argument")
         return arguments
 
     def entries_of(self, key, fields):

@@ -47,6 +47,8 @@ def argument_words(entry, argument):
         words += "; NULL: nothing is written"
     if argument.without:
         words += f"; left as it is when {argument.without} is NULL"
+    if argument.below:
+        words += f"; left as it is when {argument.below} is below {argument.limit}"
     if argument.terminated:
         words += "; must already end at its last byte"
     return words
