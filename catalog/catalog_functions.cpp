@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cstring>
+#include <iterator>
 #include <limits>
 
 #include "catalog/catalog.h"
@@ -16,6 +17,9 @@ const char* const kArgumentTypes[] = {"int32_t ", "uint32_t ", "int32_t ",  "int
 const char* const kResultTypes[] = {"int32_t ",     "uint32_t ", "int32_t ", "int32_t ", "int32_t ",
                                     "int32_t ",     "uint32_t ", "char *",   "char *",   "char *",
                                     "const char *", "void *",    "void *",   "void "};
+
+static_assert(std::size(kArgumentTypes) == static_cast<int>(Kind::kAny) + 1);
+static_assert(std::size(kResultTypes) == static_cast<int>(Result::kVoid) + 1);
 
 std::string lowerCase(std::string_view text) {
     std::string result(text);

@@ -1,6 +1,7 @@
 #include "cli/explain.h"
 
 #include <algorithm>
+#include <iterator>
 #include <string_view>
 #include <vector>
 
@@ -19,7 +20,9 @@ using catalog::Family;
 constexpr const char* kKinds[] = {"int", "uint",  "char",  "pos",    "str",   "edit", "dest",
                                   "out", "bytes", "block", "handle", "table", "any"};
 constexpr const char* kResults[] = {"int",  "uint",  "bool",   "char",  "pos",   "handle", "table",
-                                    "dest", "given", "inside", "const", "block", "void"};
+                                    "dest", "given", "inside", "const", "block", "end", "void"};
+static_assert(std::size(kKinds) == static_cast<int>(catalog::Kind::kAny) + 1);
+static_assert(std::size(kResults) == static_cast<int>(catalog::Result::kVoid) + 1);
 
 // A function's other forms: by what each entry's index says about another one.
 struct Relatives {
