@@ -1,118 +1,128 @@
-// The cheque run of a small business: cleans a list of payees and sets it as a register.
+// The cheque run of a small business: reads payees from a CSV file, cleans and checks them, and writes a cheque for
+// each that is in order. All work on texts, numbers and dates is done by the library, which is loaded by name.
 //
-//     vexlor_demo LIBRARY PAYEES
+//     vexlor_demo LIBRARY PAYEES.csv
 #include <cstdint>
 #include <cstdio>
+#include <cstring>
 #include <exception>
-#include <fstream>
+#include <map>
 #include <string>
-#include <vector>
 
-#include "loaded_library.h"
+#include "csv_file.h"
+#include "functions.h"
 
 namespace {
 
-constexpr int kNameWidth = 30;
-constexpr int kTownWidth = 16;
-constexpr int kAmountWidth = 12;
-constexpr int kLineWidth = kNameWidth + kTownWidth + kAmountWidth;
-
-// The functions that this program calls, each by its exported name.
-struct Functions {
-    explicit Functions(const LoadedLibrary& library)
-        : allTrim(library.function<char*(const char*, char*)>("AllTrim")),
-          chrTrim(library.function<char*(const char*, const char*, std::int32_t, char*)>("ChrTrim")),
-          unTrim(library.function<char*(const char*, std::int32_t, const char*, char*)>("UnTrim")),
-          strCenter(library.function<char*(const char*, std::int32_t, const char*, char*)>("StrCenter")),
-          replicate(library.function<char*(const char*, std::int32_t, char*)>("Replicate")),
-          leadChar(library.function<char*(const char*, const char*, char*)>("LeadChar")),
-          rJust(library.function<char*(const char*, char*)>("RJust")),
-          strEmpty(library.function<std::int32_t(const char*)>("StrEmpty")),
-          isNum(library.function<std::int32_t(const char*, std::int32_t)>("IsNum")) {}
-
-    char* (*allTrim)(const char*, char*);
-    char* (*chrTrim)(const char*, const char*, std::int32_t, char*);
-    char* (*unTrim)(const char*, std::int32_t, const char*, char*);
-    char* (*strCenter)(const char*, std::int32_t, const char*, char*);
-    char* (*replicate)(const char*, std::int32_t, char*);
-    char* (*leadChar)(const char*, const char*, char*);
-    char* (*rJust)(const char*, char*);
-    std::int32_t (*strEmpty)(const char*);
-    std::int32_t (*isNum)(const char*, std::int32_t);
-};
+constexpr std::int32_t kLineWidth = 64;
+constexpr std::int32_t kAmountWidth = 12;
+constexpr std::int32_t kMemoWidth = 40;
+constexpr std::int32_t kDigitsOver100 = 0;
+constexpr std::int32_t kRightWithBlanksDropped = 0;
+constexpr std::int32_t kFromFirst = 1;
+constexpr std::int32_t kAllOccurrences = -2;
 
 struct Payee {
-    std::string name, town, amount;
+    std::string name, town, state, zip, date, amount, memo;
 };
 
-std::vector<Payee> readPayees(const char* path) {
-    std::ifstream file(path);
-    if (!file) throw std::runtime_error(std::string("cannot read ") + path);
-    std::vector<Payee> payees;
-    for (std::string line; std::getline(file, line);) {
-        std::size_t first = line.find('|');
-        std::size_t second = line.find('|', first + 1);
-        if (line.starts_with('#') || second == std::string::npos) continue;
-        payees.push_back({line.substr(0, first), line.substr(first + 1, second - first - 1), line.substr(second + 1)});
-    }
-    return payees;
-}
-
-class Register {
+class ChequeRun {
  public:
-    explicit Register(const Functions& call) : call_(call) {}
+    explicit ChequeRun(const Functions& call) : call_(call) {}
 
-    void heading(const char* title) const {
-        char line[kLineWidth + 1];
-        std::puts(call_.strCenter(title, kLineWidth, nullptr, line));
-        std::puts(call_.replicate("=", kLineWidth, line));
-    }
-
-    // False, with a remark, if no cheque can be written.
-    bool print(const Payee& payee) const {
-        // Quotes, asterisks, stops and blanks around a name are how it was typed, not what it is.
-        std::string name = payee.name, town = payee.town, amount = payee.amount;
-        call_.chrTrim(name.c_str(), " \t\"'*.", 0, nullptr);
-        call_.allTrim(town.c_str(), nullptr);
-        call_.allTrim(amount.c_str(), nullptr);
-        if (call_.strEmpty(name.c_str())) return refuse(payee, "no payee");
-        if (!call_.isNum(amount.c_str(), kAmountWidth)) return refuse(payee, "the amount is no number");
-
-        char nameColumn[kNameWidth + 1], townColumn[kTownWidth + 1], amountColumn[kAmountWidth + 1];
-        call_.unTrim(name.c_str(), kNameWidth, ".", nameColumn);
-        call_.unTrim(town.c_str(), kTownWidth, nullptr, townColumn);
-        call_.unTrim(amount.c_str(), kAmountWidth, nullptr, amountColumn);
-        // Stars in front of an amount leave no room for a digit more.
-        call_.rJust(amountColumn, nullptr);
-        call_.leadChar(amountColumn, "*", nullptr);
-        std::printf("%s%s%s\n", nameColumn, townColumn, amountColumn);
+    // Writes a cheque, or says why there is none.
+    bool pay(const CsvFile::Row& row) {
+        Payee payee = cleaned(row);
+        std::string objection = objectionTo(payee);
+        if (!objection.empty()) {
+            std::printf("no cheque for [%s]: %s\n\n", row.at("name").c_str(), objection.c_str());
+            return false;
+        }
+        write(payee);
         return true;
     }
 
  private:
-    bool refuse(const Payee& payee, const char* why) const {
-        std::printf("  no cheque for [%s]: %s\n", payee.name.c_str(), why);
-        return false;
+    // A text that was worked on in place ends at its new terminator.
+    static void fit(std::string& text) { text.resize(std::strlen(text.c_str())); }
+
+    Payee cleaned(const CsvFile::Row& row) const {
+        Payee payee{row.at("name"), row.at("town"),   row.at("state"), row.at("zip"),
+                    row.at("date"), row.at("amount"), row.at("memo")};
+        // Quotes, asterisks, stops and blanks around a name are how it was typed, not what it is.
+        call_.chrTrim(payee.name.c_str(), " \t\"*.", 0, nullptr);
+        fit(payee.name);
+        for (std::string* text : {&payee.town, &payee.state, &payee.zip, &payee.date, &payee.amount}) {
+            call_.allTrim(text->c_str(), nullptr);
+            fit(*text);
+        }
+        call_.strTran(std::string(payee.amount).c_str(), ",", "", kFromFirst, kAllOccurrences, payee.amount.data());
+        fit(payee.amount);
+        return payee;
+    }
+
+    std::string objectionTo(const Payee& payee) {
+        if (call_.strEmpty(payee.name.c_str())) return "no payee";
+        if (call_.strEmpty(payee.amount.c_str()) || !call_.isNum(payee.amount.c_str(), kAmountWidth))
+            return "the amount is no number";
+        if (!call_.checkDate(payee.date.c_str())) return "there is no such date";
+        if (!call_.isZip(codeOf(payee.state).c_str(), payee.zip.c_str())) return "the ZIP code is not in this state";
+        // The same sound, the same amount: perhaps the same bill, typed twice.
+        char sound[16];
+        std::string key = std::string(call_.soundex(payee.name.c_str(), nullptr, 6, sound)) + " " + payee.amount;
+        auto [first, isNew] = paid_.emplace(key, payee.name);
+        return isNew ? "" : "sounds like " + first->second + ", with the same amount: paid twice?";
+    }
+
+    std::string codeOf(const std::string& state) const {
+        char code[64];
+        return state.size() == 2 ? state : call_.stateCode(state.c_str(), code);
+    }
+
+    void write(const Payee& payee) {
+        char line[kLineWidth + 1], date[64], state[64], amount[kAmountWidth + 1], words[512], memo[kMemoWidth + 1];
+        call_.getJDatef(call_.dateToJulian(payee.date.c_str()), "MMMM DDD, YYYY", date);
+        std::printf("No. %d%s\n", ++number_,
+                    call_.strJustify(date, kLineWidth - 8, kRightWithBlanksDropped, " ", line));
+
+        // Stars in front of an amount leave no room for a digit more.
+        call_.unTrim(payee.amount.c_str(), kAmountWidth, nullptr, amount);
+        call_.rJust(amount, nullptr);
+        call_.leadChar(amount, "*", nullptr);
+        std::string name = payee.name;
+        call_.capFirst(name.c_str(), nullptr);
+        std::printf("Pay     %s$ %s\n", call_.unTrim(name.c_str(), kLineWidth - 8 - 2 - kAmountWidth, ".", line),
+                    amount);
+        std::printf("        %s\n", call_.numToDollars(payee.amount.c_str(), kDigitsOver100, words));
+        std::printf("        %s, %s %s\n", payee.town.c_str(), call_.stateCode(codeOf(payee.state).c_str(), state),
+                    payee.zip.c_str());
+        for (std::int32_t i = 1; i <= call_.wrapCount(payee.memo.c_str(), kMemoWidth); ++i) {
+            std::printf("%-8s%s\n", i == 1 ? "Memo" : "",
+                        call_.allTrim(call_.strWrap(payee.memo.c_str(), i, kMemoWidth, memo), nullptr));
+        }
+        std::printf("%s\n\n", call_.replicate("-", kLineWidth, line));
     }
 
     const Functions& call_;
+    std::map<std::string, std::string> paid_;
+    int number_ = 1000;
 };
 
 }  // namespace
 
 int main(int argc, char** argv) try {
     if (argc != 3) {
-        std::fprintf(stderr, "usage: %s LIBRARY PAYEES\n", argv[0]);
+        std::fprintf(stderr, "usage: %s LIBRARY PAYEES.csv\n", argv[0]);
         return 2;
     }
     LoadedLibrary library(argv[1]);
     Functions functions(library);
-    Register cheques(functions);
-    cheques.heading("CHEQUE REGISTER");
+    ChequeRun run(functions);
     int written = 0;
     int refused = 0;
-    for (const Payee& payee : readPayees(argv[2])) ++(cheques.print(payee) ? written : refused);
-    std::printf("\n%d cheques, %d refused\n", written, refused);
+    CsvFile payees(argv[2]);
+    for (const CsvFile::Row& row : payees.rows()) ++(run.pay(row) ? written : refused);
+    std::printf("%d cheques written, %d payees to look at\n", written, refused);
     return 0;
 } catch (const std::exception& error) {
     std::fprintf(stderr, "%s\n", error.what());

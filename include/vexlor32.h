@@ -926,6 +926,441 @@ VEXLOR32_API uint32_t VEXLOR32_CALL StrStrSwap(const char *text, const char *del
 #endif
 
 
+/* ---- Date formatting and the system date ---- */
+
+/* A date as a picture shows it.
+ *   year     signed number
+ *   month    signed number
+ *   day      signed number
+ *   picture  text; NULL counts as empty
+ *   dest     destination; room: len(picture) * 11 + 1; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL IntToDatef(int32_t year, int32_t month, int32_t day, const char *picture, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _itodatef(int32_t year, int32_t month, int32_t day, const char *picture, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL itodatef(int32_t year, int32_t month, int32_t day, const char *picture, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL inttodatef(int32_t year, int32_t month, int32_t day, const char *picture, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL _inttodatef(int32_t year, int32_t month, int32_t day, const char *picture, char *dest);
+#endif
+
+/* As IntToDatef, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL stritodatef(int32_t year, int32_t month, int32_t day, const char *picture, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrIntToDatef(int32_t year, int32_t month, int32_t day, const char *picture, char *dest);
+VEXLOR32_API uint32_t VEXLOR32_CALL strinttodatef(int32_t year, int32_t month, int32_t day, const char *picture, char *dest);
+#endif
+
+/* The date of a day number as a picture shows it; no date is 0 in year, month and day.
+ *   jd       a day number
+ *   picture  text; NULL counts as empty
+ *   dest     destination; room: len(picture) * 11 + 1; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL GetJDatef(int32_t jd, const char *picture, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _jdatef(int32_t jd, const char *picture, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL jdatef(int32_t jd, const char *picture, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL getjdatef(int32_t jd, const char *picture, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL _getjdatef(int32_t jd, const char *picture, char *dest);
+#endif
+
+/* As GetJDatef, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strjdatef(int32_t jd, const char *picture, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrGetJDatef(int32_t jd, const char *picture, char *dest);
+VEXLOR32_API uint32_t VEXLOR32_CALL strgetjdatef(int32_t jd, const char *picture, char *dest);
+#endif
+
+/* Today's date as a picture shows it.
+ *   picture  text; NULL counts as empty
+ *   dest     destination; room: len(picture) * 11 + 1; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL GetDatef(const char *picture, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _datef(const char *picture, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL datef(const char *picture, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL getdatef(const char *picture, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL _getdatef(const char *picture, char *dest);
+#endif
+
+/* As GetDatef, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strdatef(const char *picture, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrGetDatef(const char *picture, char *dest);
+VEXLOR32_API uint32_t VEXLOR32_CALL strgetdatef(const char *picture, char *dest);
+#endif
+
+/* The date of a day number with the name of the month, like January 5, 2000.
+ *   jd       a day number
+ *   dest     destination; room: 48; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL Dtow(int32_t jd, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _dtow(int32_t jd, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL dtow(int32_t jd, char *dest);
+#endif
+
+/* As Dtow, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strdtow(int32_t jd, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrDtow(int32_t jd, char *dest);
+#endif
+
+/* A date like 12/31/1999; empty for what is no date.
+ *   year     signed number
+ *   month    signed number
+ *   day      signed number
+ *   dest     destination; room: 32; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL IntToDate(int32_t year, int32_t month, int32_t day, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _itod(int32_t year, int32_t month, int32_t day, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL itod(int32_t year, int32_t month, int32_t day, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL inttodate(int32_t year, int32_t month, int32_t day, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL _inttodate(int32_t year, int32_t month, int32_t day, char *dest);
+#endif
+
+/* As IntToDate, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL stritod(int32_t year, int32_t month, int32_t day, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrIntToDate(int32_t year, int32_t month, int32_t day, char *dest);
+VEXLOR32_API uint32_t VEXLOR32_CALL strinttodate(int32_t year, int32_t month, int32_t day, char *dest);
+#endif
+
+/* The date of a day number like 12/31/1999; empty for no date.
+ *   jd       a day number
+ *   dest     destination; room: 32; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL JulianToDate(int32_t jd, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _jtod(int32_t jd, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL jtod(int32_t jd, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL juliantodate(int32_t jd, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL _juliantodate(int32_t jd, char *dest);
+#endif
+
+/* As JulianToDate, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strjtod(int32_t jd, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrJulianToDate(int32_t jd, char *dest);
+VEXLOR32_API uint32_t VEXLOR32_CALL strjuliantodate(int32_t jd, char *dest);
+#endif
+
+/* Today's date like 12/31/1999.
+ *   dest     destination; room: 32; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL GetDate(char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _getdate(char *dest);
+#endif
+
+/* As GetDate, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strgetdate(char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrGetDate(char *dest);
+#endif
+
+/* The short name of a month.
+ *   month    1 to 12; any other gives an empty text
+ *   dest     destination; room: 32; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL NumToMon(int32_t month, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _num2mon(int32_t month, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL num2mon(int32_t month, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL numtomon(int32_t month, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL _numtomon(int32_t month, char *dest);
+#endif
+
+/* The full name of a month, as strnum2month gives it: not the short one of NumToMon.
+ *   month    1 to 12; any other gives an empty text
+ *   dest     destination; room: 32; NULL: nothing is written
+ *   returns  the length of the name */
+VEXLOR32_API uint32_t VEXLOR32_CALL strnum2mon(int32_t month, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrNumToMon(int32_t month, char *dest);
+VEXLOR32_API uint32_t VEXLOR32_CALL strnumtomon(int32_t month, char *dest);
+#endif
+
+/* The full name of a month.
+ *   month    1 to 12; any other gives an empty text
+ *   dest     destination; room: 32; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL NumToMonth(int32_t month, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _num2month(int32_t month, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL num2month(int32_t month, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL numtomonth(int32_t month, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL _numtomonth(int32_t month, char *dest);
+#endif
+
+/* As NumToMonth, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strnum2month(int32_t month, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrNumToMonth(int32_t month, char *dest);
+VEXLOR32_API uint32_t VEXLOR32_CALL strnumtomonth(int32_t month, char *dest);
+#endif
+
+/* The name of a day of the week.
+ *   day      1 (Sunday) to 7 (Saturday); any other gives an empty text
+ *   dest     destination; room: 32; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL NumToDay(int32_t day, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _num2day(int32_t day, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL num2day(int32_t day, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL numtoday(int32_t day, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL _numtoday(int32_t day, char *dest);
+#endif
+
+/* As NumToDay, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strnum2day(int32_t day, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrNumToDay(int32_t day, char *dest);
+VEXLOR32_API uint32_t VEXLOR32_CALL strnumtoday(int32_t day, char *dest);
+#endif
+
+/* Today's date.
+ *   returns  the day number */
+VEXLOR32_API int32_t VEXLOR32_CALL GetJDate(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _getjdate(void);
+VEXLOR32_API int32_t VEXLOR32_CALL getjdate(void);
+#endif
+
+/* Today's day of the week.
+ *   returns  1 (Sunday) to 7 (Saturday) */
+VEXLOR32_API int32_t VEXLOR32_CALL Dow(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _dosdow(void);
+VEXLOR32_API int32_t VEXLOR32_CALL dosdow(void);
+VEXLOR32_API int32_t VEXLOR32_CALL dow(void);
+VEXLOR32_API int32_t VEXLOR32_CALL _dow(void);
+#endif
+
+/* Today's year, month and day.
+ *   year     receives a number; NULL is skipped
+ *   month    receives a number; NULL is skipped
+ *   day      receives a number; NULL is skipped
+ *   returns  nothing */
+VEXLOR32_API void VEXLOR32_CALL DosGetDate(int32_t *year, int32_t *month, int32_t *day);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API void VEXLOR32_CALL _dosgetdate(int32_t *year, int32_t *month, int32_t *day);
+VEXLOR32_API void VEXLOR32_CALL dosgetdate(int32_t *year, int32_t *month, int32_t *day);
+#endif
+
+/* Sets the date of the machine's clock; the time of day stays. Only the low 16 bits of each number count.
+ *   year     signed number
+ *   month    signed number
+ *   day      signed number
+ *   returns  what the system says; 0 if it refuses, and the clock is as it was */
+VEXLOR32_API int32_t VEXLOR32_CALL DosSetDate(int32_t year, int32_t month, int32_t day);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _dossetdate(int32_t year, int32_t month, int32_t day);
+VEXLOR32_API int32_t VEXLOR32_CALL dossetdate(int32_t year, int32_t month, int32_t day);
+#endif
+
+/* Sets the date of the machine's clock to that of a text.
+ *   text     month, day and year (in full) with slashes between; NULL sets nothing
+ *   returns  what the system says; 0 if it refuses, and the clock is as it was */
+VEXLOR32_API int32_t VEXLOR32_CALL SetDate(const char *text);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _setdate(const char *text);
+VEXLOR32_API int32_t VEXLOR32_CALL setdate(const char *text);
+#endif
+
+/* Sets the date of the machine's clock to that of a day number.
+ *   jd       a day number
+ *   returns  what the system says; 0 if it refuses, and the clock is as it was */
+VEXLOR32_API int32_t VEXLOR32_CALL SetJDate(int32_t jd);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _setjdate(int32_t jd);
+VEXLOR32_API int32_t VEXLOR32_CALL setjdate(int32_t jd);
+#endif
+
+
+/* ---- Day numbers and calendar arithmetic ---- */
+
+/* The day number of a date. Months and days out of range roll over: 30 February is 1 or 2 March.
+ *   year     in full
+ *   month    signed number
+ *   day      signed number
+ *   returns  the day number; 0 if the year is before 1584 */
+VEXLOR32_API int32_t VEXLOR32_CALL IntToJulian(int32_t year, int32_t month, int32_t day);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _itoj(int32_t year, int32_t month, int32_t day);
+VEXLOR32_API int32_t VEXLOR32_CALL itoj(int32_t year, int32_t month, int32_t day);
+VEXLOR32_API int32_t VEXLOR32_CALL inttojulian(int32_t year, int32_t month, int32_t day);
+VEXLOR32_API int32_t VEXLOR32_CALL _inttojulian(int32_t year, int32_t month, int32_t day);
+#endif
+
+/* The year, month and day of a day number; 0, 0, 0 for 2299603 and less.
+ *   jd       a day number
+ *   year     receives a number; NULL is skipped
+ *   month    receives a number; NULL is skipped
+ *   day      receives a number; NULL is skipped
+ *   returns  nothing */
+VEXLOR32_API void VEXLOR32_CALL JulianToInt(int32_t jd, int32_t *year, int32_t *month, int32_t *day);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API void VEXLOR32_CALL _jtoi(int32_t jd, int32_t *year, int32_t *month, int32_t *day);
+VEXLOR32_API void VEXLOR32_CALL jtoi(int32_t jd, int32_t *year, int32_t *month, int32_t *day);
+VEXLOR32_API void VEXLOR32_CALL juliantoint(int32_t jd, int32_t *year, int32_t *month, int32_t *day);
+VEXLOR32_API void VEXLOR32_CALL _juliantoint(int32_t jd, int32_t *year, int32_t *month, int32_t *day);
+#endif
+
+/* Whether a year is a leap year.
+ *   year     in full
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsLeap(int32_t year);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _isleap(int32_t year);
+VEXLOR32_API int32_t VEXLOR32_CALL isleap(int32_t year);
+#endif
+
+/* Whether the year of a day number is a leap year.
+ *   jd       a day number
+ *   returns  1 for no date */
+VEXLOR32_API int32_t VEXLOR32_CALL IsJLeap(int32_t jd);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _isjleap(int32_t jd);
+VEXLOR32_API int32_t VEXLOR32_CALL isjleap(int32_t jd);
+#endif
+
+/* How many days the month of a day number has.
+ *   jd       a day number
+ *   returns  28 to 31; 0 for no date */
+VEXLOR32_API int32_t VEXLOR32_CALL LastDay(int32_t jd);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _lastday(int32_t jd);
+VEXLOR32_API int32_t VEXLOR32_CALL lastday(int32_t jd);
+#endif
+
+/* The day of the week of a day number.
+ *   jd       a day number
+ *   returns  1 (Sunday) to 7 (Saturday) */
+VEXLOR32_API int32_t VEXLOR32_CALL JDow(int32_t jd);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _jdow(int32_t jd);
+VEXLOR32_API int32_t VEXLOR32_CALL jdow(int32_t jd);
+#endif
+
+/* The day of the year of a day number.
+ *   jd       a day number
+ *   returns  1 to 366; jd + 1 for no date */
+VEXLOR32_API int32_t VEXLOR32_CALL JDoy(int32_t jd);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _jdoy(int32_t jd);
+VEXLOR32_API int32_t VEXLOR32_CALL jdoy(int32_t jd);
+#endif
+
+/* The week of the year of a day number: a seventh of the day of the year, plus 1.
+ *   jd       a day number
+ *   returns  1 to 53
+ * Days 1 to 6 are week 1, day 7 begins week 2, day 364 week 53. The day of the week plays no part. */
+VEXLOR32_API int32_t VEXLOR32_CALL JWoy(int32_t jd);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _jwoy(int32_t jd);
+VEXLOR32_API int32_t VEXLOR32_CALL jwoy(int32_t jd);
+#endif
+
+/* A day of the week that a day number lies in (Sunday to Saturday), or of one some weeks later or earlier.
+ *   jd       a day number
+ *   dow      1 (Sunday) to 7 (Saturday); only its low three bits count
+ *   weeks    to move by
+ *   returns  the day number
+ * Day 0 is the Saturday before the week. */
+VEXLOR32_API int32_t VEXLOR32_CALL AtDow(int32_t jd, int32_t dow, int32_t weeks);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _atdow(int32_t jd, int32_t dow, int32_t weeks);
+VEXLOR32_API int32_t VEXLOR32_CALL atdow(int32_t jd, int32_t dow, int32_t weeks);
+#endif
+
+/* How many days from Monday to Friday there are from one day to another, both included.
+ *   from     a day number
+ *   to       a day number, before or after the other
+ *   returns  the count */
+VEXLOR32_API int32_t VEXLOR32_CALL Weekdays(int32_t from, int32_t to);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _weekdays(int32_t from, int32_t to);
+VEXLOR32_API int32_t VEXLOR32_CALL weekdays(int32_t from, int32_t to);
+#endif
+
+/* The same day some months later; the last day of a month always gives the last day of a month.
+ *   jd       a day number
+ *   months   to add; below 0 goes back
+ *   returns  the day number; jd itself if it is no date
+ * A day that the other month lacks becomes its last: 30 January plus 1 month is 28 or 29 February. */
+VEXLOR32_API int32_t VEXLOR32_CALL AddMonth(int32_t jd, int32_t months);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _addmonth(int32_t jd, int32_t months);
+VEXLOR32_API int32_t VEXLOR32_CALL addmonth(int32_t jd, int32_t months);
+#endif
+
+/* The year, month and day of a date text, not checked; what is missing is 0. A year of two digits stays one.
+ *   text     month, day and year with slashes between; NULL counts as empty
+ *   year     receives a number; NULL is skipped
+ *   month    receives a number; NULL is skipped
+ *   day      receives a number; NULL is skipped
+ *   returns  nothing */
+VEXLOR32_API void VEXLOR32_CALL DateToInt(const char *text, int32_t *year, int32_t *month, int32_t *day);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API void VEXLOR32_CALL _dtoi(const char *text, int32_t *year, int32_t *month, int32_t *day);
+VEXLOR32_API void VEXLOR32_CALL dtoi(const char *text, int32_t *year, int32_t *month, int32_t *day);
+VEXLOR32_API void VEXLOR32_CALL datetoint(const char *text, int32_t *year, int32_t *month, int32_t *day);
+VEXLOR32_API void VEXLOR32_CALL _datetoint(const char *text, int32_t *year, int32_t *month, int32_t *day);
+#endif
+
+/* The day number of a date text, not checked.
+ *   text     month, day and year with slashes between; NULL counts as empty
+ *   returns  the day number; 0 if the year is before 1584 */
+VEXLOR32_API int32_t VEXLOR32_CALL DateToJulian(const char *text);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _dtoj(const char *text);
+VEXLOR32_API int32_t VEXLOR32_CALL dtoj(const char *text);
+VEXLOR32_API int32_t VEXLOR32_CALL datetojulian(const char *text);
+VEXLOR32_API int32_t VEXLOR32_CALL _datetojulian(const char *text);
+#endif
+
+/* Whether a date text is a date of the years 1 to 2100; a year below 20 counts from 2000.
+ *   text     month, day and year with slashes between; NULL counts as empty
+ *   returns  1 if so, else 0
+ * A date before 1584 can be valid and still have no day number. */
+VEXLOR32_API int32_t VEXLOR32_CALL CheckDate(const char *text);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _checkdate(const char *text);
+VEXLOR32_API int32_t VEXLOR32_CALL checkdate(const char *text);
+#endif
+
+/* The day number of a date in eight digits, not checked.
+ *   text     four digits of year, two of month, two of day; white space in front is skipped; NULL counts as empty
+ *   returns  the day number; 0 if the year is before 1584 */
+VEXLOR32_API int32_t VEXLOR32_CALL AnsiToJulian(const char *text);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _stoj(const char *text);
+VEXLOR32_API int32_t VEXLOR32_CALL stoj(const char *text);
+VEXLOR32_API int32_t VEXLOR32_CALL ansitojulian(const char *text);
+VEXLOR32_API int32_t VEXLOR32_CALL _ansitojulian(const char *text);
+#endif
+
+/* A day number in eight digits: year, month, day. Empty for no date and beyond the year 9999.
+ *   jd       a day number
+ *   dest     destination; room: 9; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL JulianToAnsi(int32_t jd, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _jtos(int32_t jd, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL jtos(int32_t jd, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL juliantoansi(int32_t jd, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL _juliantoansi(int32_t jd, char *dest);
+#endif
+
+/* As JulianToAnsi, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strjtos(int32_t jd, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrJulianToAnsi(int32_t jd, char *dest);
+VEXLOR32_API uint32_t VEXLOR32_CALL strjuliantoansi(int32_t jd, char *dest);
+#endif
+
+
 /* ---- Library frame ---- */
 
 /* Development probe; always succeeds.
@@ -2279,6 +2714,179 @@ VEXLOR32_API uint32_t VEXLOR32_CALL StrStuff(const char *text, int32_t start, in
 
 /* As _stuff, returning the length of the resulting text. */
 VEXLOR32_API uint32_t VEXLOR32_CALL strstuff0(const char *text, int32_t start, int32_t remove, const char *insert, char *dest);
+
+
+/* ---- Time of day ---- */
+
+/* The hour, minute and second of a time text, not checked; what is missing is 0.
+ *   text     hour, minute and second with colons between; NULL: nothing is stored
+ *   hour     receives a number; NULL is skipped
+ *   minute   receives a number; NULL is skipped
+ *   second   receives a number; NULL is skipped
+ *   returns  nothing */
+VEXLOR32_API void VEXLOR32_CALL TimeToInt(const char *text, int32_t *hour, int32_t *minute, int32_t *second);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API void VEXLOR32_CALL _ttoi(const char *text, int32_t *hour, int32_t *minute, int32_t *second);
+VEXLOR32_API void VEXLOR32_CALL ttoi(const char *text, int32_t *hour, int32_t *minute, int32_t *second);
+VEXLOR32_API void VEXLOR32_CALL timetoint(const char *text, int32_t *hour, int32_t *minute, int32_t *second);
+VEXLOR32_API void VEXLOR32_CALL _timetoint(const char *text, int32_t *hour, int32_t *minute, int32_t *second);
+#endif
+
+/* Whether hour, minute and second of a time text all lie in 0 to 59 - the hour, too.
+ *   text     hour, minute and second with colons between; NULL gives 0
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL CheckTime(const char *text);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _checktime(const char *text);
+VEXLOR32_API int32_t VEXLOR32_CALL checktime(const char *text);
+#endif
+
+/* A time of day as seconds since midnight, not checked.
+ *   hour     signed number
+ *   minute   signed number
+ *   second   signed number
+ *   returns  the seconds since midnight */
+VEXLOR32_API int32_t VEXLOR32_CALL IntToJTime(int32_t hour, int32_t minute, int32_t second);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _itojt(int32_t hour, int32_t minute, int32_t second);
+VEXLOR32_API int32_t VEXLOR32_CALL itojt(int32_t hour, int32_t minute, int32_t second);
+VEXLOR32_API int32_t VEXLOR32_CALL inttojtime(int32_t hour, int32_t minute, int32_t second);
+VEXLOR32_API int32_t VEXLOR32_CALL _inttojtime(int32_t hour, int32_t minute, int32_t second);
+#endif
+
+/* The hour, minute and second of a number of seconds since midnight.
+ *   seconds  since midnight; whole days are taken off, so -1 is 23:59:59
+ *   hour     receives a number; NULL is skipped
+ *   minute   receives a number; NULL is skipped
+ *   second   receives a number; NULL is skipped
+ *   returns  nothing */
+VEXLOR32_API void VEXLOR32_CALL JTimeToInt(int32_t seconds, int32_t *hour, int32_t *minute, int32_t *second);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API void VEXLOR32_CALL _jttoi(int32_t seconds, int32_t *hour, int32_t *minute, int32_t *second);
+VEXLOR32_API void VEXLOR32_CALL jttoi(int32_t seconds, int32_t *hour, int32_t *minute, int32_t *second);
+VEXLOR32_API void VEXLOR32_CALL jtimetoint(int32_t seconds, int32_t *hour, int32_t *minute, int32_t *second);
+VEXLOR32_API void VEXLOR32_CALL _jtimetoint(int32_t seconds, int32_t *hour, int32_t *minute, int32_t *second);
+#endif
+
+/* The time of the machine's clock.
+ *   returns  the seconds since midnight */
+VEXLOR32_API int32_t VEXLOR32_CALL GetJTime(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _getjtime(void);
+VEXLOR32_API int32_t VEXLOR32_CALL getjtime(void);
+#endif
+
+/* The hour, minute and second of the machine's clock.
+ *   hour     receives a number; NULL is skipped
+ *   minute   receives a number; NULL is skipped
+ *   second   receives a number; NULL is skipped
+ *   returns  nothing */
+VEXLOR32_API void VEXLOR32_CALL DosGetTime(int32_t *hour, int32_t *minute, int32_t *second);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API void VEXLOR32_CALL _dosgettime(int32_t *hour, int32_t *minute, int32_t *second);
+VEXLOR32_API void VEXLOR32_CALL dosgettime(int32_t *hour, int32_t *minute, int32_t *second);
+#endif
+
+/* Sets the time of the machine's clock; date and milliseconds stay. Only the low 16 bits of each number count.
+ *   hour     signed number
+ *   minute   signed number
+ *   second   signed number
+ *   returns  what the system says; 0 if it refuses, and the clock is as it was */
+VEXLOR32_API int32_t VEXLOR32_CALL DosSetTime(int32_t hour, int32_t minute, int32_t second);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _dossettime(int32_t hour, int32_t minute, int32_t second);
+VEXLOR32_API int32_t VEXLOR32_CALL dossettime(int32_t hour, int32_t minute, int32_t second);
+#endif
+
+/* Sets the time of the machine's clock to that of a text; PM or pm anywhere in it adds 12 to an hour below 12.
+ *   text     hour, minute and second with colons between; NULL sets nothing
+ *   returns  what the system says; 0 if it refuses, and the clock is as it was
+ * AM means nothing: 12:30 AM is half past noon. */
+VEXLOR32_API int32_t VEXLOR32_CALL SetTime(const char *text);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _settime(const char *text);
+VEXLOR32_API int32_t VEXLOR32_CALL settime(const char *text);
+#endif
+
+/* Sets the time of the machine's clock to a number of seconds since midnight.
+ *   seconds  since midnight; whole days are taken off
+ *   returns  what the system says; 0 if it refuses, and the clock is as it was */
+VEXLOR32_API int32_t VEXLOR32_CALL SetJTime(int32_t seconds);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _setjtime(int32_t seconds);
+VEXLOR32_API int32_t VEXLOR32_CALL setjtime(int32_t seconds);
+#endif
+
+/* A time of day in 24 hours, as the user's locale writes it.
+ *   hour     signed number
+ *   minute   signed number
+ *   second   signed number
+ *   dest     destination; room: 64; NULL: nothing is written
+ *   returns  dest
+ * What the system refuses becomes hour, minute and second in two digits each, cut off after 8 characters: 24:00:00,
+ * 100:00:0. */
+VEXLOR32_API char *VEXLOR32_CALL IntToTime(int32_t hour, int32_t minute, int32_t second, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _itot(int32_t hour, int32_t minute, int32_t second, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL itot(int32_t hour, int32_t minute, int32_t second, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL inttotime(int32_t hour, int32_t minute, int32_t second, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL _inttotime(int32_t hour, int32_t minute, int32_t second, char *dest);
+#endif
+
+/* As IntToTime, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL StrIntToTime(int32_t hour, int32_t minute, int32_t second, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL stritot(int32_t hour, int32_t minute, int32_t second, char *dest);
+VEXLOR32_API uint32_t VEXLOR32_CALL strinttotime(int32_t hour, int32_t minute, int32_t second, char *dest);
+#endif
+
+/* The time of the machine's clock in 24 hours, as the user's locale writes it.
+ *   dest     destination; room: 64; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL GetTime(char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _gettime(char *dest);
+VEXLOR32_API char *VEXLOR32_CALL gettime(char *dest);
+#endif
+
+/* As GetTime, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL StrGetTime(char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL strgettime(char *dest);
+#endif
+
+/* The time of the machine's clock with hundredths of seconds, like 09:05:03.07.
+ *   dest     destination; room: 12; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL Timeh(char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _timeh(char *dest);
+VEXLOR32_API char *VEXLOR32_CALL timeh(char *dest);
+#endif
+
+/* As Timeh, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL StrTimeh(char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL strtimeh(char *dest);
+#endif
+
+/* Waits for a number of hundredths of a second.
+ *   count    below 1 does not wait
+ *   returns  nothing */
+VEXLOR32_API void VEXLOR32_CALL Delay(int32_t count);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API void VEXLOR32_CALL _delay(int32_t count);
+VEXLOR32_API void VEXLOR32_CALL delay(int32_t count);
+#endif
+
+/* Waits for a number of times 56 milliseconds.
+ *   count    below 1 does not wait
+ *   returns  nothing */
+VEXLOR32_API void VEXLOR32_CALL Nap(int32_t count);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API void VEXLOR32_CALL _nap(int32_t count);
+VEXLOR32_API void VEXLOR32_CALL nap(int32_t count);
+#endif
 
 
 /* ---- Tokens ---- */

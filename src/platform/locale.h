@@ -1,7 +1,9 @@
-// The system's language-dependent mappings, on single-byte characters of the active code page.
+// The system's language-dependent mappings and texts, on single-byte characters of the active code page.
 #pragma once
 
 #include <cstdint>
+
+#include "platform/moment.h"
 
 namespace vx::platform {
 
@@ -17,6 +19,14 @@ class Locale {
     // A number in plain digits as the locale writes it: grouped, with its decimals. The number of bytes put into `to`,
     // terminator included; 0 if the text is no number or the result does not fit.
     virtual std::uint32_t formatNumber(const char* number, char* to, std::uint32_t room) = 0;
+
+    // A date by a picture, with the names of the system's default locale: runs of d, M and y mean what they mean to
+    // GetDateFormat, all else stands for itself. Only the date counts. Result as above; 0 for what is no date.
+    virtual std::uint32_t formatDate(const Moment& date, const char* picture, char* to, std::uint32_t room) = 0;
+
+    // A time of day as the user's locale writes it, in 24 hours and without a marker. Only the hour, the minute and
+    // the second count. Result as above; 0 for what is no time of day.
+    virtual std::uint32_t formatTime(const Moment& time, char* to, std::uint32_t room) = 0;
 
  protected:
     ~Locale() = default;

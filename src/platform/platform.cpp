@@ -3,7 +3,7 @@
 namespace vx::platform {
 
 Platform& current() {
-    static Platform platform{&systemDesktop(), &systemFiles(), &systemLocale(), &systemProcess()};
+    static Platform platform{&systemClock(), &systemDesktop(), &systemFiles(), &systemLocale(), &systemProcess()};
     return platform;
 }
 

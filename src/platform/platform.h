@@ -5,6 +5,7 @@
 // member here and a line in platform.cpp.
 #pragma once
 
+#include "platform/clock.h"
 #include "platform/desktop.h"
 #include "platform/files.h"
 #include "platform/locale.h"
@@ -13,6 +14,7 @@
 namespace vx::platform {
 
 struct Platform {
+    Clock* clock;
     Desktop* desktop;
     Files* files;
     Locale* locale;
@@ -22,6 +24,7 @@ struct Platform {
 Platform& current();
 
 // The operating system's own, defined in linux/ and windows/.
+Clock& systemClock();
 Desktop& systemDesktop();
 Files& systemFiles();
 Locale& systemLocale();

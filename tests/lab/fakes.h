@@ -20,6 +20,32 @@ struct Box {
     bool operator==(const Box&) const = default;
 };
 
+// A clock that stands still. What it is set to and how long it sleeps is kept, and nothing happens.
+class FixedClock final : public platform::Clock {
+ public:
+    platform::Moment now{2000, 1, 3, 5, 9, 5, 3, 70};  // a Wednesday
+    std::int32_t setResult = 1;
+
+    std::vector<platform::Moment> sets;
+    std::vector<std::uint32_t> sleeps;
+    int reads = 0;
+
+    platform::Moment localTime() override {
+        ++reads;
+        return now;
+    }
+    std::int32_t setLocalTime(const platform::Moment& moment) override {
+        if (sets.size() < kMostKept) sets.push_back(moment);
+        return setResult;
+    }
+    void sleep(std::uint32_t milliseconds) override {
+        if (sleeps.size() < kMostKept) sleeps.push_back(milliseconds);
+    }
+
+ private:
+    static constexpr std::size_t kMostKept = 100;
+};
+
 // Keeps the boxes and the clipboard texts instead of showing them; answers as it is told to.
 class RecordedDesktop final : public platform::Desktop {
  public:
@@ -76,13 +102,30 @@ class FixedLocale final : public platform::Locale {
     }
 
     std::string formatted = "1,234,567.00";
-    std::uint32_t formatNumber(const char*, char* to, std::uint32_t room) override {
-        if (!works || formatted.size() >= room) return 0;
-        std::memcpy(to, formatted.c_str(), formatted.size() + 1);
-        return static_cast<std::uint32_t>(formatted.size() + 1);
+    std::uint32_t formatNumber(const char*, char* to, std::uint32_t room) override { return put(formatted, to, room); }
+
+    // Any date is one, and as long as it may be.
+    std::string dateText = "the thirty-one bytes of one day";
+    std::string timeText = "9 hours 5 minutes 3 seconds";
+    std::string picture;  // of the last date
+    platform::Moment date;
+    platform::Moment time;
+    std::uint32_t formatDate(const platform::Moment& moment, const char* text, char* to, std::uint32_t room) override {
+        date = moment;
+        picture = text;
+        return put(dateText, to, room);
+    }
+    std::uint32_t formatTime(const platform::Moment& moment, char* to, std::uint32_t room) override {
+        time = moment;
+        return put(timeText, to, room);
     }
 
  private:
+    std::uint32_t put(const std::string& text, char* to, std::uint32_t room) const {
+        if (!works || text.size() >= room) return 0;
+        std::memcpy(to, text.c_str(), text.size() + 1);
+        return static_cast<std::uint32_t>(text.size() + 1);
+    }
     std::uint32_t shift(const char* from, char* to, std::uint32_t count, int by) {
         for (std::uint32_t i = 0; i < count; ++i) to[i] = static_cast<char>(from[i] + by);
         return works ? count : count - 1;
@@ -113,12 +156,13 @@ class CountedFiles final : public platform::Files {
 class FakePlatform {
  public:
     explicit FakePlatform(Door* door) : door_(door), system_(*door->platform) {
-        *door->platform = {&desktop, &files, &locale, &process};
+        *door->platform = {&clock, &desktop, &files, &locale, &process};
     }
     ~FakePlatform() { *door_->platform = system_; }
     FakePlatform(const FakePlatform&) = delete;
     FakePlatform& operator=(const FakePlatform&) = delete;
 
+    FixedClock clock;
     RecordedDesktop desktop;
     CountedFiles files;
     FixedLocale locale;

@@ -18,26 +18,114 @@ constexpr std::size_t kDecimals = 2;
 // The user's locale, whatever the host has set for itself. The C locale counts as US English.
 class UserLocale {
  public:
-    UserLocale() : locale_(newlocale(LC_ALL_MASK, "", nullptr)) {}
-    ~UserLocale() {
-        if (locale_) freelocale(locale_);
+    UserLocale() : locale_(newlocale(LC_ALL_MASK, "", nullptr)) {
+        // The environment may name a locale that is not installed.
+        if (!locale_) locale_ = newlocale(LC_ALL_MASK, "C", nullptr);
+        std::string_view timeLocale = text(_NL_LOCALE_NAME(LC_TIME));
+        timeFormat_ = timeLocale == "C" || timeLocale.starts_with("C.") ? kUsTimeFormat : text(T_FMT);
     }
+    ~UserLocale() { freelocale(locale_); }
     UserLocale(const UserLocale&) = delete;
     UserLocale& operator=(const UserLocale&) = delete;
 
+    const char* text(nl_item item) const { return nl_langinfo_l(item, locale_); }
+
     char decimalPoint() const { return single(RADIXCHAR, '.', '.'); }
     char groupSeparator() const { return single(THOUSEP, ',', ' '); }
+    const char* timeFormat() const { return timeFormat_; }
 
  private:
     // Texts are single-byte: a longer separator (a thin blank, in UTF-8) is replaced.
     char single(nl_item item, char whenEmpty, char whenLonger) const {
-        const char* text = locale_ ? nl_langinfo_l(item, locale_) : "";
-        if (!*text) return whenEmpty;
-        return text[1] ? whenLonger : *text;
+        const char* separator = text(item);
+        if (!*separator) return whenEmpty;
+        return separator[1] ? whenLonger : *separator;
     }
 
+    static constexpr char kUsTimeFormat[] = "%r";
+
     locale_t locale_;
+    const char* timeFormat_;
 };
+
+const UserLocale& userLocale() {
+    static const UserLocale user;
+    return user;
+}
+
+nl_item itemAt(nl_item first, unsigned index) { return first + static_cast<nl_item>(index); }
+
+// Text put together in a destination of limited room.
+class Output {
+ public:
+    Output(char* to, std::uint32_t room) : to_(to), room_(room) {}
+
+    void put(char c) {
+        if (size_ < room_) to_[size_] = c;
+        ++size_;
+    }
+    void put(std::string_view text) {
+        for (char c : text) put(c);
+    }
+    void put(unsigned value, int digits) {
+        char reversed[8];
+        int count = 0;
+        for (; value != 0 || count < std::max(digits, 1); value /= 10) {
+            reversed[count++] = static_cast<char>('0' + value % 10);
+        }
+        while (count > 0) put(reversed[--count]);
+    }
+    void trimBlanks() {
+        while (size_ > 0 && size_ <= room_ && to_[size_ - 1] == ' ') --size_;
+    }
+    bool empty() const { return size_ == 0; }
+
+    // The size with the terminator, or 0 if that is more than the room.
+    std::uint32_t finish() {
+        put('\0');
+        return size_ <= room_ ? size_ : 0;
+    }
+
+ private:
+    char* to_;
+    std::uint32_t room_;
+    std::uint32_t size_ = 0;
+};
+
+// A run of `count` letters of a date picture.
+void putDatePart(Output& out, const Moment& date, char letter, int count) {
+    const UserLocale& user = userLocale();
+    unsigned month = date.month - 1u;
+    // The names are those of a month or day by itself, which some languages inflect within a date.
+    if (letter == 'M' && count >= 4) return out.put(user.text(itemAt(ALTMON_1, month)));
+    if (letter == 'M' && count == 3) return out.put(user.text(itemAt(_NL_ABALTMON_1, month)));
+    if (letter == 'M') return out.put(date.month, count);
+    if (letter == 'y') return count <= 2 ? out.put(date.year % 100u, count) : out.put(date.year, 4);
+    if (count <= 2) return out.put(date.day, count);
+    unsigned dayOfWeek = std::chrono::weekday(std::chrono::sys_days(dateOf(date))).c_encoding();
+    out.put(user.text(itemAt(count == 3 ? ABDAY_1 : DAY_1, dayOfWeek)));
+}
+
+// A time by a format of strftime's kind, 12 hours turned into 24, the marker and the time zone left out. An hour that
+// strftime would pad within 12 hours is not padded, as Windows has it.
+void putTime(Output& out, const Moment& time, const char* format) {
+    for (; *format; ++format) {
+        if (*format != '%') {
+            if (*format != ' ' || !out.empty()) out.put(*format);
+            continue;
+        }
+        ++format;
+        if (*format == 'O' || *format == 'E') ++format;
+        if (*format == '\0') return;
+        if (*format == 'H') out.put(time.hour, 2);
+        if (*format == 'k' || *format == 'I' || *format == 'l') out.put(time.hour, 1);
+        if (*format == 'M') out.put(time.minute, 2);
+        if (*format == 'S') out.put(time.second, 2);
+        if (*format == 'R') putTime(out, time, "%H:%M");
+        if (*format == 'T') putTime(out, time, "%H:%M:%S");
+        if (*format == 'r') putTime(out, time, "%I:%M:%S");
+    }
+}
 
 struct Number {
     bool negative = false;
@@ -81,7 +169,7 @@ class LinuxLocale final : public Locale {
     std::uint32_t mapToUpper(const char*, char*, std::uint32_t) override { return 0; }
 
     std::uint32_t formatNumber(const char* text, char* to, std::uint32_t room) override try {
-        static const UserLocale user;
+        const UserLocale& user = userLocale();
         Number number;
         // What is longer than the room cannot fit, whatever separators are added.
         if (strnlen(text, room) == room || !parse(text, number)) return 0;
@@ -96,6 +184,30 @@ class LinuxLocale final : public Locale {
         return static_cast<std::uint32_t>(result.size() + 1);
     } catch (const std::bad_alloc&) {
         return 0;
+    }
+
+    std::uint32_t formatDate(const Moment& date, const char* picture, char* to, std::uint32_t room) override {
+        if (!isDate(date)) return 0;
+        Output out(to, room);
+        while (char letter = *picture) {
+            int count = 0;
+            while (picture[count] == letter) ++count;
+            if (letter == 'd' || letter == 'M' || letter == 'y') {
+                putDatePart(out, date, letter, count);
+            } else {
+                for (int i = 0; i < count; ++i) out.put(letter);
+            }
+            picture += count;
+        }
+        return out.finish();
+    }
+
+    std::uint32_t formatTime(const Moment& time, char* to, std::uint32_t room) override {
+        if (!isTimeOfDay(time)) return 0;
+        Output out(to, room);
+        putTime(out, time, userLocale().timeFormat());
+        out.trimBlanks();
+        return out.finish();
     }
 };
 

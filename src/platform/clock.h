@@ -1,0 +1,24 @@
+// The machine's clock, in local time.
+#pragma once
+
+#include <cstdint>
+
+#include "platform/moment.h"
+
+namespace vx::platform {
+
+class Clock {
+ public:
+    virtual Moment localTime() = 0;
+
+    // Sets the clock; the day of the week does not count. The system's result: 0 if the moment does not exist, or the
+    // process has no right to set the clock.
+    virtual std::int32_t setLocalTime(const Moment& moment) = 0;
+
+    virtual void sleep(std::uint32_t milliseconds) = 0;
+
+ protected:
+    ~Clock() = default;
+};
+
+}  // namespace vx::platform

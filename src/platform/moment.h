@@ -1,0 +1,36 @@
+// A local date and time of day, field by field.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+
+namespace vx::platform {
+
+// In the order of Win32's SYSTEMTIME.
+struct Moment {
+    std::uint16_t year = 0;
+    std::uint16_t month = 0;
+    std::uint16_t dayOfWeek = 0;  // Sunday is 0
+    std::uint16_t day = 0;
+    std::uint16_t hour = 0;
+    std::uint16_t minute = 0;
+    std::uint16_t second = 0;
+    std::uint16_t milliseconds = 0;
+
+    bool operator==(const Moment&) const = default;
+};
+
+inline std::chrono::year_month_day dateOf(const Moment& moment) {
+    return {std::chrono::year{moment.year}, std::chrono::month{moment.month}, std::chrono::day{moment.day}};
+}
+
+// The dates that Windows accepts. The day of the week does not count.
+inline bool isDate(const Moment& moment) {
+    return moment.year >= 1601 && moment.year <= 30827 && moment.month <= 12 && moment.day <= 31 && dateOf(moment).ok();
+}
+
+inline bool isTimeOfDay(const Moment& moment) {
+    return moment.hour < 24 && moment.minute < 60 && moment.second < 60 && moment.milliseconds < 1000;
+}
+
+}  // namespace vx::platform
