@@ -15,6 +15,10 @@ class Clock {
     // process has no right to set the clock.
     virtual std::int32_t setLocalTime(const Moment& moment) = 0;
 
+    // Between a time stamp and local time; false, and nothing written, for what the system cannot convert.
+    virtual bool toLocalTime(FileTime time, Moment& local) = 0;
+    virtual bool toFileTime(const Moment& local, FileTime& time) = 0;
+
     virtual void sleep(std::uint32_t milliseconds) = 0;
 
  protected:

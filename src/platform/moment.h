@@ -1,10 +1,13 @@
-// A local date and time of day, field by field.
+// Moments: a local date and time of day, field by field, and a file's time stamp.
 #pragma once
 
 #include <chrono>
 #include <cstdint>
 
 namespace vx::platform {
+
+// Steps of 100 ns since the start of 1601, universal time.
+using FileTime = std::uint64_t;
 
 // In the order of Win32's SYSTEMTIME.
 struct Moment {

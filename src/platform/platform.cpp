@@ -3,7 +3,8 @@
 namespace vx::platform {
 
 Platform& current() {
-    static Platform platform{&systemClock(), &systemDesktop(), &systemFiles(), &systemLocale(), &systemProcess()};
+    static Platform platform{&systemClock(),   &systemDesktop(), &systemFiles(),  &systemLocale(),
+                             &systemProcess(), &systemTree(),    &systemVolumes()};
     return platform;
 }
 

@@ -1,7 +1,7 @@
 // The platform seam: all that the library asks of the operating system, grouped into small interfaces.
 //
 // Each operation means the same on every system, Win32 results included. `current()` is what families call through;
-// tests put their own objects in its places. A new group of operations is a header of its own (volumes.h, ...), a
+// tests put their own objects in its places. A new group of operations is a header of its own, a
 // member here and a line in platform.cpp.
 #pragma once
 
@@ -10,6 +10,8 @@
 #include "platform/files.h"
 #include "platform/locale.h"
 #include "platform/process.h"
+#include "platform/tree.h"
+#include "platform/volumes.h"
 
 namespace vx::platform {
 
@@ -19,6 +21,8 @@ struct Platform {
     Files* files;
     Locale* locale;
     Process* process;
+    Tree* tree;
+    Volumes* volumes;
 };
 
 Platform& current();
@@ -29,5 +33,7 @@ Desktop& systemDesktop();
 Files& systemFiles();
 Locale& systemLocale();
 Process& systemProcess();
+Tree& systemTree();
+Volumes& systemVolumes();
 
 }  // namespace vx::platform

@@ -3,12 +3,14 @@
 
 #include <algorithm>
 #include <cstring>
-#include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/platform.h"
 #include "tests/lab/door.h"
+#include "tests/lab/made_up_disk.h"
+#include "tests/lab/made_up_volumes.h"
 
 namespace vx::lab {
 
@@ -38,12 +40,26 @@ class FixedClock final : public platform::Clock {
         if (sets.size() < kMostKept) sets.push_back(moment);
         return setResult;
     }
+    // Time stamps count the seconds of 3 February 2001.
+    bool toLocalTime(platform::FileTime time, platform::Moment& local) override {
+        if (time >= kSecondsOfDay) return false;
+        auto second = static_cast<std::uint16_t>(time % 60);
+        local = {2001,   2, 6, 3, static_cast<std::uint16_t>(time / 3600), static_cast<std::uint16_t>(time / 60 % 60),
+                 second, 0};
+        return true;
+    }
+    bool toFileTime(const platform::Moment& local, platform::FileTime& time) override {
+        if (!platform::isDate(local) || !platform::isTimeOfDay(local)) return false;
+        time = local.hour * 3600u + local.minute * 60u + local.second;
+        return true;
+    }
     void sleep(std::uint32_t milliseconds) override {
         if (sleeps.size() < kMostKept) sleeps.push_back(milliseconds);
     }
 
  private:
     static constexpr std::size_t kMostKept = 100;
+    static constexpr platform::FileTime kSecondsOfDay = 86400;
 };
 
 // Keeps the boxes and the clipboard texts instead of showing them; answers as it is told to.
@@ -135,28 +151,26 @@ class FixedLocale final : public platform::Locale {
 class FixedProcess final : public platform::Process {
  public:
     std::string path = "C:\\hosts\\host.exe";
+    std::uint32_t error = 0;
+    std::uint32_t errorMode = 0;
+
     void programPath(char* to, std::size_t room) override {
         std::size_t kept = std::min(path.size(), room - 1);
         std::memcpy(to, path.data(), kept);
         to[kept] = '\0';
     }
-};
-
-class CountedFiles final : public platform::Files {
- public:
-    std::set<std::int32_t> failing;
-    std::vector<std::int32_t> closed;
-    bool close(std::int32_t handle) override {
-        closed.push_back(handle);
-        return !failing.contains(handle);
-    }
+    std::uint32_t lastError() override { return error; }
+    void setLastError(std::uint32_t code) override { error = code; }
+    std::uint32_t setErrorMode(std::uint32_t mode) override { return std::exchange(errorMode, mode); }
 };
 
 // Puts one stand-in of each kind in the platform's places, and takes them out again.
 class FakePlatform {
  public:
     explicit FakePlatform(Door* door) : door_(door), system_(*door->platform) {
-        *door->platform = {&clock, &desktop, &files, &locale, &process};
+        *door->platform = {&clock, &desktop, &disk, &locale, &process, &disk, &volumes};
+        disk.process = &process;
+        volumes.process = &process;
     }
     ~FakePlatform() { *door_->platform = system_; }
     FakePlatform(const FakePlatform&) = delete;
@@ -164,9 +178,10 @@ class FakePlatform {
 
     FixedClock clock;
     RecordedDesktop desktop;
-    CountedFiles files;
+    MadeUpDisk disk;
     FixedLocale locale;
     FixedProcess process;
+    MadeUpVolumes volumes;
 
  private:
     Door* door_;

@@ -195,16 +195,18 @@ TEST_F(Loading, CutsALongPath) {
 
 TEST_F(Loading, DetachClosesWhatIsStillOpen) {
     std::fill(std::begin(state.handles), std::end(state.handles), kNoHandle);
-    state.handles[0] = 11;
-    state.handles[500] = 12;
-    state.handles[1023] = 13;
-    fake.files.failing = {12};
+    fake.disk.put("C:\\open");
+    std::vector<std::int32_t> opened;
+    for (std::int32_t* slot : {&state.handles[0], &state.handles[500], &state.handles[1023]}) {
+        opened.push_back(*slot = fake.disk.open("C:\\open", platform::kRead));
+    }
+    fake.disk.unclosable = {opened[1]};
     door()->detach();
-    EXPECT_EQ(fake.files.closed, (std::vector<std::int32_t>{11, 12, 13}));
+    EXPECT_EQ(fake.disk.closed, opened);
     // kept: only the slot whose close failed is cleared
-    EXPECT_EQ(state.handles[0], 11);
+    EXPECT_EQ(state.handles[0], opened[0]);
     EXPECT_EQ(state.handles[500], kNoHandle);
-    EXPECT_EQ(state.handles[1023], 13);
+    EXPECT_EQ(state.handles[1023], opened[2]);
 }
 
 }  // namespace

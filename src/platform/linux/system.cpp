@@ -1,20 +1,16 @@
-// Files and process of Linux, with the results that Windows would give.
+// Process of Linux, with the results that Windows would give.
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <climits>
 #include <cstring>
 
+#include "platform/linux/last_error.h"
 #include "platform/platform.h"
 
 namespace vx::platform {
 namespace {
-
-class LinuxFiles final : public Files {
- public:
-    // Handles are numbers of the library's own, and none has been given out: no file can be open under one.
-    bool close(std::int32_t) override { return false; }
-};
 
 class LinuxProcess final : public Process {
  public:
@@ -32,14 +28,21 @@ class LinuxProcess final : public Process {
         std::memcpy(path + 2, link, kept);
         path[2 + kept] = '\0';
     }
+
+    std::uint32_t lastError() override { return platform::lastError(); }
+    void setLastError(std::uint32_t code) override { platform::setLastError(code); }
+
+    // No system call of Linux shows a box; the mode is kept for who asks for it.
+    std::uint32_t setErrorMode(std::uint32_t mode) override { return errorMode_.exchange(mode); }
+
+ private:
+    std::atomic<std::uint32_t> errorMode_ = 0;
 };
 
-LinuxFiles files;
 LinuxProcess process;
 
 }  // namespace
 
-Files& systemFiles() { return files; }
 Process& systemProcess() { return process; }
 
 }  // namespace vx::platform

@@ -19,6 +19,25 @@ class WindowsClock final : public Clock {
         return isDate(moment) && isTimeOfDay(moment) ? SetLocalTime(&time) : 0;
     }
 
+    bool toLocalTime(FileTime time, Moment& local) override {
+        FILETIME universal = fileTime(time);
+        FILETIME shifted;
+        SYSTEMTIME fields;
+        if (!FileTimeToLocalFileTime(&universal, &shifted) || !FileTimeToSystemTime(&shifted, &fields)) return false;
+        local = std::bit_cast<Moment>(fields);
+        return true;
+    }
+
+    bool toFileTime(const Moment& local, FileTime& time) override {
+        SYSTEMTIME fields = systemTime(local);
+        FILETIME shifted;
+        FILETIME universal;
+        if (!isDate(local) || !SystemTimeToFileTime(&fields, &shifted)) return false;
+        if (!LocalFileTimeToFileTime(&shifted, &universal)) return false;
+        time = fileTime(universal);
+        return true;
+    }
+
     void sleep(std::uint32_t milliseconds) override { Sleep(milliseconds); }
 };
 

@@ -1,4 +1,4 @@
-// Files and process of Windows: the calls that the interfaces are named after.
+// Process of Windows: the calls that the interface is named after.
 #include <windows.h>
 
 #include "platform/platform.h"
@@ -6,25 +6,22 @@
 namespace vx::platform {
 namespace {
 
-class WindowsFiles final : public Files {
- public:
-    bool close(std::int32_t handle) override { return _lclose(handle) == 0; }
-};
-
 class WindowsProcess final : public Process {
  public:
     void programPath(char* path, std::size_t room) override {
         DWORD length = GetModuleFileNameA(nullptr, path, static_cast<DWORD>(room));
         path[length < room ? length : room - 1] = '\0';  // Windows XP and before leave a cut path unterminated
     }
+
+    std::uint32_t lastError() override { return GetLastError(); }
+    void setLastError(std::uint32_t code) override { SetLastError(code); }
+    std::uint32_t setErrorMode(std::uint32_t mode) override { return SetErrorMode(mode); }
 };
 
-WindowsFiles files;
 WindowsProcess process;
 
 }  // namespace
 
-Files& systemFiles() { return files; }
 Process& systemProcess() { return process; }
 
 }  // namespace vx::platform

@@ -1,0 +1,128 @@
+// Open files of Windows.
+#include <windows.h>
+
+#include "platform/errors.h"
+#include "platform/platform.h"
+#include "platform/windows/system_time.h"
+
+namespace vx::platform {
+namespace {
+
+HANDLE handleOf(std::int32_t handle) { return reinterpret_cast<HANDLE>(static_cast<std::intptr_t>(handle)); }
+
+// A time that SetFileTime takes: none where it is to stay.
+class GivenTime {
+ public:
+    explicit GivenTime(FileTime time) : given_(time != 0), time_(fileTime(time)) {}
+    const FILETIME* get() const { return given_ ? &time_ : nullptr; }
+
+ private:
+    bool given_;
+    FILETIME time_;
+};
+
+OVERLAPPED placeAt(std::int64_t position) {
+    OVERLAPPED place{};
+    place.Offset = static_cast<DWORD>(position);
+    place.OffsetHigh = static_cast<DWORD>(position >> 32);
+    return place;
+}
+
+class WindowsFiles final : public Files {
+ public:
+    std::int32_t open(const char* name, std::uint32_t mode) override {
+        return static_cast<std::int32_t>(_lopen(name, static_cast<int>(mode)));
+    }
+
+    std::int32_t create(const char* name, std::uint32_t attributes) override {
+        return static_cast<std::int32_t>(_lcreat(name, static_cast<int>(attributes)));
+    }
+
+    bool close(std::int32_t handle) override { return CloseHandle(handleOf(handle)); }
+
+    std::int32_t read(std::int32_t handle, void* to, std::uint32_t count) override {
+        DWORD done = 0;
+        return ReadFile(handleOf(handle), to, count, &done, nullptr) ? static_cast<std::int32_t>(done) : -1;
+    }
+
+    std::int32_t write(std::int32_t handle, const void* from, std::uint32_t count) override {
+        DWORD done = 0;
+        return WriteFile(handleOf(handle), from, count, &done, nullptr) ? static_cast<std::int32_t>(done) : -1;
+    }
+
+    std::int32_t seek(std::int32_t handle, std::int32_t offset, std::int32_t origin) override {
+        std::int64_t before = origin == kFromEnd ? move(handle, 0, kFromCurrent) : 0;
+        if (before < 0) return -1;
+        std::int64_t after = move(handle, offset, origin);
+        if (after <= kLastPosition) return static_cast<std::int32_t>(after);
+        move(handle, origin == kFromEnd ? before : after - offset, kFromStart);
+        SetLastError(kInvalidParameter);
+        return -1;
+    }
+
+    std::int32_t readAt(std::int32_t handle, std::int64_t position, void* to, std::uint32_t count) override {
+        OVERLAPPED place = placeAt(position);
+        DWORD done = 0;
+        if (ReadFile(handleOf(handle), to, count, &done, &place)) return static_cast<std::int32_t>(done);
+        return GetLastError() == ERROR_HANDLE_EOF ? 0 : -1;
+    }
+
+    std::int32_t writeAt(std::int32_t handle, std::int64_t position, const void* from, std::uint32_t count) override {
+        OVERLAPPED place = placeAt(position);
+        DWORD done = 0;
+        return WriteFile(handleOf(handle), from, count, &done, &place) ? static_cast<std::int32_t>(done) : -1;
+    }
+
+    std::int64_t size(std::int32_t handle) override {
+        DWORD high = 0;
+        SetLastError(kNoError);
+        DWORD low = GetFileSize(handleOf(handle), &high);
+        if (low == INVALID_FILE_SIZE && GetLastError() != kNoError) return -1;
+        return static_cast<std::int64_t>(high) << 32 | low;
+    }
+
+    bool truncate(std::int32_t handle) override { return SetEndOfFile(handleOf(handle)); }
+
+    bool flush(std::int32_t handle) override { return FlushFileBuffers(handleOf(handle)); }
+
+    bool lock(std::int32_t handle, std::uint32_t offset, std::uint32_t length) override {
+        return LockFile(handleOf(handle), offset, 0, length, 0);
+    }
+
+    bool unlock(std::int32_t handle, std::uint32_t offset, std::uint32_t length) override {
+        return UnlockFile(handleOf(handle), offset, 0, length, 0);
+    }
+
+    bool information(std::int32_t handle, FileInformation& information) override {
+        BY_HANDLE_FILE_INFORMATION found;
+        if (!GetFileInformationByHandle(handleOf(handle), &found)) return false;
+        information = {.attributes = found.dwFileAttributes,
+                       .times = {fileTime(found.ftCreationTime), fileTime(found.ftLastAccessTime),
+                                 fileTime(found.ftLastWriteTime)},
+                       .volumeSerial = found.dwVolumeSerialNumber,
+                       .size = static_cast<std::uint64_t>(found.nFileSizeHigh) << 32 | found.nFileSizeLow};
+        return true;
+    }
+
+    bool setTimes(std::int32_t handle, const FileTimes& times) override {
+        return SetFileTime(handleOf(handle), GivenTime(times.created).get(), GivenTime(times.accessed).get(),
+                           GivenTime(times.written).get());
+    }
+
+ private:
+    static std::int64_t move(std::int32_t handle, std::int64_t distance, std::int32_t origin) {
+        LONG high = static_cast<LONG>(distance >> 32);
+        SetLastError(kNoError);
+        DWORD low = SetFilePointer(handleOf(handle), static_cast<LONG>(distance), &high, static_cast<DWORD>(origin));
+        if (low == INVALID_SET_FILE_POINTER && GetLastError() != kNoError) return -1;
+        return static_cast<std::int64_t>(high) << 32 | low;
+    }
+};
+
+WindowsFiles files;
+
+}  // namespace
+
+Files& systemFiles() { return files; }
+
+}  // namespace vx::platform

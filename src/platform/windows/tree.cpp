@@ -1,0 +1,71 @@
+// The tree of names on Windows.
+#include <windows.h>
+
+#include <cstring>
+
+#include "platform/platform.h"
+
+namespace vx::platform {
+namespace {
+
+static_assert(sizeof(FoundEntry) == sizeof(WIN32_FIND_DATAA));
+static_assert(offsetof(FoundEntry, name) == offsetof(WIN32_FIND_DATAA, cFileName));
+static_assert(offsetof(FoundEntry, shortName) == offsetof(WIN32_FIND_DATAA, cAlternateFileName));
+
+WIN32_FIND_DATAA* record(FoundEntry& entry) { return reinterpret_cast<WIN32_FIND_DATAA*>(&entry); }
+
+HANDLE handleOf(std::int32_t search) { return reinterpret_cast<HANDLE>(static_cast<std::intptr_t>(search)); }
+
+// A character that the code page lacks comes back as a question mark, which is in no name and would match others.
+bool canBeGivenBack(const FoundEntry& entry) { return std::strchr(entry.name, '?') == nullptr; }
+
+bool isDirectoryLink(std::uint32_t attributes) {
+    return attributes != kNoAttributes && (attributes & kLink) && (attributes & kDirectoryEntry);
+}
+
+class WindowsTree final : public Tree {
+ public:
+    std::uint32_t attributes(const char* name) override { return GetFileAttributesA(name); }
+    bool setAttributes(const char* name, std::uint32_t attributes) override {
+        return SetFileAttributesA(name, attributes);
+    }
+
+    bool erase(const char* name) override {
+        return isDirectoryLink(GetFileAttributesA(name)) ? RemoveDirectoryA(name) : DeleteFileA(name);
+    }
+    bool move(const char* from, const char* to) override { return MoveFileA(from, to); }
+    bool createDirectory(const char* name) override { return CreateDirectoryA(name, nullptr); }
+    bool removeDirectory(const char* name) override { return RemoveDirectoryA(name); }
+
+    std::uint32_t fullPath(const char* name, char* path, std::uint32_t room) override {
+        return GetFullPathNameA(name, room, path, nullptr);
+    }
+
+    std::int32_t findFirst(const char* pattern, FoundEntry& entry) override {
+        HANDLE search = FindFirstFileA(pattern, record(entry));
+        if (search == INVALID_HANDLE_VALUE) return -1;
+        std::int32_t handle = static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(search));
+        if (canBeGivenBack(entry) || findNext(handle, entry)) return handle;
+        DWORD reason = GetLastError();
+        FindClose(search);
+        SetLastError(reason == ERROR_NO_MORE_FILES ? ERROR_FILE_NOT_FOUND : reason);
+        return -1;
+    }
+
+    bool findNext(std::int32_t search, FoundEntry& entry) override {
+        while (FindNextFileA(handleOf(search), record(entry))) {
+            if (canBeGivenBack(entry)) return true;
+        }
+        return false;
+    }
+
+    bool findClose(std::int32_t search) override { return FindClose(handleOf(search)); }
+};
+
+WindowsTree tree;
+
+}  // namespace
+
+Tree& systemTree() { return tree; }
+
+}  // namespace vx::platform

@@ -1,0 +1,414 @@
+#include "tests/lab/made_up_disk.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cstring>
+
+namespace vx::lab {
+
+using namespace platform;
+
+namespace {
+
+std::string upperCased(std::string text) {
+    for (char& c : text) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    return text;
+}
+
+std::string parentOf(const std::string& path) { return path.substr(0, path.rfind('\\')); }
+std::string lastOf(const std::string& path) { return path.substr(path.rfind('\\') + 1); }
+
+bool matches(const char* pattern, const char* name) {
+    if (!*pattern) return !*name;
+    if (*pattern == '*') return matches(pattern + 1, name) || (*name && matches(pattern, name + 1));
+    return *name && (*pattern == '?' || *pattern == *name) && matches(pattern + 1, name + 1);
+}
+
+void putTime(std::uint32_t (&halves)[2], FileTime time) {
+    halves[0] = static_cast<std::uint32_t>(time);
+    halves[1] = static_cast<std::uint32_t>(time >> 32);
+}
+
+std::uint32_t shownAttributes(const MadeUpDisk::Node& node) {
+    std::uint32_t shown = node.attributes | (node.directory ? kDirectoryEntry : 0u);
+    return shown ? shown : std::uint32_t{kNormal};
+}
+
+FoundEntry entryOf(const MadeUpDisk::Node& node, const std::string& name) {
+    FoundEntry entry{};
+    entry.attributes = shownAttributes(node);
+    putTime(entry.created, node.times.created);
+    putTime(entry.accessed, node.times.accessed);
+    putTime(entry.written, node.times.written);
+    entry.sizeLow = static_cast<std::uint32_t>(node.data.size());
+    name.copy(entry.name, kPathSize - 1);
+    return entry;
+}
+
+}  // namespace
+
+template <typename Result>
+Result MadeUpDisk::refuse(Result result, std::uint32_t code) {
+    if (process) process->setLastError(code);
+    return result;
+}
+
+bool MadeUpDisk::fails() {
+    ++calls;
+    bool now = fault.atCall != 0 && (fault.lasts ? calls >= fault.atCall : calls == fault.atCall);
+    return now && refuse(true, fault.code);
+}
+
+std::string MadeUpDisk::absolute(const std::string& name) const {
+    std::string path = name;
+    std::replace(path.begin(), path.end(), '/', '\\');
+    if (path.size() > 1 && path[1] == ':') {
+        if (std::toupper(static_cast<unsigned char>(path[0])) != 'C') return "";
+        path.erase(0, 2);
+    }
+    if (path.empty() || path[0] != '\\') path = directory.substr(2) + "\\" + path;
+    std::string result = "C:";
+    for (std::size_t from = 0; from <= path.size();) {
+        std::size_t to = std::min(path.find('\\', from), path.size());
+        std::string piece = path.substr(from, to - from);
+        if (piece == "..") {
+            if (result.size() > 2) result = parentOf(result);
+        } else if (!piece.empty() && piece != ".") {
+            result += "\\" + piece;
+        }
+        from = to + 1;
+    }
+    return result;
+}
+
+MadeUpDisk::Nodes::iterator MadeUpDisk::at(const std::string& name) { return nodes_.find(upperCased(absolute(name))); }
+
+MadeUpDisk::Node& MadeUpDisk::put(const std::string& path, std::string data) {
+    std::string full = absolute(path);
+    if (parentOf(full) != "C:") putDirectory(parentOf(full));
+    auto& node = nodes_[upperCased(full)];
+    if (!node) node = std::make_shared<Node>();
+    node->name = lastOf(full);
+    node->data = std::move(data);
+    return *node;
+}
+
+MadeUpDisk::Node& MadeUpDisk::putDirectory(const std::string& path) {
+    Node& node = put(path);
+    if (!node.directory) node.attributes = 0;
+    node.directory = true;
+    return node;
+}
+
+MadeUpDisk::Node* MadeUpDisk::find(const std::string& path) {
+    auto found = at(path);
+    return found == nodes_.end() ? nullptr : found->second.get();
+}
+
+std::vector<std::string> MadeUpDisk::names() const {
+    std::vector<std::string> all;
+    for (const auto& [key, node] : nodes_)
+        all.push_back(parentOf(key) + "\\" + node->name + (node->directory ? "\\" : ""));
+    return all;
+}
+
+std::size_t MadeUpDisk::used() const {
+    std::size_t sum = 0;
+    for (const auto& [key, node] : nodes_) sum += node->data.size();
+    return sum;
+}
+
+bool MadeUpDisk::parentExists(const std::string& path) const {
+    std::string parent = upperCased(parentOf(path));
+    auto found = nodes_.find(parent);
+    return parent == "C:" || (found != nodes_.end() && found->second->directory);
+}
+
+bool MadeUpDisk::isOpen(const Node& node) const {
+    return std::any_of(open_.begin(), open_.end(), [&](const auto& o) { return o.second.node.get() == &node; });
+}
+
+bool MadeUpDisk::isEmptyDirectory(const std::string& key) const {
+    auto next = nodes_.upper_bound(key + "\\");
+    return next == nodes_.end() || next->first.compare(0, key.size() + 1, key + "\\") != 0;
+}
+
+MadeUpDisk::Open* MadeUpDisk::opened(std::int32_t handle) {
+    auto found = open_.find(handle);
+    return found == open_.end() ? refuse(static_cast<Open*>(nullptr), kInvalidHandle) : &found->second;
+}
+
+std::int32_t MadeUpDisk::start(std::shared_ptr<Node> node, std::uint32_t mode) {
+    lastHandle_ += 4;
+    open_[lastHandle_] = {std::move(node), 0, (mode & 3) != kWrite, (mode & 3) != kRead, {}};
+    return lastHandle_;
+}
+
+std::int32_t MadeUpDisk::open(const char* name, std::uint32_t mode) {
+    if (fails()) return -1;
+    auto found = at(name);
+    if (found == nodes_.end()) return refuse(-1, kFileNotFound);
+    bool refused = found->second->directory || ((mode & 3) != kRead && (found->second->attributes & kReadOnly));
+    return refused ? refuse(-1, kAccessDenied) : start(found->second, mode);
+}
+
+std::int32_t MadeUpDisk::create(const char* name, std::uint32_t attributes) {
+    if (fails()) return -1;
+    std::string full = absolute(name);
+    if (full.size() <= 3 || !parentExists(full)) return refuse(-1, kPathNotFound);
+    auto found = at(name);
+    if (found != nodes_.end() && (found->second->directory || (found->second->attributes & kReadOnly))) {
+        return refuse(-1, kAccessDenied);
+    }
+    Node& node = put(full);
+    node.attributes = (attributes & 7) | kArchive;
+    return start(at(full)->second, kReadWrite);
+}
+
+bool MadeUpDisk::close(std::int32_t handle) {
+    closed.push_back(handle);
+    if (unclosable.contains(handle)) return false;
+    bool failed = fails();
+    return open_.erase(handle) != 0 ? !failed : refuse(false, kInvalidHandle);
+}
+
+std::int32_t MadeUpDisk::transfer(std::int32_t handle, std::int64_t position, void* to, const void* from,
+                                  std::uint32_t count) {
+    if (fails()) {
+        if (!fault.fallsShort) return -1;
+        count /= 2;
+    }
+    Open* file = opened(handle);
+    if (!file) return -1;
+    if (to ? !file->reads : !file->writes) return refuse(-1, kAccessDenied);
+    std::string& data = file->node->data;
+    std::size_t start = static_cast<std::size_t>(position);
+    if (to) {
+        std::size_t got = start < data.size() ? std::min<std::size_t>(count, data.size() - start) : 0;
+        std::memcpy(to, data.data() + std::min(start, data.size()), got);
+        return static_cast<std::int32_t>(got);
+    }
+    if (count == 0) return 0;
+    std::size_t grown = std::max(data.size(), start + count);
+    if (used() - data.size() + grown > capacity) return refuse(-1, kDiskFull);
+    data.resize(grown);
+    std::memcpy(data.data() + start, from, count);
+    return static_cast<std::int32_t>(count);
+}
+
+std::int32_t MadeUpDisk::read(std::int32_t handle, void* to, std::uint32_t count) {
+    Open* file = opened(handle);
+    std::int32_t done = transfer(handle, file ? file->position : 0, to, nullptr, count);
+    if (done > 0) file->position += done;
+    return done;
+}
+
+std::int32_t MadeUpDisk::write(std::int32_t handle, const void* from, std::uint32_t count) {
+    Open* file = opened(handle);
+    std::int32_t done = transfer(handle, file ? file->position : 0, nullptr, from, count);
+    if (done > 0) file->position += done;
+    return done;
+}
+
+std::int32_t MadeUpDisk::seek(std::int32_t handle, std::int32_t offset, std::int32_t origin) {
+    if (fails()) return -1;
+    Open* file = opened(handle);
+    if (!file) return -1;
+    if (origin < kFromStart || origin > kFromEnd) return refuse(-1, kInvalidParameter);
+    std::int64_t base = origin == kFromStart     ? 0
+                        : origin == kFromCurrent ? file->position
+                                                 : static_cast<std::int64_t>(file->node->data.size());
+    if (base + offset < 0) return refuse(-1, kNegativeSeek);
+    if (base + offset > kLastPosition) return refuse(-1, kInvalidParameter);
+    file->position = base + offset;
+    return static_cast<std::int32_t>(file->position);
+}
+
+// The position is lost, as on Windows.
+std::int32_t MadeUpDisk::readAt(std::int32_t handle, std::int64_t position, void* to, std::uint32_t count) {
+    if (Open* file = opened(handle)) file->position = position;
+    return read(handle, to, count);
+}
+
+std::int32_t MadeUpDisk::writeAt(std::int32_t handle, std::int64_t position, const void* from, std::uint32_t count) {
+    if (Open* file = opened(handle)) file->position = position;
+    return write(handle, from, count);
+}
+
+std::int64_t MadeUpDisk::size(std::int32_t handle) {
+    if (fails()) return -1;
+    Open* file = opened(handle);
+    return file ? static_cast<std::int64_t>(file->node->data.size()) : -1;
+}
+
+bool MadeUpDisk::truncate(std::int32_t handle) {
+    if (fails()) return false;
+    Open* file = opened(handle);
+    if (!file) return false;
+    if (!file->writes) return refuse(false, kAccessDenied);
+    std::size_t end = static_cast<std::size_t>(file->position);
+    if (end > file->node->data.size() && used() - file->node->data.size() + end > capacity)
+        return refuse(false, kDiskFull);
+    file->node->data.resize(end);
+    return true;
+}
+
+bool MadeUpDisk::flush(std::int32_t handle) { return !fails() && opened(handle); }
+
+bool MadeUpDisk::lock(std::int32_t handle, std::uint32_t offset, std::uint32_t length) {
+    if (fails()) return false;
+    Open* file = opened(handle);
+    if (!file) return false;
+    Range range{offset, std::uint64_t{offset} + length};
+    for (const auto& [other, opened] : open_) {
+        if (opened.node != file->node) continue;
+        for (const Range& held : opened.held) {
+            if (range.first < held.second && held.first < range.second) return refuse(false, kLockViolation);
+        }
+    }
+    file->held.push_back(range);
+    return true;
+}
+
+bool MadeUpDisk::unlock(std::int32_t handle, std::uint32_t offset, std::uint32_t length) {
+    if (fails()) return false;
+    Open* file = opened(handle);
+    if (!file) return false;
+    auto found = std::find(file->held.begin(), file->held.end(), Range{offset, std::uint64_t{offset} + length});
+    if (found == file->held.end()) return refuse(false, kNotLocked);
+    file->held.erase(found);
+    return true;
+}
+
+bool MadeUpDisk::information(std::int32_t handle, FileInformation& information) {
+    if (fails()) return false;
+    Open* file = opened(handle);
+    if (!file) return false;
+    information = {shownAttributes(*file->node), file->node->times, 0x1234ABCD, file->node->data.size()};
+    return true;
+}
+
+bool MadeUpDisk::setTimes(std::int32_t handle, const FileTimes& times) {
+    if (fails()) return false;
+    Open* file = opened(handle);
+    if (!file) return false;
+    FileTimes& kept = file->node->times;
+    if (times.created) kept.created = times.created;
+    if (times.accessed) kept.accessed = times.accessed;
+    if (times.written) kept.written = times.written;
+    return true;
+}
+
+std::uint32_t MadeUpDisk::attributes(const char* name) {
+    if (fails()) return kNoAttributes;
+    if (absolute(name) == "C:") return kDirectoryEntry;
+    auto found = at(name);
+    return found == nodes_.end() ? refuse(kNoAttributes, kFileNotFound) : shownAttributes(*found->second);
+}
+
+bool MadeUpDisk::setAttributes(const char* name, std::uint32_t attributes) {
+    if (fails()) return false;
+    auto found = at(name);
+    if (found == nodes_.end()) return refuse(false, kFileNotFound);
+    found->second->attributes = attributes & (kReadOnly | kHidden | kSystem | kArchive);
+    return true;
+}
+
+bool MadeUpDisk::erase(const char* name) {
+    if (fails()) return false;
+    auto found = at(name);
+    if (found == nodes_.end()) return refuse(false, kFileNotFound);
+    if (found->second->directory || (found->second->attributes & kReadOnly)) return refuse(false, kAccessDenied);
+    if (isOpen(*found->second)) return refuse(false, kSharingViolation);
+    nodes_.erase(found);
+    return true;
+}
+
+bool MadeUpDisk::move(const char* from, const char* to) {
+    if (fails()) return false;
+    auto found = at(from);
+    if (found == nodes_.end()) return refuse(false, kFileNotFound);
+    std::string target = absolute(to);
+    if (target.size() <= 3 || !parentExists(target)) return refuse(false, kPathNotFound);
+    if (auto taken = at(to); taken != nodes_.end() && taken != found) return refuse(false, kAlreadyExists);
+    if (isOpen(*found->second)) return refuse(false, kSharingViolation);
+    std::string oldKey = found->first, newKey = upperCased(target);
+    Nodes moved;
+    for (auto it = nodes_.begin(); it != nodes_.end();) {
+        bool within = it->first == oldKey || it->first.compare(0, oldKey.size() + 1, oldKey + "\\") == 0;
+        if (within) moved[newKey + it->first.substr(oldKey.size())] = it->second;
+        it = within ? nodes_.erase(it) : std::next(it);
+    }
+    nodes_.merge(moved);
+    nodes_[newKey]->name = lastOf(target);
+    return true;
+}
+
+bool MadeUpDisk::createDirectory(const char* name) {
+    if (fails()) return false;
+    std::string full = absolute(name);
+    if (full.empty() || !parentExists(full)) return refuse(false, kPathNotFound);
+    if (full == "C:" || find(full)) return refuse(false, kAlreadyExists);
+    putDirectory(full);
+    return true;
+}
+
+bool MadeUpDisk::removeDirectory(const char* name) {
+    if (fails()) return false;
+    auto found = at(name);
+    if (found == nodes_.end()) return refuse(false, kPathNotFound);
+    if (!found->second->directory) return refuse(false, kDirectory);
+    if (!isEmptyDirectory(found->first)) return refuse(false, kDirectoryNotEmpty);
+    nodes_.erase(found);
+    return true;
+}
+
+std::uint32_t MadeUpDisk::fullPath(const char* name, char* path, std::uint32_t room) {
+    if (fails() || !*name) return 0;
+    std::string full = absolute(name);
+    if (full.empty()) return refuse(0u, kInvalidDrive);
+    if (full == "C:") full += '\\';
+    if (full.size() >= room) return static_cast<std::uint32_t>(full.size() + 1);
+    std::memcpy(path, full.c_str(), full.size() + 1);
+    return static_cast<std::uint32_t>(full.size());
+}
+
+std::int32_t MadeUpDisk::findFirst(const char* pattern, FoundEntry& entry) {
+    if (fails()) return -1;
+    std::string full = upperCased(absolute(pattern));
+    if (full.size() <= 3) return refuse(-1, kFileNotFound);
+    std::string parent = parentOf(full), wanted = lastOf(full) == "*.*" ? "*" : lastOf(full);
+    std::vector<FoundEntry> found;
+    if (parent != "C:" && wanted == "*") {
+        for (const char* name : {".", ".."}) found.push_back(entryOf({name, true, "", 0, {}}, name));
+    }
+    for (const auto& [key, node] : nodes_) {
+        if (parentOf(key) == parent && matches(wanted.c_str(), lastOf(key).c_str())) {
+            found.push_back(entryOf(*node, node->name));
+        }
+    }
+    if (found.empty()) return refuse(-1, kFileNotFound);
+    std::reverse(found.begin(), found.end());
+    lastHandle_ += 4;
+    entry = found.back();
+    found.pop_back();
+    searches_[lastHandle_] = std::move(found);
+    return lastHandle_;
+}
+
+bool MadeUpDisk::findNext(std::int32_t search, FoundEntry& entry) {
+    if (fails()) return false;
+    auto found = searches_.find(search);
+    if (found == searches_.end()) return refuse(false, kInvalidHandle);
+    if (found->second.empty()) return refuse(false, kNoMoreFiles);
+    entry = found->second.back();
+    found->second.pop_back();
+    return true;
+}
+
+bool MadeUpDisk::findClose(std::int32_t search) {
+    ++calls;
+    return searches_.erase(search) != 0 || refuse(false, kInvalidHandle);
+}
+
+}  // namespace vx::lab

@@ -1,0 +1,133 @@
+// Drives of a made-up machine: a diskette drive A, a hard disk C, a network drive F.
+#pragma once
+
+#include <algorithm>
+#include <cctype>
+#include <cstring>
+#include <map>
+#include <optional>
+#include <string>
+
+#include "platform/errors.h"
+#include "platform/platform.h"
+
+namespace vx::lab {
+
+struct MadeUpDrive {
+    platform::DriveKind kind = platform::kFixedDrive;
+    std::string label = "";
+    std::string fileSystem = "FAT";
+    std::uint32_t serial = 0;
+    platform::DiskSpace space{8, 512, 1000, 2000};
+    std::string directory = "\\";
+    std::uint32_t error = 0;       // what reading fails with; 0 works
+    std::uint32_t labelError = 0;  // what setting the label fails with
+};
+
+class MadeUpVolumes final : public platform::Volumes {
+ public:
+    std::map<char, MadeUpDrive> drives{{'A', {.kind = platform::kRemovableDrive, .serial = 0xA}},
+                                       {'C', {.label = "SYSTEM", .serial = 0x1234ABCD}},
+                                       {'F', {.kind = platform::kRemoteDrive, .fileSystem = "NET", .serial = 0xF}}};
+    char current = 'C';
+    std::optional<std::uint64_t> bytesFree;  // by the geometry if not given
+    std::string system = "C:\\WINNT\\System32";
+    std::string windows = "C:\\WINNT";
+    platform::Process* process = nullptr;  // gets the reasons of failures
+    std::string labels;                    // every label that was set, in brackets; "-" for none
+
+    std::uint32_t logicalDrives() override {
+        std::uint32_t mask = 0;
+        for (const auto& [letter, drive] : drives) mask |= 1u << (letter - 'A');
+        return mask;
+    }
+    platform::DriveKind driveKind(const char* root) override {
+        MadeUpDrive* drive = at(root);
+        return drive ? drive->kind : platform::kNoRootDirectory;
+    }
+    bool information(const char* root, platform::VolumeInformation& information) override {
+        MadeUpDrive* drive = working(root);
+        if (!drive) return false;
+        put(drive->label, information.label, sizeof information.label);
+        put(drive->fileSystem, information.fileSystem, sizeof information.fileSystem);
+        information.serial = drive->serial;
+        return true;
+    }
+    bool setLabel(const char* root, const char* label) override {
+        MadeUpDrive* drive = working(root);
+        if (!drive) return false;
+        if (drive->labelError) return refuse(drive->labelError);
+        drive->label = label ? label : "";
+        labels += label ? "[" + drive->label + "]" : "-";
+        return true;
+    }
+    bool space(const char* root, platform::DiskSpace& space) override {
+        MadeUpDrive* drive = working(root);
+        if (drive) space = drive->space;
+        return drive;
+    }
+    bool freeBytes(const char* root, std::uint64_t& bytes) override {
+        platform::DiskSpace space{};
+        if (!this->space(root, space)) return false;
+        bytes = bytesFree.value_or(std::uint64_t{space.freeClusters} * space.sectorsPerCluster * space.bytesPerSector);
+        return true;
+    }
+    std::int32_t currentDrive() override { return current - 'A' + 1; }
+    bool setCurrentDrive(std::int32_t drive) override {
+        char letter = static_cast<char>('A' + drive - 1);
+        if (drive < 1 || drive > 26 || !drives.contains(letter)) return refuse(platform::kInvalidDrive);
+        current = letter;
+        return true;
+    }
+    bool currentDirectory(std::int32_t number, char* path, std::size_t room) override {
+        char letter = number == 0 ? current : static_cast<char>('A' + number - 1);
+        auto found = drives.find(letter);
+        if (found == drives.end()) return refuse(platform::kInvalidDrive);
+        std::string full = std::string(1, letter) + ":" + found->second.directory;
+        return full.size() < room ? put(full, path, room) : refuse(platform::kInsufficientBuffer);
+    }
+    bool changeDirectory(const char* path) override {
+        MadeUpDrive* drive = path[0] && path[1] == ':' ? at(path) : &drives[current];
+        if (!drive || std::strchr(path, '?')) return refuse(platform::kPathNotFound);
+        if (path[0] && path[1] == ':') {
+            current = letterOf(path);
+            path += 2;
+        }
+        drive->directory = *path == '\\' ? path : drive->directory + (drive->directory.size() > 1 ? "\\" : "") + path;
+        return true;
+    }
+    std::uint32_t systemDirectory(char* path, std::uint32_t room) override { return length(system, path, room); }
+    std::uint32_t windowsDirectory(char* path, std::uint32_t room) override { return length(windows, path, room); }
+
+ private:
+    static char letterOf(const char* root) {
+        return static_cast<char>(std::toupper(static_cast<unsigned char>(*root)));
+    }
+    MadeUpDrive* at(const char* root) {
+        auto found = drives.find(letterOf(root));
+        return found == drives.end() ? nullptr : &found->second;
+    }
+    MadeUpDrive* working(const char* root) {
+        MadeUpDrive* drive = at(root);
+        if (!drive) refuse(platform::kPathNotFound);
+        if (drive && drive->error) refuse(drive->error);
+        return drive && !drive->error ? drive : nullptr;
+    }
+    bool refuse(std::uint32_t code) {
+        if (process) process->setLastError(code);
+        return false;
+    }
+    static bool put(const std::string& text, char* to, std::size_t room) {
+        std::size_t kept = std::min(text.size(), room - 1);
+        std::memcpy(to, text.data(), kept);
+        to[kept] = '\0';
+        return true;
+    }
+    static std::uint32_t length(const std::string& text, char* to, std::uint32_t room) {
+        if (text.size() >= room) return 0;
+        put(text, to, room);
+        return static_cast<std::uint32_t>(text.size());
+    }
+};
+
+}  // namespace vx::lab
