@@ -3,6 +3,24 @@
 #include <algorithm>
 
 namespace vx::fuzz {
+namespace {
+
+// The names are among the texts that are drawn.
+void fill(lab::MadeUpDisk& disk, Random& random) {
+    disk.capacity = 1 << 16;
+    disk.put("C:\\DATA\\LETTER.TXT", "Dear reader,\r\n\r\nall is well.\nYours\r\n");
+    disk.put("C:\\DATA\\EMPTY.TXT");
+    disk.put("C:\\DATA\\LONG.TXT", std::string(5000, 'x') + "\n" + std::string(3000, 'y'));
+    disk.put("C:\\DATA\\READONLY.TXT", "kept").attributes = platform::kReadOnly;
+    disk.put("C:\\DATA\\SUB\\NAME.EXT", "1234567890");
+    if (!random.oneIn(3)) return;
+    disk.fault = {.atCall = random.between(1, 300),
+                  .lasts = random.oneIn(4),
+                  .fallsShort = random.oneIn(2),
+                  .code = static_cast<std::uint32_t>(random.between(1, 200))};
+}
+
+}  // namespace
 
 World::World(lab::Door* door) : door_(door), fakes_(std::make_unique<lab::FakePlatform>(door)) { takeState(); }
 
@@ -14,6 +32,7 @@ void World::renew(Random& random) {
     fakes_->desktop.clipboardOpens = !random.oneIn(4);
     fakes_->desktop.memoryLeft = !random.oneIn(4);
     fakes_->desktop.logOffResult = random.oneIn(4) ? 0 : 1;
+    fill(fakes_->disk, random);
     restoreState();
 }
 
@@ -33,6 +52,7 @@ void World::restoreState() {
     std::copy(std::begin(loaded_.collate), std::end(loaded_.collate), library.collate);
     std::copy(std::begin(loaded_.types), std::end(loaded_.types), library.types);
     library.fill = loaded_.fill;
+    std::fill(std::begin(library.handles), std::end(library.handles), kNoHandle);  // they belonged to the disk before
 }
 
 }  // namespace vx::fuzz
