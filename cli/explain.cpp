@@ -20,7 +20,7 @@ using catalog::Family;
 constexpr const char* kKinds[] = {"int", "uint",  "char",  "pos",    "str",   "edit", "dest",
                                   "out", "bytes", "block", "handle", "table", "any"};
 constexpr const char* kResults[] = {"int",  "uint",  "bool",   "char",  "pos",   "handle", "table",
-                                    "dest", "given", "inside", "const", "block", "end", "void"};
+                                    "dest", "given", "inside", "const", "block", "end",    "void"};
 static_assert(std::size(kKinds) == static_cast<int>(catalog::Kind::kAny) + 1);
 static_assert(std::size(kResults) == static_cast<int>(catalog::Result::kVoid) + 1);
 

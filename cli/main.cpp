@@ -15,6 +15,7 @@
 #include "cli/library.h"
 #include "cli/lines.h"
 #include "cli/print.h"
+#include "cli/table.h"
 
 namespace vx::cli {
 namespace {
@@ -24,6 +25,7 @@ Usage: vexlor [OPTIONS] NAME [ARGUMENTS...]
        vexlor --lines [OPTIONS] NAME [ARGUMENTS WITH {}...]
        vexlor --list [FAMILY|TEXT]
        vexlor --explain NAME
+       vexlor --table FILE.DBF
 )";
 
 constexpr char kDescription[] =
@@ -53,6 +55,7 @@ Examples:
   vexlor --lines UnTrim {} 20 . < names.txt
   vexlor --list trim
   vexlor --explain AllTrim
+  vexlor --table CUSTOMER.DBF
 )";
 
 class HelpFormat : public CLI::Formatter {
@@ -62,7 +65,7 @@ class HelpFormat : public CLI::Formatter {
 
 struct CommandLine {
     std::string library;
-    bool json = false, raw = false, lines = false, list = false, explain = false;
+    bool json = false, raw = false, lines = false, list = false, explain = false, table = false, deleted = false;
     std::vector<std::string> contents;
     CallOptions call;
     std::vector<std::string> words;  // NAME and all that follows it
@@ -88,6 +91,8 @@ std::optional<int> parse(int argc, char** argv, CommandLine& line) {
         ->option_text("PATH");
     app.add_flag("--list", line.list, "List the functions of a family, or those that a text finds, or all");
     app.add_flag("--explain", line.explain, "Show what a function does, takes and gives");
+    app.add_flag("--table", line.table, "Show the fields and records of a table (--json: an object a record)");
+    app.add_flag("--deleted", line.deleted, "Show deleted records of a table, too, marked *");
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& done) {
@@ -178,6 +183,12 @@ int run(int argc, char** argv) {
         if (line.words.size() != 1) throw UsageError("--explain takes the name of a function");
         output = explain(entryOf(line.words.front()), line.json);
         write(output);
+    } else if (line.table) {
+        takeTrailingJson(line);
+        if (line.words.size() != 1) throw UsageError("--table takes the name of a table's file");
+        Library library(line.library);
+        Table table(library, line.words.front());
+        showTable(table, line.words.front(), {line.json, line.deleted}, write);
     } else if (line.words.empty()) {
         throw UsageError("the name of a function is missing (vexlor --help tells more, vexlor --list names all)");
     } else {

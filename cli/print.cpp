@@ -4,7 +4,6 @@
 #include <string_view>
 #include <vector>
 
-#include "cli/json.h"
 #include "cli/text.h"
 
 namespace vx::cli {
@@ -91,7 +90,7 @@ Json json(const Item& item) {
         case Form::kNull:
             return nullptr;
         case Form::kText:
-            return isUtf8(item.bytes) ? Json(item.bytes) : bytesAsJson(item.bytes);
+            return textAsJson(item.bytes);
         case Form::kNumber:
         case Form::kCharacter:
             return item.number;
@@ -112,6 +111,8 @@ Json json(const std::string& name, const Outcome& outcome) {
 }
 
 }  // namespace
+
+Json textAsJson(std::string_view bytes) { return isUtf8(bytes) ? Json(std::string(bytes)) : bytesAsJson(bytes); }
 
 void append(std::string& to, Style style, const std::string& name, const Outcome& outcome) {
     switch (style) {

@@ -1,7 +1,8 @@
 // The cheque run of a small business: reads payees from a CSV file, cleans and checks them, and writes a cheque for
-// each that is in order. All work on texts, numbers and dates is done by the library, which is loaded by name.
+// each that is in order, on the screen and in a table. All work on texts, numbers, dates and tables is done by the
+// library, which is loaded by name.
 //
-//     vexlor_demo LIBRARY PAYEES.csv
+//     vexlor_demo LIBRARY PAYEES.csv CHEQUES.dbf
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
@@ -9,6 +10,7 @@
 #include <map>
 #include <string>
 
+#include "cheque_register.h"
 #include "csv_file.h"
 #include "functions.h"
 
@@ -28,7 +30,7 @@ struct Payee {
 
 class ChequeRun {
  public:
-    explicit ChequeRun(const Functions& call) : call_(call) {}
+    ChequeRun(const Functions& call, ChequeRegister& cheques) : call_(call), register_(cheques) {}
 
     // Writes a cheque, or says why there is none.
     bool pay(const CsvFile::Row& row) {
@@ -38,7 +40,9 @@ class ChequeRun {
             std::printf("no cheque for [%s]: %s\n\n", row.at("name").c_str(), objection.c_str());
             return false;
         }
+        ++number_;
         write(payee);
+        enter(payee);
         return true;
     }
 
@@ -82,8 +86,7 @@ class ChequeRun {
     void write(const Payee& payee) {
         char line[kLineWidth + 1], date[64], state[64], amount[kAmountWidth + 1], words[512], memo[kMemoWidth + 1];
         call_.getJDatef(call_.dateToJulian(payee.date.c_str()), "MMMM DDD, YYYY", date);
-        std::printf("No. %d%s\n", ++number_,
-                    call_.strJustify(date, kLineWidth - 8, kRightWithBlanksDropped, " ", line));
+        std::printf("No. %d%s\n", number_, call_.strJustify(date, kLineWidth - 8, kRightWithBlanksDropped, " ", line));
 
         // Stars in front of an amount leave no room for a digit more.
         call_.unTrim(payee.amount.c_str(), kAmountWidth, nullptr, amount);
@@ -103,7 +106,21 @@ class ChequeRun {
         std::printf("%s\n\n", call_.replicate("-", kLineWidth, line));
     }
 
+    void enter(const Payee& payee) {
+        char date[64];
+        register_.append();
+        register_.put("NUMBER", std::to_string(number_));
+        register_.put("PAYEE", payee.name);
+        register_.put("TOWN", payee.town);
+        register_.put("STATE", codeOf(payee.state));
+        register_.put("DATED", call_.getJDatef(call_.dateToJulian(payee.date.c_str()), "YYYYMMDD", date));
+        register_.put("AMOUNT", payee.amount);
+        register_.put("CLEARED", "F");
+        register_.put("MEMO", payee.memo);
+    }
+
     const Functions& call_;
+    ChequeRegister& register_;
     std::map<std::string, std::string> paid_;
     int number_ = 1000;
 };
@@ -111,17 +128,19 @@ class ChequeRun {
 }  // namespace
 
 int main(int argc, char** argv) try {
-    if (argc != 3) {
-        std::fprintf(stderr, "usage: %s LIBRARY PAYEES.csv\n", argv[0]);
+    if (argc != 4) {
+        std::fprintf(stderr, "usage: %s LIBRARY PAYEES.csv CHEQUES.dbf\n", argv[0]);
         return 2;
     }
     LoadedLibrary library(argv[1]);
     Functions functions(library);
-    ChequeRun run(functions);
+    ChequeRegister cheques(functions, argv[3]);
+    ChequeRun run(functions, cheques);
     int written = 0;
     int refused = 0;
     CsvFile payees(argv[2]);
     for (const CsvFile::Row& row : payees.rows()) ++(run.pay(row) ? written : refused);
+    cheques.close();
     std::printf("%d cheques written, %d payees to look at\n", written, refused);
     return 0;
 } catch (const std::exception& error) {

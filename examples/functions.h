@@ -8,6 +8,7 @@
 class Functions {
     using Text = const char*;
     using Number = std::int32_t;
+    using Table = std::uint32_t;
 
     const LoadedLibrary& library_;
 
@@ -45,4 +46,9 @@ class Functions {
     char* (*stateCode)(Text, char*) = find("StateCode");
     Number (*isZip)(Text, Text) = find("IsZip");
     char* (*soundex)(Text, Text, Number, char*) = find("Soundex");
+    Table (*dbfStrCreate)(Text, Text) = find("DbfStrCreate");
+    Number (*dbfAppend)(Table, Number) = find("DbfAppend");
+    Number (*dbfLastrec)(Table) = find("DbfLastrec");
+    Number (*dbfReplace)(Table, Text, Text) = find("DbfReplace");
+    Number (*dbfClose)(Table) = find("DbfClose");
 };
