@@ -1735,6 +1735,199 @@ VEXLOR32_API uint32_t VEXLOR32_CALL StrStrJustify(const char *text, int32_t widt
 #endif
 
 
+/* ---- Path names ---- */
+
+/* The drive, directory, base name and extension of a path; a piece without a destination is left out.
+ *   path       text; NULL counts as empty
+ *   drive      destination; room: 3; NULL: nothing is written
+ *   directory  destination; room: min(len(path), 255) + 1; NULL: nothing is written
+ *   name       destination; room: min(len(path), 255) + 1; NULL: nothing is written
+ *   extension  destination; room: min(len(path), 255) + 1; NULL: nothing is written
+ *   returns    nothing */
+VEXLOR32_API void VEXLOR32_CALL FSsplit(const char *path, char *drive, char *directory, char *name, char *extension);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API void VEXLOR32_CALL _fsplit(const char *path, char *drive, char *directory, char *name, char *extension);
+VEXLOR32_API void VEXLOR32_CALL fsplit(const char *path, char *drive, char *directory, char *name, char *extension);
+VEXLOR32_API void VEXLOR32_CALL fssplit(const char *path, char *drive, char *directory, char *name, char *extension);
+VEXLOR32_API void VEXLOR32_CALL _fssplit(const char *path, char *drive, char *directory, char *name, char *extension);
+#endif
+
+/* The path of a drive, a directory, a base name and an extension.
+ *   drive      only the first character counts; NULL counts as empty
+ *   directory  text; NULL counts as empty
+ *   name       text; NULL counts as empty
+ *   extension  with or without its dot; NULL counts as empty
+ *   dest       destination; room: min(len(directory), 255) + min(len(name), 255) + min(len(extension), 255) + 5;
+ *              NULL: nothing is written
+ *   returns    dest */
+VEXLOR32_API char *VEXLOR32_CALL FMake(const char *drive, const char *directory, const char *name, const char *extension, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _fmake(const char *drive, const char *directory, const char *name, const char *extension, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL fmake(const char *drive, const char *directory, const char *name, const char *extension, char *dest);
+#endif
+
+/* As FMake, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strfmake(const char *drive, const char *directory, const char *name, const char *extension, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrFMake(const char *drive, const char *directory, const char *name, const char *extension, char *dest);
+#endif
+
+/* The drive of a path: letter and colon, or empty.
+ *   path     text; NULL counts as empty
+ *   dest     destination; room: 3; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL FParsedr(const char *path, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _fparsedr(const char *path, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL fparsedr(const char *path, char *dest);
+#endif
+
+/* As FParsedr, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strfparsedr(const char *path, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrFParsedr(const char *path, char *dest);
+#endif
+
+/* The directory of a path without its last backslash; a backslash alone stays, and so does a slash.
+ *   path     text; NULL counts as empty
+ *   dest     destination; room: min(len(path), 255) + 1; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL FParsed(const char *path, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _fparsed(const char *path, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL fparsed(const char *path, char *dest);
+#endif
+
+/* As FParsed, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strfparsed(const char *path, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrFParsed(const char *path, char *dest);
+#endif
+
+/* The base name of a path, without its extension.
+ *   path     text; NULL counts as empty
+ *   dest     destination; room: min(len(path), 255) + 1; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL FParsefn(const char *path, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _fparsefn(const char *path, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL fparsefn(const char *path, char *dest);
+#endif
+
+/* As FParsefn, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strfparsefn(const char *path, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrFParsefn(const char *path, char *dest);
+#endif
+
+/* The extension of a path, with its dot.
+ *   path     text; NULL counts as empty
+ *   dest     destination; room: min(len(path), 255) + 1; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL FParsefx(const char *path, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _fparsefx(const char *path, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL fparsefx(const char *path, char *dest);
+#endif
+
+/* As FParsefx, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strfparsefx(const char *path, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrFParsefx(const char *path, char *dest);
+#endif
+
+/* The base name and extension of a path.
+ *   path     text; NULL counts as empty
+ *   dest     destination; room: min(len(path), 510) + 1; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL FParsef(const char *path, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _fparsef(const char *path, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL fparsef(const char *path, char *dest);
+#endif
+
+/* As FParsef, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strfparsef(const char *path, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrFParsef(const char *path, char *dest);
+#endif
+
+/* The full path of a name, from the current drive and directory; empty if there is none or it is too long.
+ *   path     need not exist; NULL counts as empty
+ *   dest     destination; room: 260; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL TrueName(const char *path, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _truename(const char *path, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL truename(const char *path, char *dest);
+#endif
+
+/* As TrueName, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strtruename(const char *path, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrTrueName(const char *path, char *dest);
+#endif
+
+/* A file's name in a directory.
+ *   file       its drive and directory do not count; NULL counts as empty
+ *   directory  with or without a separator at its end; NULL counts as empty
+ *   dest       destination; room: min(len(directory), 257) + min(len(file), 510) + 2; NULL: nothing is written
+ *   returns    dest */
+VEXLOR32_API char *VEXLOR32_CALL FAppendName(const char *file, const char *directory, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _fnappend(const char *file, const char *directory, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL fnappend(const char *file, const char *directory, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL fappendname(const char *file, const char *directory, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL _fappendname(const char *file, const char *directory, char *dest);
+#endif
+
+/* As FAppendName, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strfnappend(const char *file, const char *directory, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrFAppendName(const char *file, const char *directory, char *dest);
+VEXLOR32_API uint32_t VEXLOR32_CALL strfappendname(const char *file, const char *directory, char *dest);
+#endif
+
+/* A temporary name, made of digits where a template has wildcards.
+ *   pattern  wildcards in its name and extension are filled; NULL counts as empty
+ *   dest     destination; room: min(len(pattern), 767) + 14; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL FTempName(const char *pattern, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _ftempname(const char *pattern, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL ftempname(const char *pattern, char *dest);
+#endif
+
+/* As FTempName, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strftempname(const char *pattern, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrFTempName(const char *pattern, char *dest);
+#endif
+
+/* Creates a new file under a temporary name and opens it.
+ *   pattern    wildcards in its name and extension are filled; NULL counts as empty
+ *   attribute  of the new file: 1 read-only, 2 hidden, 4 system
+ *   dest       NULL: nothing happens, and the result is -1; room: min(len(pattern), 767) + 14
+ *   returns    -1 if none of 100 names could be had */
+VEXLOR32_API int32_t VEXLOR32_CALL FUnique(const char *pattern, uint32_t attribute, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _funique(const char *pattern, uint32_t attribute, char *dest);
+VEXLOR32_API int32_t VEXLOR32_CALL funique(const char *pattern, uint32_t attribute, char *dest);
+#endif
+
+/* Creates directories with all that lead to them.
+ *   list     paths, separated by semicolons or commas; NULL counts as empty
+ *   returns  whether the last one is there
+ * A path of more than 260 characters behind the first ends the call, and critical errors stay silent after it. */
+VEXLOR32_API int32_t VEXLOR32_CALL MakePath(const char *list);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL MkPath(const char *list);
+VEXLOR32_API int32_t VEXLOR32_CALL _mkpath(const char *list);
+VEXLOR32_API int32_t VEXLOR32_CALL mkpath(const char *list);
+VEXLOR32_API int32_t VEXLOR32_CALL makepath(const char *list);
+#endif
+
+
 /* ---- Phonetic codes ---- */
 
 /* The Soundex code of a text: its first character, then a digit for each group of similar consonants.

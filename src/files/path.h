@@ -2,6 +2,10 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "strings/token.h"
 
 namespace vx {
 
@@ -10,7 +14,7 @@ inline constexpr std::size_t kDriveSize = 3;
 inline constexpr std::size_t kPieceSize = 256;
 
 struct PathParts {
-    char drive[kDriveSize] = "";     // letter and colon, or empty
+    char drive[kDriveSize] = "";      // letter and colon, or empty
     char directory[kPieceSize] = "";  // with its last separator
     char name[kPieceSize] = "";
     char extension[kPieceSize] = "";  // with its dot
@@ -22,11 +26,39 @@ inline constexpr std::size_t kJoinedSize = 2 + 3 * (kPieceSize - 1) + 2 + 1;
 // NULL is an empty path.
 PathParts splitPath(const char* path);
 
+// The same pieces as parts of the path's text: nothing is copied.
+struct PathView {
+    std::string_view drive;
+    std::string_view directory;
+    std::string_view name;
+    std::string_view extension;
+};
+PathView viewPath(std::string_view path);
+
 // Puts the path of the pieces at `to`, which needs kJoinedSize; returns its length. A null piece is an empty one.
 std::size_t joinPath(const char* drive, const char* directory, const char* name, const char* extension, char* to);
+std::size_t joinPath(const PathView& parts, char* to);
 
 inline std::size_t joinPath(const PathParts& parts, char* to) {
     return joinPath(parts.drive, parts.directory, parts.name, parts.extension, to);
 }
+
+// Puts a file's name and extension behind a directory, whose last component counts as one without a separator, too;
+// `to` needs kJoinedSize. The length.
+std::size_t appendName(const char* file, const char* directory, char* to);
+
+// Whether the last character is a backslash or slash, not the second half of a double-byte one.
+bool endsInSeparator(std::string_view path);
+
+// Fills the wildcards of a name's pattern from another text: ? takes the character at its position, or ends the result
+// where there is none, and * takes the rest and ends it. `to` needs room for the longer of the two. The length.
+std::size_t fillPattern(std::string_view pattern, std::string_view from, char* to);
+
+// What separates the paths of a list.
+inline constexpr DelimiterSet kListDelimiters(";,");
+
+// Makes all directories of a list of paths, with those on the way. Whether the last one is there; the work stops at
+// the first that cannot be made.
+bool makePath(const char* list);
 
 }  // namespace vx

@@ -16,6 +16,9 @@ class Locale {
     // The locale's upper-case mapping of all bytes, NUL included, from one array into another; the number mapped.
     virtual std::uint32_t mapToUpper(const char* from, char* to, std::uint32_t count) = 0;
 
+    // Whether a byte of 0x80 or more is the first of a double-byte character in the system's code page.
+    virtual bool isLeadByte(char c) = 0;
+
     // A number in plain digits as the locale writes it: grouped, with its decimals. The number of bytes put into `to`,
     // terminator included; 0 if the text is no number or the result does not fit.
     virtual std::uint32_t formatNumber(const char* number, char* to, std::uint32_t room) = 0;

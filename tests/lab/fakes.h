@@ -117,6 +117,9 @@ class FixedLocale final : public platform::Locale {
         return shift(from, to, count, 2);
     }
 
+    std::string leadBytes;  // of the code page's double-byte characters
+    bool isLeadByte(char c) override { return leadBytes.find(c) != std::string::npos; }
+
     std::string formatted = "1,234,567.00";
     std::uint32_t formatNumber(const char*, char* to, std::uint32_t room) override { return put(formatted, to, room); }
 

@@ -167,6 +167,7 @@ class LinuxLocale final : public Locale {
     std::uint32_t upperCase(char*, std::uint32_t) override { return 0; }
     std::uint32_t lowerCase(char*, std::uint32_t) override { return 0; }
     std::uint32_t mapToUpper(const char*, char*, std::uint32_t) override { return 0; }
+    bool isLeadByte(char) override { return false; }
 
     std::uint32_t formatNumber(const char* text, char* to, std::uint32_t room) override try {
         const UserLocale& user = userLocale();

@@ -19,6 +19,8 @@ class WindowsLocale final : public Locale {
         return static_cast<std::uint32_t>(LCMapStringA(0, LCMAP_UPPERCASE, from, size, to, size));
     }
 
+    bool isLeadByte(char c) override { return IsDBCSLeadByte(static_cast<BYTE>(c)); }
+
     std::uint32_t formatNumber(const char* number, char* to, std::uint32_t room) override {
         int size = static_cast<int>(room);
         return static_cast<std::uint32_t>(GetNumberFormatA(0, LOCALE_NOUSEROVERRIDE, number, nullptr, to, size));

@@ -1,0 +1,325 @@
+// Path names taken apart and put together, temporary names, and chains of directories.
+#include "files/path.h"
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+
+#include "entries/path.h"
+#include "platform/platform.h"
+#include "strings/trim.h"
+
+namespace vx {
+namespace {
+
+constexpr std::size_t kLongestPath = platform::kPathSize;  // of an item that MakePath takes
+
+bool isSeparator(char c) { return c == '\\' || c == '/'; }
+
+bool isLeadByte(char c) { return byteOf(c) >= 0x80 && platform::current().locale->isLeadByte(c); }
+
+std::string_view cut(std::string_view piece) { return piece.substr(0, kPieceSize - 1); }
+
+std::string_view driveOf(std::string_view path) { return path.substr(0, path.size() > 1 && path[1] == ':' ? 2 : 0); }
+
+char* append(char* to, std::string_view piece) {
+    moveBytes(to, piece.data(), piece.size());
+    return to + piece.size();
+}
+
+}  // namespace
+
+PathView viewPath(std::string_view path) {
+    std::string_view drive = driveOf(path);
+    path.remove_prefix(drive.size());
+    std::size_t name = 0;
+    std::size_t dot = 0;
+    for (std::size_t i = 0; i < path.size(); ++i) {
+        if (isSeparator(path[i])) {
+            name = i + 1;
+        } else if (path[i] == '.') {
+            dot = i;
+        } else if (isLeadByte(path[i])) {
+            ++i;
+        }
+    }
+    bool dotted = dot >= name && dot < path.size() && path[dot] == '.';
+    std::size_t extension = dotted ? dot : path.size();
+    return {drive, cut(path.substr(0, name)), cut(path.substr(name, extension - name)), cut(path.substr(extension))};
+}
+
+PathParts splitPath(const char* path) {
+    PathView view = viewPath(vx::view(path));
+    PathParts parts;
+    view.drive.copy(parts.drive, kDriveSize - 1);
+    store(parts.directory, view.directory);
+    store(parts.name, view.name);
+    store(parts.extension, view.extension);
+    return parts;
+}
+
+bool endsInSeparator(std::string_view path) {
+    if (path.empty() || !isSeparator(path.back())) return false;
+    if (path.size() < 2 || !isLeadByte(path[path.size() - 2])) return true;
+    // What looks like a lead byte may itself be the second half of a character.
+    std::size_t at = 0;
+    while (at + 1 < path.size()) at += isLeadByte(path[at]) ? 2 : 1;
+    return at < path.size();
+}
+
+std::size_t joinPath(const PathView& parts, char* to) {
+    char* end = to;
+    if (!parts.drive.empty()) {
+        *end++ = parts.drive.front();
+        *end++ = ':';
+    }
+    std::string_view directory = cut(parts.directory);
+    end = append(end, directory);
+    if (!directory.empty() && !endsInSeparator(directory)) *end++ = '\\';
+    end = append(end, cut(parts.name));
+    if (!parts.extension.empty() && parts.extension.front() != '.') *end++ = '.';
+    end = append(end, cut(parts.extension));
+    *end = '\0';
+    return static_cast<std::size_t>(end - to);
+}
+
+std::size_t joinPath(const char* drive, const char* directory, const char* name, const char* extension, char* to) {
+    return joinPath({view(drive), view(directory), view(name), view(extension)}, to);
+}
+
+std::size_t appendName(const char* file, const char* directory, char* to) {
+    char path[kJoinedSize + 1];
+    std::size_t size = joinPath(viewPath(view(directory)), path);
+    if (size != 0 && path[size - 1] != ':' && !endsInSeparator({path, size})) path[size++] = '\\';
+    PathView whole = viewPath({path, size});
+    PathView last = viewPath(view(file));
+    return joinPath({whole.drive, whole.directory, last.name, last.extension}, to);
+}
+
+std::size_t fillPattern(std::string_view pattern, std::string_view from, char* to) {
+    char* end = to;
+    for (std::size_t i = 0; i < pattern.size(); ++i) {
+        if (pattern[i] == '*') {
+            end = append(end, from.substr(std::min(i, from.size())));
+            break;
+        }
+        if (pattern[i] == '?' && i >= from.size()) break;
+        *end++ = pattern[i] == '?' ? from[i] : pattern[i];
+    }
+    *end = '\0';
+    return static_cast<std::size_t>(end - to);
+}
+
+namespace {
+
+// The numbers behind temporary names, of one sequence for all threads. Where it starts differs from process to process,
+// so that two which make names of one template at a time do not meet in all their tries.
+class NameNumbers {
+ public:
+    std::uint32_t next() {
+        static const std::uint64_t start = somewhere();
+        std::uint64_t step = count_.fetch_add(1, std::memory_order_relaxed) + std::uint64_t{1};
+        return static_cast<std::uint32_t>(mix(start + step * 0x9E3779B97F4A7C15) >> 33);
+    }
+
+ private:
+    static std::uint64_t mix(std::uint64_t bits) {
+        bits = (bits ^ bits >> 30) * 0xBF58476D1CE4E5B9;
+        bits = (bits ^ bits >> 27) * 0x94D049BB133111EB;
+        return bits ^ bits >> 31;
+    }
+
+    // The time to the finest step that there is, and where the system has put this process's stack and code.
+    static std::uint64_t somewhere() {
+        char here;
+        std::uint64_t bits = static_cast<std::uint64_t>(std::chrono::system_clock::now().time_since_epoch().count());
+        bits = mix(bits) ^ static_cast<std::uint64_t>(std::chrono::steady_clock::now().time_since_epoch().count());
+        bits = mix(bits) ^ reinterpret_cast<std::uintptr_t>(&here);
+        return mix(bits) ^ reinterpret_cast<std::uintptr_t>(&emptyText);
+    }
+
+    std::atomic<std::uint32_t> count_{0};
+};
+
+NameNumbers nameNumbers;
+
+constexpr std::size_t kRandomName = 8;  // characters before the dot; three follow it
+
+// Digits: twelve numbers, each below its place, of which the ones below 12 and 11 may take two.
+class RandomName {
+ public:
+    RandomName() {
+        char* end = digits_;
+        for (std::uint32_t below = 12; below > 0; --below) {
+            std::uint32_t number = nameNumbers.next() % below;
+            if (number >= 10) *end++ = '1';
+            *end++ = static_cast<char>('0' + number % 10);
+        }
+        digits_[kRandomName] = '.';
+    }
+
+    std::string_view name() const { return {digits_, kRandomName}; }
+    std::string_view extension() const { return {digits_ + kRandomName, 4}; }
+
+ private:
+    char digits_[14];
+};
+
+std::size_t makeTemporaryName(const char* pattern, char* to) {
+    PathView parts = viewPath(view(pattern));
+    RandomName random;
+    char name[kPieceSize];
+    char extension[kPieceSize];
+    std::size_t nameSize = fillPattern(parts.name, random.name(), name);
+    std::size_t extensionSize = fillPattern(parts.extension, random.extension(), extension);
+    return joinPath({parts.drive, parts.directory, {name, nameSize}, {extension, extensionSize}}, to);
+}
+
+constexpr int kMostTries = 100;
+
+std::int32_t createNew(const char* name, std::uint32_t attributes) {
+    if (platform::current().tree->attributes(name) != platform::kNoAttributes) return -1;
+    return platform::current().files->create(name, attributes);
+}
+
+// A file that has the name of a directory refuses to become one, with the system's reason.
+bool ensureDirectory(const char* path) {
+    platform::Tree& tree = *platform::current().tree;
+    std::uint32_t attributes = tree.attributes(path);
+    bool there = attributes != platform::kNoAttributes && (attributes & platform::kDirectoryEntry);
+    return there || tree.createDirectory(path);
+}
+
+enum class Made { kNothing, kAll, kFailed };
+
+// Behind two separators, a server and a share come first: neither is a directory to be made.
+Made makeDirectories(std::string_view item) {
+    char path[kLongestPath + 1];
+    store(path, item);
+    char* at = path + driveOf(item).size();
+    int given = isSeparator(at[0]) && isSeparator(at[1]) ? 2 : 0;
+    Made made = Made::kNothing;
+    for (;;) {
+        while (isSeparator(*at)) ++at;
+        if (!*at) return made;
+        while (*at && !isSeparator(*at)) at += isLeadByte(*at) && at[1] ? 2 : 1;
+        if (given-- > 0) continue;
+        char separator = *at;
+        *at = '\0';
+        if (!ensureDirectory(path)) return Made::kFailed;
+        *at = separator;
+        made = Made::kAll;
+    }
+}
+
+}  // namespace
+
+bool makePath(const char* list) {
+    std::string_view all = view(list);
+    std::optional<Token> item = nextToken(all, kListDelimiters, 0);
+    if (!item || item->length > kLongestPath) return false;
+    platform::Process& process = *platform::current().process;
+    std::uint32_t before = process.setErrorMode(platform::kFailSilently);
+    bool result = false;
+    for (; item; item = nextToken(all, kListDelimiters, item->end())) {
+        if (item->length > kLongestPath) return false;  // kept: the error mode stays as it was set
+        Made made = makeDirectories(withoutBlanks(item->in(all)));
+        if (made != Made::kNothing) result = made == Made::kAll;
+        if (made == Made::kFailed) break;
+    }
+    process.setErrorMode(before);
+    return result;
+}
+
+namespace {
+
+// Joined aside: the destination may be the text that the pieces lie in.
+char* putJoined(char* dest, const PathView& parts) {
+    char path[kJoinedSize];
+    return store(dest, {path, joinPath(parts, path)});
+}
+
+void putPiece(char* dest, std::string_view piece) {
+    if (dest) store(dest, piece);
+}
+
+}  // namespace
+}  // namespace vx
+
+using namespace vx;
+
+ENTRY(void, FSsplit)(const char* path, char* drive, char* directory, char* name, char* extension) noexcept {
+    PathParts parts = splitPath(path);
+    putPiece(drive, parts.drive);
+    putPiece(directory, parts.directory);
+    putPiece(name, parts.name);
+    putPiece(extension, parts.extension);
+}
+
+ENTRY(char*, FMake)
+(const char* drive, const char* directory, const char* name, const char* extension, char* dest) noexcept {
+    return dest ? putJoined(dest, {view(drive), view(directory), view(name), view(extension)}) : nullptr;
+}
+
+ENTRY(char*, FParsedr)(const char* path, char* dest) noexcept {
+    return dest ? store(dest, driveOf(view(path))) : nullptr;
+}
+
+ENTRY(char*, FParsed)(const char* path, char* dest) noexcept {
+    if (!dest) return nullptr;
+    std::string_view directory = viewPath(view(path)).directory;
+    // kept: a slash stays, and so does a directory that is nothing but a backslash.
+    if (directory.size() > 1 && directory.back() == '\\' && endsInSeparator(directory)) directory.remove_suffix(1);
+    return store(dest, directory);
+}
+
+ENTRY(char*, FParsefn)(const char* path, char* dest) noexcept {
+    return dest ? store(dest, viewPath(view(path)).name) : nullptr;
+}
+
+ENTRY(char*, FParsefx)(const char* path, char* dest) noexcept {
+    return dest ? store(dest, viewPath(view(path)).extension) : nullptr;
+}
+
+ENTRY(char*, FParsef)(const char* path, char* dest) noexcept {
+    if (!dest) return nullptr;
+    PathView parts = viewPath(view(path));
+    store(dest, parts.name);
+    store(dest + parts.name.size(), parts.extension);
+    return dest;
+}
+
+ENTRY(char*, TrueName)(const char* path, char* dest) noexcept {
+    if (!dest) return nullptr;
+    char full[platform::kPathSize];
+    std::uint32_t size = platform::current().tree->fullPath(path ? path : emptyText, full, sizeof full);
+    return store(dest, {full, size < sizeof full ? size : 0});
+}
+
+ENTRY(char*, FAppendName)(const char* file, const char* directory, char* dest) noexcept {
+    if (!dest) return nullptr;
+    char path[kJoinedSize];
+    return store(dest, {path, appendName(file, directory, path)});
+}
+
+ENTRY(char*, FTempName)(const char* pattern, char* dest) noexcept {
+    if (!dest) return nullptr;
+    char path[kJoinedSize];
+    return store(dest, {path, makeTemporaryName(pattern, path)});
+}
+
+ENTRY(int32_t, FUnique)(const char* pattern, uint32_t attribute, char* dest) noexcept {
+    if (!dest) return kNoHandle;
+    char path[kJoinedSize];
+    for (int tries = 0; tries < kMostTries; ++tries) {
+        std::size_t size = makeTemporaryName(pattern, path);
+        std::int32_t handle = createNew(path, attribute);
+        if (handle == kNoHandle) continue;
+        store(dest, {path, size});
+        return handle;
+    }
+    *dest = '\0';
+    return kNoHandle;
+}
+
+ENTRY(int32_t, MakePath)(const char* list) noexcept { return makePath(list); }
