@@ -21,7 +21,7 @@ constexpr std::int32_t kDaysOf5Months = 153;         // from March on, or from A
 constexpr std::uint32_t kDayBeforeMarch0 = 1721119;  // the years of the conversions begin with March
 
 constexpr std::int32_t kMonthsOfYear = 12;
-constexpr std::uint32_t kDaysOfWeek = 7;
+constexpr std::int32_t kDaysOfWeek = 7;
 
 // Month 0 is that of no date.
 constexpr std::uint8_t kMonthLengths[2][kMonthsOfYear + 1] = {
@@ -73,26 +73,24 @@ Date dateOfWrappedQuarters(std::int32_t quarters) {
     return wrapped(quarters) < 0 ? dateOfWrappedQuarters(wrapped(quarters)) : dateOfQuarters(quarters);
 }
 
-// Days behind the latest Sunday; those before day -1 count forward from none and are negative.
-std::int32_t daysFromSunday(std::int32_t day) {
-    if (day < 0) return (day + 1) % static_cast<std::int32_t>(kDaysOfWeek);
-    return wrapped((bits(day) + 1) % kDaysOfWeek);
-}
+// Days behind the latest Sunday. kept: negative before day -1, and for the very last day, whose sum wraps.
+std::int32_t daysFromSunday(std::int32_t day) { return wrapped(bits(day) + 1) % kDaysOfWeek; }
 
 std::int32_t dayOfYear(std::int32_t day) { return wrapped(bits(day) - bits(dayNumber({dateOf(day).year, 1, 1})) + 1); }
 
 // Mondays to Fridays among the days 0 to `end` - 2, which stand in their weeks as 1 to `end` - 1.
 std::uint32_t weekdaysBefore(std::uint32_t end) {
-    std::uint32_t weeks = end / kDaysOfWeek;
-    std::uint32_t rest = end % kDaysOfWeek;  // a Sunday, then weekdays
+    std::uint32_t weeks = end / bits(kDaysOfWeek);
+    std::uint32_t rest = end % bits(kDaysOfWeek);  // a Sunday, then weekdays
     return weeks * 5 + rest - (rest != 0);
 }
 
 std::int32_t weekdays(std::int32_t first, std::int32_t last) {
     if (first > last) std::swap(first, last);
-    // kept: days before 0 have no day of week that is one from Monday to Friday.
+    // kept: days before 0 and the very last one have no day of week that is one from Monday to Friday.
+    constexpr std::uint32_t kEnd = 0x80000000;
     std::uint32_t start = first < 0 ? 0 : bits(first) + 1;
-    std::uint32_t end = last < 0 ? 0 : bits(last) + 2;
+    std::uint32_t end = last < 0 ? 0 : std::min(bits(last) + 2, kEnd);
     return wrapped(weekdaysBefore(end) - weekdaysBefore(start));
 }
 
@@ -179,11 +177,11 @@ ENTRY(int32_t, LastDay)(int32_t jd) noexcept {
 ENTRY(int32_t, JDow)(int32_t jd) noexcept { return dayOfWeek(jd); }
 ENTRY(int32_t, JDoy)(int32_t jd) noexcept { return dayOfYear(jd); }
 // kept: day 7 begins week 2
-ENTRY(int32_t, JWoy)(int32_t jd) noexcept { return dayOfYear(jd) / static_cast<std::int32_t>(kDaysOfWeek) + 1; }
+ENTRY(int32_t, JWoy)(int32_t jd) noexcept { return dayOfYear(jd) / kDaysOfWeek + 1; }
 
 ENTRY(int32_t, AtDow)(int32_t jd, int32_t dow, int32_t weeks) noexcept {
     // kept: only the low three bits of the day count, so 0 is the Saturday before the week.
-    return wrapped(bits(jd) - bits(daysFromSunday(jd)) + (bits(dow) & 7) - 1 + kDaysOfWeek * bits(weeks));
+    return wrapped(bits(jd) - bits(daysFromSunday(jd)) + (bits(dow) & 7) - 1 + bits(kDaysOfWeek) * bits(weeks));
 }
 
 ENTRY(int32_t, Weekdays)(int32_t from, int32_t to) noexcept { return weekdays(from, to); }

@@ -76,7 +76,6 @@ TEST(DayNumber, NoDates) {
         EXPECT_EQ(lib().LastDay(day), 0);
         EXPECT_EQ(lib().JDoy(day), day + 1) << "kept";
         EXPECT_EQ(lib().JWoy(day), (day + 1) / 7 + 1) << "kept";
-        EXPECT_EQ(lib().JDow(day), (day + 1) % 7 + 1) << "kept: below 1 before day -1";
         EXPECT_EQ(lib().AddMonth(day, 13), day);
         Dest dest(9);
         EXPECT_EQ(lib().JulianToAnsi(day, dest), dest.get());
@@ -114,6 +113,8 @@ Triple definedTriple(std::int32_t day) {
     return {t / 146097 * 100 + x / 1461 + k / 11, k >= 11 ? k - 10 : k + 2, e % 153 / 5 + 1};
 }
 
+std::int32_t definedDayOfWeek(std::int32_t day) { return cut(day + 1LL) % 7 + 1; }
+
 TEST(DayNumber, AnyNumbers) {
     struct Row {
         std::int32_t year, month, day, number;
@@ -138,9 +139,12 @@ TEST(DayNumber, AnyNumbers) {
         auto [y, m, d] = split(day);
         if (day >= kFirstDay && day <= 538592031) {
             ASSERT_EQ(lib().IntToJulian(y, m, d), day);
-            ASSERT_EQ(lib().JDow(day), (day + 1) % 7 + 1);
         }
-        lib().LastDay(day), lib().JDoy(day), lib().AddMonth(day, month), lib().AtDow(day, month, year);
+        ASSERT_EQ(lib().JDow(day), definedDayOfWeek(day)) << day;
+        ASSERT_EQ(lib().AtDow(day, month, year),
+                  cut(std::int64_t{day} - definedDayOfWeek(day) + (month & 7) + 7LL * year))
+            << day;
+        lib().LastDay(day), lib().JDoy(day), lib().AddMonth(day, month);
     }
     EXPECT_NE(split(538592032), Triple());
 }
@@ -178,14 +182,14 @@ TEST(DayNumber, WeekdaysAgainstAWalk) {
     }
     EXPECT_EQ(lib().Weekdays(2451545, 2451546), 0) << "Saturday and Sunday";
     EXPECT_EQ(lib().Weekdays(2451551, 2451547), 5);
-    EXPECT_EQ(lib().Weekdays(kLeast, kMost), 1533916892);
+    EXPECT_EQ(lib().Weekdays(kLeast, kMost), 1533916891);
     EXPECT_EQ(lib().Weekdays(kLeast, -1), 0);
 }
 
 TEST(DayNumber, MonthsAgainstAWalk) {
     RandomTexts random(614);
     for (int i = 0; i < 4000; ++i) {
-        std::int32_t start = random.number(kFirstDay + 160000, 2900000);
+        std::int32_t start = random.number(kFirstDay, 2900000);
         auto [year, month, day] = split(start);
         if (i % 3 == 0) start += lengthOf(year, month) - day, day = lengthOf(year, month);
         int months = random.number(-5000, 5000);
@@ -267,29 +271,13 @@ TEST(DateText, EightDigits) {
         const char* text;
         std::int32_t year, month, day;
     };
-    const Row rows[] = {
-        {"19960704", 1996, 7, 4},
-        {"1996 7 4", 1996, 7, 4},
-        {" \t\r\n19960704", 1996, 7, 4},
-        {"19960704123", 1996, 7, 4},
-        {"1996", 1996, 0, 0},
-        {"19961", 1996, 1, 0},
-        {"1996071", 1996, 7, 1},
-        {"1996+7-4", 1996, 7, -4},
-        {"1996x7xx", 1996, 0, 0},
-        {"19967/4/", 1996, 7, 4},
-        {"15831231", 0, 0, 0},
-        {"", 0, 0, 0},
-        {"    ", 0, 0, 0},
-        {"abcd0101", 0, 0, 0},
-        {"996 0101", 996, 1, 1},
-        {"\x8D\x8A"
-         "19960704",
-         1996, 7, 4},
-    };
-    for (const Row& row : rows) {
-        std::string exact = row.text;
-        EXPECT_EQ(lib().AnsiToJulian(Edit(exact)), lib().IntToJulian(row.year, row.month, row.day)) << row.text;
+    for (auto [text, year, month, day] :
+         {Row{"19960704", 1996, 7, 4}, Row{"1996 7 4", 1996, 7, 4}, Row{" \t\r\n19960704", 1996, 7, 4},
+          Row{"19960704123", 1996, 7, 4}, Row{"1996", 1996, 0, 0}, Row{"19961", 1996, 1, 0}, Row{"1996071", 1996, 7, 1},
+          Row{"1996+7-4", 1996, 7, -4}, Row{"1996x7xx", 1996, 0, 0}, Row{"19967/4/", 1996, 7, 4},
+          Row{"15831231", 0, 0, 0}, Row{"", 0, 0, 0}, Row{"    ", 0, 0, 0}, Row{"abcd0101", 0, 0, 0},
+          Row{"996 0101", 996, 1, 1}, Row{"\x8D\x8A 19960704", 1996, 7, 4}}) {
+        EXPECT_EQ(lib().AnsiToJulian(Edit(text)), lib().IntToJulian(year, month, day)) << text;
     }
     EXPECT_EQ(lib().AnsiToJulian(nullptr), 0);
 }
