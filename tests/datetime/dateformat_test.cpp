@@ -1,12 +1,11 @@
 // Dates as texts by pictures and by the system, names, and today's date.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <ctime>
 #include <limits>
 #include <tuple>
 
-#include "tests/datetime/rerun.h"
+#include "tests/datetime/environment.h"
 #include "tests/support/library.h"
 #include "tests/support/text.h"
 
@@ -67,18 +66,11 @@ TEST(Picture, Tokens) {
     EXPECT_EQ(lib().stritodatef(2000, 1, 5, "MM", nullptr), 0u);
 }
 
-TEST(Picture, Ordinals) {
-    for (std::int32_t number = 0; number <= 1000; ++number) {
-        const char* suffix = number % 10 == 1 ? "st" : number % 10 == 2 ? "nd" : number % 10 == 3 ? "rd" : "th";
-        if (number / 10 % 10 == 1) suffix = "th";
-        EXPECT_EQ(pictured(1, 1, number, "DDD"), std::to_string(number) + suffix);
-    }
-}
-
 // The expansion as a list of rules.
 std::string expanded(std::int32_t year, std::int32_t month, std::int32_t day, std::string picture) {
     auto twoDigits = [](std::int32_t n) { return (n < 10 ? "0" : "") + std::to_string(n); };
-    std::string ordinal = pictured(0, 0, day, "DDD");
+    const char* suffix = day % 10 == 1 ? "st" : day % 10 == 2 ? "nd" : day % 10 == 3 ? "rd" : "th";
+    std::string ordinal = std::to_string(day) + (day / 10 % 10 == 1 ? "th" : suffix);
     const std::pair<std::string, std::string> rules[] = {{"MMMM", nameOf(lib().NumToMonth, month)},
                                                          {"MMM", nameOf(lib().NumToMon, month)},
                                                          {"MM", twoDigits(month)},
@@ -106,8 +98,8 @@ std::string expanded(std::int32_t year, std::int32_t month, std::int32_t day, st
 TEST(Picture, AgainstTheRules) {
     RandomTexts random(621);
     for (int i = 0; i < 5000; ++i) {
-        std::string picture = random.text("DDMMYYdmy/", 16);
-        std::int32_t year = random.number(-3000, 3000), month = random.number(0, 13), day = random.number(0, 32);
+        std::string picture = "DDD/" + random.text("DDMMYYdmy/", 16);
+        std::int32_t year = random.number(-3000, 3000), month = random.number(0, 13), day = i % 300;
         ASSERT_EQ(pictured(year, month, day, picture), expanded(year, month, day, picture)) << picture;
     }
 }
@@ -165,7 +157,8 @@ TEST(SystemDate, DatesThatTheSystemKnows) {
     }
     Dest dest(32);
     for (std::int32_t day = 2305815; day < 2500000; day += 1009) {
-        EXPECT_EQ(lib().DateToJulian(lib().JulianToDate(day, dest)), lib().strjtod(day, dest) == 10 ? day : -1) << day;
+        ASSERT_EQ(lib().DateToJulian(lib().JulianToDate(day, dest)), day);
+        ASSERT_EQ(lib().strjtod(day, dest), 10u) << day;
     }
     EXPECT_STREQ(lib().JulianToDate(0, dest), "");
     for (auto call : {lib().JulianToDate, lib().NumToMon, lib().NumToMonth, lib().NumToDay}) {
@@ -187,7 +180,8 @@ std::string fullMonth(int month) { return systemName(LOCALE_SMONTHNAME1, month -
 std::string fullDay(int day) { return systemName(LOCALE_SDAYNAME1, (day + 5) % 7); }
 #else
 std::string systemName(const char* format, int month, int dayOfWeek) {
-    static const locale_t user = newlocale(LC_ALL_MASK, "", nullptr);
+    static const locale_t wanted = newlocale(LC_ALL_MASK, "", nullptr);
+    static const locale_t user = wanted ? wanted : newlocale(LC_ALL_MASK, "C", nullptr);
     std::tm time{};
     time.tm_mon = month;
     time.tm_wday = dayOfWeek;
@@ -259,13 +253,10 @@ void expectToday(const char* zone) {
 TEST(SystemDate, TodayIsTheSystems) {
     expectToday("here");
 #if !defined(_WIN32)
-    const char* given = std::getenv("TZ");
-    const std::string here = given ? given : "";
     for (const char* zone : {"FAR-14", "FAR+12", "Pacific/Kiritimati", "America/St_Johns"}) {
-        setenv("TZ", zone, 1);
+        InZone there(zone);
         expectToday(zone);
     }
-    given ? setenv("TZ", here.c_str(), 1) : unsetenv("TZ");
 #endif
 }
 

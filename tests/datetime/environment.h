@@ -1,4 +1,4 @@
-// Tests run again in another environment: the library looks at the environment's locale once.
+// Other locales and time zones for tests.
 #pragma once
 
 #if !defined(_WIN32)
@@ -13,7 +13,8 @@
 
 namespace vx::test {
 
-// Runs this program's tests of a name pattern with variables set ("LC_ALL=C LANG=C"); what it said if one failed.
+// The library looks at the environment's locale once, so tests for another are run by another process: those of a name
+// pattern, with variables set ("LC_ALL=C LANG=C"). What it said if one failed.
 inline std::string rerun(const std::string& variables, const std::string& filter) {
     std::string program = std::filesystem::read_symlink("/proc/self/exe").string();
     std::string command = "env -u LC_ALL " + variables + " '" + program + "' --gtest_filter='" + filter + "' 2>&1";
@@ -25,7 +26,7 @@ inline std::string rerun(const std::string& variables, const std::string& filter
     return pclose(pipe) == 0 && said.find("[  PASSED  ] 0 ") == said.npos ? "" : command + "\n" + said;
 }
 
-// A folder with a German locale, made for this run if the system can.
+// A German locale: made for this run if the system can, else the installed one if there is one.
 class GermanLocale {
  public:
     GermanLocale() : folder_(std::filesystem::temp_directory_path() / ("vexlor-locale-" + std::to_string(getpid()))) {
@@ -52,6 +53,21 @@ class GermanLocale {
     static constexpr const char* kName = "de_DE.UTF-8";
     std::filesystem::path folder_;
     bool made_ = false;
+};
+
+// Puts the process into a time zone until it goes.
+class InZone {
+ public:
+    explicit InZone(const char* zone) : given_(std::getenv("TZ") != nullptr), before_(given_ ? std::getenv("TZ") : "") {
+        setenv("TZ", zone, 1);
+    }
+    ~InZone() { given_ ? setenv("TZ", before_.c_str(), 1) : unsetenv("TZ"); }
+    InZone(const InZone&) = delete;
+    InZone& operator=(const InZone&) = delete;
+
+ private:
+    bool given_;
+    std::string before_;
 };
 
 inline void rerunInSecondLocale(const std::string& filter) {

@@ -1,9 +1,11 @@
 // The clock's date and time, setting it, sleeping, and texts that the platform makes: against a clock that stands
-// still.
+// still. The system's own clock: time stamps and local time.
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <limits>
 
+#include "tests/datetime/environment.h"
 #include "tests/seam/seam.h"
 #include "tests/support/text.h"
 
@@ -112,21 +114,10 @@ TEST_F(ClockSeam, SettingTheTimeKeepsTheDate) {
         const char* text;
         int hour, minute, second;
     };
-    const Row rows[] = {
-        {"1:15 pm", 13, 15, 0},
-        {"12:15 PM", 12, 15, 0},
-        {"12:15 AM", 12, 15, 0},
-        {"1:15 Pm", 1, 15, 0},
-        {"11:00PM", 23, 0, 0},
-        {"PM", 12, 0, 0},
-        {"pm 3:00", 12, 0, 0},  // the hour is what the text begins
-                                // with
-        {"13:02:03 pm", 13, 2, 3},
-        {"", 0, 0, 0},
-        {"99:98:97", 99, 98, 97},
-        {"5:06:07 AM pm", 17, 6, 7},
-    };
-    for (auto [text, hour, minute, second] : rows) {
+    for (auto [text, hour, minute, second] :
+         {Row{"1:15 pm", 13, 15, 0}, Row{"12:15 PM", 12, 15, 0}, Row{"12:15 AM", 12, 15, 0}, Row{"1:15 Pm", 1, 15, 0},
+          Row{"11:00PM", 23, 0, 0}, Row{"PM", 12, 0, 0}, Row{"pm 3:00", 12, 0, 0}, Row{"13:02:03 pm", 13, 2, 3},
+          Row{"-1:00 pm", 11, 0, 0}, Row{"", 0, 0, 0}, Row{"99:98:97", 99, 98, 97}, Row{"5:06:07 AM pm", 17, 6, 7}}) {
         EXPECT_EQ(lib().SetTime(text), 1) << text;
         EXPECT_EQ(set(), withTime(hour, minute, second)) << text;
     }
@@ -215,6 +206,129 @@ TEST_F(ClockSeam, TimesOfThePlatform) {
         EXPECT_EQ(dest.text(), row.plain);
     }
 }
+
+using platform::FileTime;
+
+platform::Clock& systemClock() { return *door()->platform->clock; }
+
+constexpr FileTime kSecond = 10'000'000;
+constexpr FileTime kEndOf2107 = 507ull * 146097 / 400 * 86400 * kSecond;
+
+void expectRoundTrips(const std::string& zone) {
+    for (FileTime time = 86400 * kSecond; time < kEndOf2107; time += 300007 * kSecond + 10'000) {
+        Moment local, again;
+        FileTime back = 0;
+        ASSERT_TRUE(systemClock().toLocalTime(time, local) && systemClock().toFileTime(local, back)) << zone << time;
+        if (back == time) continue;
+        ASSERT_LT(back, time) << zone << ": the first of two";
+        ASSERT_TRUE(systemClock().toLocalTime(back, again));
+        ASSERT_EQ(again, local) << zone << time;
+    }
+}
+
+TEST(SystemClock, TimeStampsThereAndBack) {
+    expectRoundTrips("here");
+#if !defined(_WIN32)
+    for (const char* zone : {"UTC", "Europe/Berlin", "America/St_Johns", "Pacific/Apia"}) {
+        InZone there(zone);
+        expectRoundTrips(zone);
+    }
+#endif
+}
+
+TEST(SystemClock, RefusesWhatIsNoMoment) {
+    for (Moment none :
+         {Moment{2023, 2, 0, 29}, Moment{2024, 13, 0, 1}, Moment{2024, 0, 0, 1}, Moment{2024, 1, 0, 0},
+          Moment{1600, 12, 0, 31}, Moment{30828, 1, 0, 1}, Moment{}, Moment{2024, 1, 0, 1, 24},
+          Moment{2024, 1, 0, 1, 0, 60}, Moment{2024, 1, 0, 1, 0, 0, 60}, Moment{2024, 1, 0, 1, 0, 0, 0, 1000}}) {
+        FileTime time = 7;
+        door()->platform->process->setLastError(0);
+        EXPECT_FALSE(systemClock().toFileTime(none, time)) << none.year << '-' << none.month << '-' << none.day;
+        EXPECT_EQ(time, 7u);
+        EXPECT_EQ(door()->platform->process->lastError(), 87u);
+    }
+}
+
+#if !defined(_WIN32)
+// "2000-12-31 23:59:59"
+Moment momentOf(const char* text) {
+    Moment moment;
+    std::sscanf(text, "%hu-%hu-%hu %hu:%hu:%hu", &moment.year, &moment.month, &moment.day, &moment.hour, &moment.minute,
+                &moment.second);
+    return moment;
+}
+
+FileTime stampOf(const char* universal) {
+    Moment moment = momentOf(universal);
+    auto days =
+        std::chrono::sys_days(platform::dateOf(moment)) - std::chrono::sys_days(std::chrono::year(1601) / 1 / 1);
+    return (static_cast<FileTime>(days.count()) * 86400 + moment.hour * 3600u + moment.minute * 60u + moment.second) *
+           kSecond;
+}
+
+// Where clocks change, and where a day was left out.
+TEST(SystemClock, ChangesOfClocks) {
+    struct Row {
+        const char* zone;
+        const char* local;
+        const char* universal;
+        const char* second = nullptr;  // where the local time comes twice
+        const char* shown = nullptr;   // where it does not come at all
+    };
+    const Row rows[] = {
+        {"Europe/Berlin", "2024-03-31 01:59:59", "2024-03-31 00:59:59"},
+        {"Europe/Berlin", "2024-03-31 02:30:00", "2024-03-31 01:30:00", nullptr, "2024-03-31 03:30:00"},
+        {"Europe/Berlin", "2024-03-31 03:00:00", "2024-03-31 01:00:00"},
+        {"Europe/Berlin", "2024-10-27 01:59:59", "2024-10-26 23:59:59"},
+        {"Europe/Berlin", "2024-10-27 02:30:00", "2024-10-27 00:30:00", "2024-10-27 01:30:00"},
+        {"Europe/Berlin", "2024-10-27 03:00:00", "2024-10-27 02:00:00"},
+        {"America/St_Johns", "2024-03-10 01:59:59", "2024-03-10 05:29:59"},
+        {"America/St_Johns", "2024-03-10 03:00:00", "2024-03-10 05:30:00"},
+        {"America/St_Johns", "2024-11-03 01:00:00", "2024-11-03 03:30:00", "2024-11-03 04:30:00"},
+        {"Pacific/Apia", "2011-12-29 23:59:59", "2011-12-30 09:59:59"},
+        {"Pacific/Apia", "2011-12-30 12:00:00", "2011-12-30 22:00:00", nullptr, "2011-12-31 12:00:00"},
+        {"Pacific/Apia", "2011-12-31 00:00:00", "2011-12-30 10:00:00"},
+        {"EAST-1", "1601-01-01 01:00:00", "1601-01-01 00:00:00"},
+        {"UTC", "30827-12-31 23:59:59", "30827-12-31 23:59:59"},
+    };
+    for (const Row& row : rows) {
+        if (std::strchr(row.zone, '/') && !std::filesystem::exists(std::string("/usr/share/zoneinfo/") + row.zone)) {
+            GTEST_SKIP() << "the time zone " << row.zone << " is not installed";
+        }
+        InZone there(row.zone);
+        Moment local;
+        for (const char* universal : {row.universal, row.second ? row.second : row.universal}) {
+            EXPECT_TRUE(systemClock().toLocalTime(stampOf(universal), local));
+            local.dayOfWeek = 0;
+            EXPECT_EQ(local, momentOf(row.shown ? row.shown : row.local)) << row.zone << ' ' << universal;
+        }
+        for (const char* before : {"2024-01-15 12:00:00", "2024-07-15 12:00:00"}) {
+            FileTime time = 0;
+            EXPECT_TRUE(systemClock().toFileTime(momentOf(before), time));
+            EXPECT_TRUE(systemClock().toFileTime(momentOf(row.local), time));
+            EXPECT_EQ(time, stampOf(row.universal)) << row.zone << ' ' << row.local << " asked after " << before;
+        }
+    }
+}
+
+TEST(SystemClock, RefusesWhatIsBeyondItsYears) {
+    Moment local{1};
+    for (auto [zone, stamp] : {std::pair("WEST+1", FileTime{0}),
+                               {"UTC", stampOf("30827-12-31 23:59:59") + kSecond},
+                               {"UTC", FileTime{1} << 63},
+                               {"UTC", ~FileTime{0}}}) {
+        InZone there(zone);
+        door()->platform->process->setLastError(0);
+        EXPECT_FALSE(systemClock().toLocalTime(stamp, local)) << stamp;
+        EXPECT_EQ(local, Moment{1});
+        EXPECT_EQ(door()->platform->process->lastError(), 87u);
+    }
+    InZone there("EAST-1");
+    FileTime time = 7;
+    EXPECT_FALSE(systemClock().toFileTime(momentOf("1601-01-01 00:59:59"), time));
+    EXPECT_EQ(time, 7u);
+}
+#endif
 
 }  // namespace
 }  // namespace vx::test

@@ -32,16 +32,22 @@ Moment momentOf(time_t seconds, int milliseconds) {
             .milliseconds = field(milliseconds)};
 }
 
-time_t secondsOf(const Moment& moment) {
+long offsetAt(time_t seconds) {
     tm local{};
-    local.tm_year = moment.year - 1900;
-    local.tm_mon = moment.month - 1;
-    local.tm_mday = moment.day;
-    local.tm_hour = moment.hour;
-    local.tm_min = moment.minute;
-    local.tm_sec = moment.second;
-    local.tm_isdst = -1;
-    return ::mktime(&local);
+    ::localtime_r(&seconds, &local);
+    return local.tm_gmtoff;
+}
+
+// Not by mktime: what that makes of a time that comes twice, or not at all, depends on what it was asked before.
+time_t secondsOf(const Moment& moment) {
+    constexpr time_t kDay = 86'400;
+    std::chrono::sys_seconds midnight = std::chrono::sys_days(dateOf(moment));
+    time_t asUniversal = midnight.time_since_epoch().count() + (moment.hour * 60 + moment.minute) * 60 + moment.second;
+    ::tzset();
+    long before = offsetAt(asUniversal - kDay);
+    long after = offsetAt(asUniversal + kDay);
+    bool isAfter = offsetAt(asUniversal - before) != before && offsetAt(asUniversal - after) == after;
+    return asUniversal - (isAfter ? after : before);
 }
 
 class LinuxClock final : public Clock {

@@ -32,8 +32,8 @@ class WindowsClock final : public Clock {
         SYSTEMTIME fields = systemTime(local);
         FILETIME shifted;
         FILETIME universal;
-        if (!isDate(local) || !SystemTimeToFileTime(&fields, &shifted)) return false;
-        if (!LocalFileTimeToFileTime(&shifted, &universal)) return false;
+        if (!isDate(local)) return SetLastError(ERROR_INVALID_PARAMETER), false;
+        if (!SystemTimeToFileTime(&fields, &shifted) || !LocalFileTimeToFileTime(&shifted, &universal)) return false;
         time = fileTime(universal);
         return true;
     }
