@@ -118,7 +118,7 @@ std::int32_t setToday(const Date& date) {
 }  // namespace
 
 char* putDate(const Date& date, char* dest) {
-    putSystemDate(date, kDatePicture, dest, kDateTextRoom);
+    putSystemDate(date, kDatePicture, dest);
     return dest;
 }
 

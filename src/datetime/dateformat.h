@@ -5,8 +5,8 @@
 
 namespace vx {
 
-// Puts a date like 12/31/1999 at `dest`, or an empty text if the system knows no such date; returns `dest`.
-inline constexpr int kDateTextRoom = 32;
+// Puts a date like 12/31/1999 at `dest`, or an empty text if the system knows no such date; returns `dest`, which
+// needs 32 bytes.
 char* putDate(const Date& date, char* dest);
 
 // Puts a date by a picture at `dest`; NULL is an empty picture. Returns `dest`, which needs 11 bytes a character.
