@@ -243,7 +243,7 @@ TEST(DateText, Fields) {
         {"5-6-7", {0, 5, 0}},
         {"\t5/6/7", {7, 0, 6}},  // only blanks are skipped
         {"2147483647/-2147483648/4294969296", {kMost, kMost, kLeast}},
-        {"99999999999999999999/-99999999999999999999/0000000000000000000000007", {7, kMost, kLeast}},
+        {"18446744073709551617/-18446744073709551617/0000000000000000000000007", {7, kMost, kLeast}},
     };
     for (const Row& row : rows) EXPECT_EQ(fields(row.text), row.fields) << (row.text ? row.text : "NULL");
     lib().DateToInt("1/2/3", nullptr, nullptr, nullptr);

@@ -26,20 +26,21 @@ inline std::string rerun(const std::string& variables, const std::string& filter
     return pclose(pipe) == 0 && said.find("[  PASSED  ] 0 ") == said.npos ? "" : command + "\n" + said;
 }
 
-// A German locale: made for this run if the system can, else the installed one if there is one.
-class GermanLocale {
+// A Russian locale, whose months have another form within a date: made for this run if the system can, else the
+// installed one if there is one.
+class RussianLocale {
  public:
-    GermanLocale() : folder_(std::filesystem::temp_directory_path() / ("vexlor-locale-" + std::to_string(getpid()))) {
+    RussianLocale() : folder_(std::filesystem::temp_directory_path() / ("vexlor-locale-" + std::to_string(getpid()))) {
         std::filesystem::create_directories(folder_);
         std::string target = (folder_ / kName).string();
-        std::string command = "localedef --no-archive -i de_DE -f UTF-8 '" + target + "' >/dev/null 2>&1";
+        std::string command = "localedef --no-archive -i ru_RU -f UTF-8 '" + target + "' >/dev/null 2>&1";
         made_ = std::system(command.c_str()) == 0;
     }
-    ~GermanLocale() { std::filesystem::remove_all(folder_); }
-    GermanLocale(const GermanLocale&) = delete;
-    GermanLocale& operator=(const GermanLocale&) = delete;
+    ~RussianLocale() { std::filesystem::remove_all(folder_); }
+    RussianLocale(const RussianLocale&) = delete;
+    RussianLocale& operator=(const RussianLocale&) = delete;
 
-    // The variables that select it; empty if there is no German locale.
+    // The variables that select it; empty if there is no Russian locale.
     std::string variables() const {
         // The C library loses a copy of LOCPATH itself, which is no leak of ours.
         if (made_) return "ASAN_OPTIONS=detect_leaks=0 LOCPATH='" + folder_.string() + "' LC_ALL=" + kName;
@@ -50,7 +51,7 @@ class GermanLocale {
     }
 
  private:
-    static constexpr const char* kName = "de_DE.UTF-8";
+    static constexpr const char* kName = "ru_RU.UTF-8";
     std::filesystem::path folder_;
     bool made_ = false;
 };
@@ -71,9 +72,9 @@ class InZone {
 };
 
 inline void rerunInSecondLocale(const std::string& filter) {
-    GermanLocale german;
-    if (german.variables().empty()) GTEST_SKIP() << "no German locale is installed, and none can be made";
-    EXPECT_EQ(rerun(german.variables(), filter), "");
+    RussianLocale russian;
+    if (russian.variables().empty()) GTEST_SKIP() << "no Russian locale is installed, and none can be made";
+    EXPECT_EQ(rerun(russian.variables(), filter), "");
 }
 
 }  // namespace vx::test

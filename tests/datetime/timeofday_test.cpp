@@ -109,13 +109,13 @@ TEST(LocaleTime, InTwentyFourHours) {
     locale = name ? name : "C";  // what is not installed
     std::setlocale(LC_TIME, "C");
 #endif
-    bool german = locale.starts_with("de_DE");
+    bool russian = locale.starts_with("ru_RU");
     bool english = locale == "C" || locale.starts_with("C.") || locale.starts_with("en_US");
-    if (!german && !english) GTEST_SKIP() << "no expectation for the locale " << locale;
+    if (!russian && !english) GTEST_SKIP() << "no expectation for the locale " << locale;
     for (std::int32_t seconds = 0; seconds < 86400; seconds += 7) {
         auto [hour, minute, second] = split(seconds);
         char expected[16];
-        std::snprintf(expected, sizeof expected, german ? "%02d:%02d:%02d" : "%d:%02d:%02d", hour, minute, second);
+        std::snprintf(expected, sizeof expected, russian ? "%02d:%02d:%02d" : "%d:%02d:%02d", hour, minute, second);
         Dest dest(64);
         ASSERT_EQ(lib().StrIntToTime(hour, minute, second, dest), std::strlen(expected)) << expected;
         ASSERT_EQ(dest.text(), expected);
