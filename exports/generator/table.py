@@ -219,8 +219,8 @@ class FamilyReader:
                 self.fail(entry, "args", f"`{argument.name}` is in place of `{argument.in_place}`, which is no str argument")
             if argument.without and kinds.get(argument.without) not in {"str", "bytes"}:
                 self.fail(entry, "args", f"`{argument.name}` is untouched without `{argument.without}`, which is no str argument and no bytes")
-            if argument.below and kinds.get(argument.below) != "int":
-                self.fail(entry, "args", f"`{argument.name}` is untouched below {argument.limit} of `{argument.below}`, which is no int argument")
+            if argument.below and kinds.get(argument.below) not in {"int", "uint"}:
+                self.fail(entry, "args", f"`{argument.name}` is untouched below {argument.limit} of `{argument.below}`, which is no number")
         return arguments
 
     def entries_of(self, key, fields):

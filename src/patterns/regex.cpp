@@ -105,7 +105,7 @@ class Walk {
 // A destination of a given size: takes what fits and keeps it terminated.
 class Output {
  public:
-    Output(char* dest, std::int32_t size) : to_(dest), left_(dest && size > 0 ? atLeastZero(size) - 1 : 0) {
+    Output(char* dest, std::uint32_t size) : to_(dest), left_(dest && size > 0 ? size - 1 : 0) {
         if (dest && size > 0) *dest = '\0';
     }
 
@@ -167,7 +167,7 @@ ENTRY(int32_t, RegCount)(const char* pattern, const char* text) noexcept {
     return Walk(text).count();
 }
 
-ENTRY(char*, RegExtract)(const char* pattern, const char* text, uint32_t n, char* dest, int32_t size) noexcept {
+ENTRY(char*, RegExtract)(const char* pattern, const char* text, uint32_t n, char* dest, uint32_t size) noexcept {
     Output output(dest, size);
     if (use(pattern) != kNoError) return dest;
     Walk walk(text);
@@ -176,7 +176,7 @@ ENTRY(char*, RegExtract)(const char* pattern, const char* text, uint32_t n, char
 }
 
 ENTRY(char*, RegSwap)
-(const char* pattern, const char* text, uint32_t n, const char* replacement, char* dest, int32_t size) noexcept {
+(const char* pattern, const char* text, uint32_t n, const char* replacement, char* dest, uint32_t size) noexcept {
     Output output(dest, size);
     if (use(pattern) != kNoError) return dest;
     Walk walk(text);
@@ -192,7 +192,7 @@ ENTRY(char*, RegSwap)
 
 ENTRY(char*, RegInfo)
 (const char* pattern, const char* text, uint32_t n, int32_t* position, int32_t* length, char* dest,
- int32_t size) noexcept {
+ uint32_t size) noexcept {
     Output output(dest, size);
     if (use(pattern) != kNoError) return dest;
     Walk walk(text);
@@ -206,23 +206,23 @@ ENTRY(char*, RegInfo)
 
 // Length forms of their own: with a size of 0 no text is left behind to be measured.
 namespace {
-uint32_t lengthIn(const char* dest, int32_t size) {
+uint32_t lengthIn(const char* dest, uint32_t size) {
     return dest && size > 0 ? static_cast<uint32_t>(std::strlen(dest)) : 0;
 }
 }  // namespace
 
 ENTRY(uint32_t, RegExtract_length)
-(const char* pattern, const char* text, uint32_t n, char* dest, int32_t size) noexcept {
+(const char* pattern, const char* text, uint32_t n, char* dest, uint32_t size) noexcept {
     return lengthIn(vx_RegExtract(pattern, text, n, dest, size), size);
 }
 
 ENTRY(uint32_t, RegSwap_length)
-(const char* pattern, const char* text, uint32_t n, const char* replacement, char* dest, int32_t size) noexcept {
+(const char* pattern, const char* text, uint32_t n, const char* replacement, char* dest, uint32_t size) noexcept {
     return lengthIn(vx_RegSwap(pattern, text, n, replacement, dest, size), size);
 }
 
 ENTRY(uint32_t, RegInfo_length)
 (const char* pattern, const char* text, uint32_t n, int32_t* position, int32_t* length, char* dest,
- int32_t size) noexcept {
+ uint32_t size) noexcept {
     return lengthIn(vx_RegInfo(pattern, text, n, position, length, dest, size), size);
 }

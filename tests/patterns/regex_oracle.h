@@ -139,56 +139,35 @@ class RegexOracle {
         return c >= 0 && (byte(pc + 1 + std::size_t(c >> 3)) >> (c & 7) & 1) != (byte(pc) == 4);
     }
 
+    // Whether a node that takes no byte holds at i.
+    bool holds(int op, int i) const {
+        int c = charAt(i), before = i > start_ ? charAt(i - 1) : -1;
+        if (op == 5) return i == start_;
+        if (op == 6) return c == 0;
+        return op == 9 ? !isWord(before) && isWord(c) : isWord(before) && !isWord(c);
+    }
+
     bool match(std::size_t pc, int i, Match& m) {
-        for (;; ++pc) {
-            int c = charAt(i), before = i > start_ ? charAt(i - 1) : -1, operand = byte(pc + 1);
-            switch (byte(pc)) {
-                case 0:
-                    m.end = i;
-                    return true;
-                case 1:
-                    if (c != operand) return false;
-                    ++i, ++pc;
-                    break;
-                case 2:
-                    if (c <= 0) return false;
-                    ++i;
-                    break;
-                case 3:
-                case 4:
-                    if (!inClass(pc, c)) return false;
-                    ++i, pc += 32;
-                    break;
-                case 5:
-                    if (i != start_) return false;
-                    break;
-                case 6:
-                    if (c != 0) return false;
-                    break;
-                case 7:
-                case 8:
-                    if (operand < 10) (byte(pc) == 7 ? m.open : m.close)[std::size_t(operand)] = i;
-                    ++pc;
-                    break;
-                case 9:
-                    if (isWord(before) || !isWord(c)) return false;
-                    break;
-                case 10:
-                    if (!isWord(before) || isWord(c)) return false;
-                    break;
-                case 11:
-                    if (operand > 0 && operand < 10 && m.open[std::size_t(operand)] >= 0) {
-                        for (int k = m.open[std::size_t(operand)]; k < m.close[std::size_t(operand)]; ++k, ++i)
-                            if (charAt(i) != charAt(k)) return false;
-                    }
-                    ++pc;
-                    break;
-                case 12:
-                    return closure(pc + 1, i, m);
-                default:
-                    break;
+        for (int op; (op = byte(pc)) != 0; ++pc) {
+            int c = charAt(i);
+            std::size_t operand = std::size_t(byte(pc + 1));
+            if (op == 12) return closure(pc + 1, i, m);
+            if (op <= 4) {
+                if (op == 1 ? c != int(operand) : op == 2 ? c <= 0 : !inClass(pc, c)) return false;
+                ++i;
             }
+            if (op == 5 || op == 6 || op == 9 || op == 10) {
+                if (!holds(op, i)) return false;
+            }
+            if ((op == 7 || op == 8) && operand < 10) (op == 7 ? m.open : m.close)[operand] = i;
+            if (op == 11 && operand > 0 && operand < 10 && m.open[operand] >= 0) {
+                for (int k = m.open[operand]; k < m.close[operand]; ++k, ++i)
+                    if (charAt(i) != charAt(k)) return false;
+            }
+            pc += op == 3 || op == 4 ? 32 : op == 1 || op == 7 || op == 8 || op == 11 ? 1 : 0;
         }
+        m.end = i;
+        return true;
     }
 
     bool closure(std::size_t body, int floor, Match& m) {
