@@ -137,13 +137,16 @@ std::optional<float> evaluate(const char* expression) {
     }
 }
 
-constexpr std::size_t kMostDigits = 4;  // of a width or a precision
+constexpr int kMostPlaces = 9999;  // as a width or a precision: far more than is ever written
 constexpr std::size_t kMostWritten = 513;
+constexpr std::string_view kFlags = "-+ #0";
 
 // A format taken apart: text, one conversion, text.
 struct Format {
     std::string_view before, after;
-    char conversion[2 * kMostDigits + 16];
+    char conversion[sizeof "%-+ #0*.*f"];  // for a width and a precision that are passed beside the value
+    int width = 0;
+    int precision = -1;  // none
 };
 
 // Skips text up to a lone percent sign; %% is text.
@@ -152,11 +155,11 @@ const char* endOfText(const char* text) {
     return text;
 }
 
-const char* skipDigits(const char* text, bool& fits) {
-    const char* end = text;
-    while (*end >= '0' && *end <= '9') ++end;
-    fits &= end - text <= static_cast<std::ptrdiff_t>(kMostDigits);
-    return end;
+// A width or a precision; what is too large for the printing routine is cut.
+int places(const char*& p) {
+    int value = 0;
+    for (; *p >= '0' && *p <= '9'; ++p) value = std::min(10 * value + (*p - '0'), kMostPlaces);
+    return value;
 }
 
 // The format is a caller's: nothing but one floating-point conversion may get to the printing routine.
@@ -165,21 +168,24 @@ bool parseFormat(const char* text, Format& format) {
     const char* start = endOfText(text);
     if (!*start) return false;
     const char* p = start + 1;
-    bool fits = true;
     const char* flags = p;
-    while (*p && std::strchr("-+ #0", *p)) ++p;
-    fits &= p - flags <= 5;
-    p = skipDigits(p, fits);
-    if (*p == '.') p = skipDigits(p + 1, fits);
+    while (*p && kFlags.find(*p) != kFlags.npos) ++p;
+    char* to = format.conversion;
+    *to++ = '%';
+    for (char flag : kFlags) {
+        if (std::find(flags, p, flag) != p) *to++ = flag;
+    }
+    format.width = places(p);
+    if (*p == '.') format.precision = places(++p);
     if (*p == 'l') ++p;
-    if (!fits || !*p || !std::strchr("eEfFgGaA", *p)) return false;
-    ++p;
+    if (!*p || !std::strchr("eEfFgGaA", *p)) return false;
+    store(to, "*.*");
+    to[3] = *p++;
+    to[4] = '\0';
     const char* end = endOfText(p);
     if (*end) return false;
     format.before = {text, static_cast<std::size_t>(start - text)};
     format.after = {p, static_cast<std::size_t>(end - p)};
-    std::memcpy(format.conversion, start, static_cast<std::size_t>(p - start));
-    format.conversion[p - start] = '\0';
     return true;
 }
 
@@ -216,7 +222,7 @@ void pointForSeparator(char* text) {
 
 void write(char* dest, const Format& format, double value) {
     char number[kMostWritten + 2];
-    std::snprintf(number, sizeof number, format.conversion, value);
+    std::snprintf(number, sizeof number, format.conversion, format.width, format.precision, value);
     pointForSeparator(number);
     Output output(dest);
     output.addText(format.before);
