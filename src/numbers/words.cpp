@@ -102,8 +102,7 @@ void spellGroup(Writer& words, std::int32_t value) {
 
 // The integer part in groups of three, counted from its end; false if all are zero.
 bool spellGroups(Writer& words, std::string_view digits) {
-    bool negative = digits.starts_with('-');
-    if (negative) digits.remove_prefix(1);
+    const bool negative = digits.starts_with('-');
     bool spelled = false;
     while (!digits.empty()) {
         std::size_t scale = (digits.size() - 1) / 3;
@@ -111,8 +110,8 @@ bool spellGroups(Writer& words, std::string_view digits) {
         std::int32_t value = leadingNumber(digits.substr(0, size));
         digits.remove_prefix(size);
         if (value == 0) continue;
-        // The sign may be alone in its group, which is then no reason to lose it.
-        if (negative && !spelled) words.word("negative");
+        // The sign may be alone in its group, or with zeros, which is no reason to lose it.
+        if (negative && !spelled && value > 0) words.word("negative");
         spelled = true;
         spellGroup(words, value);
         words.add(kScales[scale]);
@@ -175,7 +174,7 @@ ENTRY(char*, NumToCents)(const char* number, int32_t style, char* dest) noexcept
     style = styleOf(style);
     std::string_view amount = readable(number);
     if (amount.empty()) return store(dest, kNoAmountCents[style]);
-    spellCents(dest, amount, style);
+    spellCents(dest, view(number), style);  // also behind more digits than are spelled
     return dest;
 }
 

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <map>
+#include <iterator>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -26,36 +26,29 @@ TEST(Words, Numbers) {
         std::string number;
         const char* words;
     };
-    const Row rows[] = {
-        {"0", "zero"},
-        {"", "zero"},
-        {"0000", "zero"},
-        {"-0000", "zero"},
-        {"-0", "zero"},
-        {".75", "zero"},
-        {"115", "one hundred fifteen"},
-        {"42", "forty two"},
-        {"700", "seven hundred"},
-        {"12.99", "twelve"},
-        {"1,000", "one thousand"},
-        {"1 234", "one thousand two hundred thirty four"},
-        {"999999", "nine hundred ninety nine thousand nine hundred ninety nine"},
-        {"1000000", "one million"},
-        {"1002003", "one million two thousand three"},
-        {"2000000001", "two billion one"},
-        {"-1234", "negative one thousand two hundred thirty four"},
-        {"-123456", "negative one hundred twenty three thousand four hundred fifty six"},
-        {"-000001", "negative one"},
-        {"-12", "negative twelve"},
-        {"+7", "seven"},
-        {"abc", "zero"},
-        {"7x", "seven"},
-        {"12x456", "twelve thousand four hundred fifty six"},
-        {"1" + std::string(30, '0'), "one zillion"},
-        {std::string(33, '0'), "zero"},
-        {std::string(34, '7'), "7777777777777777777777777777777777"},
-        {std::string(70, '8'), "888888888888888888888888888888888888888888888888888888888888888"},
-    };
+    const Row rows[] = {{"0", "zero"},
+                        {"", "zero"},
+                        {"-0000", "zero"},
+                        {".75", "zero"},
+                        {"abc", "zero"},
+                        {std::string(33, '0'), "zero"},
+                        {"12.99", "twelve"},
+                        {"+7x", "seven"},
+                        {"1 000,", "one thousand"},
+                        {"1000000", "one million"},
+                        {"2000000001", "two billion one"},
+                        {"1002003", "one million two thousand three"},
+                        {"999999", "nine hundred ninety nine thousand nine hundred ninety nine"},
+                        {"-12", "negative twelve"},
+                        {"-1234", "negative one thousand two hundred thirty four"},
+                        {"-123456", "negative one hundred twenty three thousand four hundred fifty six"},
+                        {"-000001", "negative one"},
+                        {"-0001", "negative one"},
+                        {"--1234", "negative two hundred thirty four"},
+                        {"12x-56", "twelve thousand negative fifty six"},
+                        {"1" + std::string(30, '0'), "one zillion"},
+                        {std::string(34, '7'), "7777777777777777777777777777777777"},
+                        {std::string(70, '8'), "888888888888888888888888888888888888888888888888888888888888888"}};
     for (const Row& row : rows) {
         EXPECT_EQ(words(row.number), row.words) << row.number;
     }
@@ -64,29 +57,34 @@ TEST(Words, Numbers) {
     EXPECT_STREQ(lib().NumToWords(nullptr, Dest(448)), "zero");
 }
 
+std::vector<std::string> list(const std::string& text) {
+    std::istringstream in(text);
+    return {std::istream_iterator<std::string>(in), {}};
+}
+
+int placeOf(const std::string& word, const std::vector<std::string>& words) {
+    auto found = std::find(words.begin(), words.end(), word);
+    return found == words.end() ? -1 : static_cast<int>(found - words.begin());
+}
+
 // Reads words back into digits: units and tens add up, hundred multiplies, a scale closes its group.
 std::string digitsOf(const std::string& text) {
-    static const std::map<std::string, int> values = {
-        {"one", 1},       {"two", 2},       {"three", 3},    {"four", 4},     {"five", 5},       {"six", 6},
-        {"seven", 7},     {"eight", 8},     {"nine", 9},     {"ten", 10},     {"eleven", 11},    {"twelve", 12},
-        {"thirteen", 13}, {"fourteen", 14}, {"fifteen", 15}, {"sixteen", 16}, {"seventeen", 17}, {"eighteen", 18},
-        {"nineteen", 19}, {"twenty", 20},   {"thirty", 30},  {"forty", 40},   {"fifty", 50},     {"sixty", 60},
-        {"seventy", 70},  {"eighty", 80},   {"ninety", 90}};
-    static const std::vector<std::string> scales = {"thousand",    "million",     "billion",    "trillion",
-                                                    "quadrillion", "quintillion", "sextillion", "septillion",
-                                                    "octillion",   "zillion"};
+    static const std::vector<std::string> units = list(
+        "zero one two three four five six seven eight nine ten eleven twelve thirteen fourteen fifteen sixteen "
+        "seventeen eighteen nineteen");
+    static const std::vector<std::string> tens = list("- - twenty thirty forty fifty sixty seventy eighty ninety");
+    static const std::vector<std::string> scales =
+        list("- thousand million billion trillion quadrillion quintillion sextillion septillion octillion zillion");
     int groups[11] = {};
     int value = 0;
-    std::istringstream in(text);
-    for (std::string word; in >> word;) {
-        auto scale = std::find(scales.begin(), scales.end(), word);
+    for (const std::string& word : list(text)) {
         if (word == "hundred") {
             value *= 100;
-        } else if (scale != scales.end()) {
-            groups[scale - scales.begin() + 1] = value;
+        } else if (int scale = placeOf(word, scales); scale > 0) {
+            groups[scale] = value;
             value = 0;
-        } else if (word != "zero") {
-            value += values.at(word);
+        } else {
+            value += placeOf(word, units) >= 0 ? placeOf(word, units) : 10 * placeOf(word, tens);
         }
     }
     groups[0] = value;
@@ -123,14 +121,11 @@ TEST(Words, Amounts) {
         {"12.5", 1, "50 cents", "twelve dollars and 50 cents"},
         {"12.5", 2, "fifty cents", "twelve dollars and fifty cents"},
         {"12.5", 3, "", "twelve dollars"},
-        {"12.5", 7, "50/100", "twelve dollars and 50/100"},
-        {"12.345", 0, "34/100", "twelve dollars and 34/100"},
-        {"12.05", 0, "05/100", "twelve dollars and 05/100"},
+        {"12.05", 7, "05/100", "twelve dollars and 05/100"},
+        {"12.349", 0, "34/100", "twelve dollars and 34/100"},
         {"3.01", 1, "01 cents", "three dollars and 01 cents"},
         {"3.01", 2, "one cent", "three dollars and one cent"},
         {"3", 2, "no cents", "three dollars and no cents"},
-        {"3", 1, "00 cents", "three dollars and 00 cents"},
-        {"1", 0, "00/100", "one dollar and 00/100"},
         {"1.00", -1, "00/100", "one dollar and 00/100"},
         {"01", 0, "00/100", "one dollars and 00/100"},
         {".75", 2, "seventy five cents", "zero dollars and seventy five cents"},
@@ -151,6 +146,7 @@ TEST(Words, Amounts) {
         EXPECT_EQ(dollars.text(), row.dollars) << (row.amount ? row.amount : "NULL") << " style " << row.style;
         EXPECT_EQ(lib().strnum2dollars(row.amount, row.style, dollars), std::strlen(row.dollars));
     }
+    EXPECT_STREQ(lib().NumToCents((std::string(64, '1') + ".25").c_str(), 2, Dest(24)), "twenty five cents");
     EXPECT_EQ(lib().NumToCents("1", 0, nullptr), nullptr);
     EXPECT_EQ(lib().NumToDollars("1", 0, nullptr), nullptr);
 }
