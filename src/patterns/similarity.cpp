@@ -190,7 +190,7 @@ Distance smallestDistance(std::string_view pattern, std::string_view text) {
     profile.build(words);
     const auto length = static_cast<Distance>(pattern.size());
     if (profile.blocks() == 1) return smallestInBlock(profile, text, length);
-    const Distance least = std::max<Distance>(length - static_cast<Distance>(std::min(pattern.size(), text.size())), 0);
+    const Distance least = length - static_cast<Distance>(std::min(pattern.size(), text.size()));
     // A pass with a small bound costs its share of the blocks, or a little more; it is left out where that is too much.
     constexpr Distance kGrowth = 3;
     for (Distance bound = kRows; bound < length / 4; bound *= kGrowth) {

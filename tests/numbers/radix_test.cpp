@@ -19,23 +19,20 @@ TEST(Radix, Written) {
         std::uint32_t value;
         const char* text;
     };
-    const Row rows[] = {
-        {lib().IntToHex, lib().stritoh, 0x1F, "F1"},  // kept: reversed up to 255
-        {lib().IntToHex, lib().stritoh, 0x0A, "A0"},
-        {lib().IntToHex, lib().stritoh, 255, "FF"},
-        {lib().IntToHex, lib().stritoh, 16, "01"},
-        {lib().IntToHex, lib().stritoh, 0, "00"},
-        {lib().IntToHex, lib().stritoh, 256, "0100"},
-        {lib().IntToHex, lib().stritoh, 0xABCD1234, "1234"},
-        {lib().IntToHex, lib().stritoh, 0xFFFF0012, "21"},
-        {lib().DecToHex, lib().strdec2hex, 0x12345, "2345"},
-        {lib().DecToHex, lib().strdec2hex, 0xF, "000F"},
-        {lib().LongToHex, lib().strltoh, 0xDEADBEEF, "DEADBEEF"},
-        {lib().DwordToHex, nullptr, 0x1F, "0000001F"},
-        {lib().PtrToHex, lib().strptr2hex, 0x12345678, "1234:5678"},
-        {lib().ByteToBin, lib().strbyte2bin, 0xFFA5, "10100101"},
-        {lib().NumToBin, lib().StrNumToBin, 0x7000F00F, "1111000000001111"},
-    };
+    auto hex = [](std::uint32_t value, const char* text) { return Row{lib().IntToHex, lib().stritoh, value, text}; };
+    // kept: two digits are reversed
+    const Row rows[] = {hex(0x1F, "F1"),
+                        hex(0xFFFF00A0, "0A"),
+                        hex(255, "FF"),
+                        hex(256, "0100"),
+                        hex(0xABCD1234, "1234"),
+                        {lib().DecToHex, lib().strdec2hex, 0x12345, "2345"},
+                        {lib().DecToHex, lib().strdec2hex, 0xF, "000F"},
+                        {lib().LongToHex, lib().strltoh, 0xDEADBEEF, "DEADBEEF"},
+                        {lib().DwordToHex, nullptr, 0x1F, "0000001F"},
+                        {lib().PtrToHex, lib().strptr2hex, 0x12345678, "1234:5678"},
+                        {lib().ByteToBin, lib().strbyte2bin, 0xFFA5, "10100101"},
+                        {lib().NumToBin, lib().StrNumToBin, 0x7000F00F, "1111000000001111"}};
     for (const Row& row : rows) {
         Dest dest(std::strlen(row.text) + 1);
         EXPECT_EQ(row.write(row.value, dest), dest.get());
@@ -50,29 +47,18 @@ TEST(Radix, Written) {
 TEST(Radix, HexRead) {
     struct Row {
         const char* text;
-        std::uint32_t four, word, eight;
+        std::uint32_t four, eight;  // of so many digits
     };
-    const Row rows[] = {
-        {"", 0, 0, 0},
-        {nullptr, 0, 0, 0},
-        {"1a2B", 0x1A2B, 0x1A2B, 0x1A2B},
-        {"12345", 0x2345, 0x2345, 0x12345},
-        {"123456", 0x3456, 0x3456, 0x123456},
-        {"ffffffff", 0xFFFF, 0xFFFF, 0xFFFFFFFF},
-        {"f123456789", 0x6789, 0x6789, 0x23456789},
-        {"x#12", 0x12, 0x12, 0x12},
-        {"12 ", 0, 0, 0},
-        {"12\xC1", 0, 0, 0},
-        {"zz", 0x233, 0x233, 0x233},  // kept: letters above F spill into the next digit
-        {"zzzz", 0x23333, 0x3333, 0x23333},
-        {"zzzzzzzz", 0x23333, 0x3333, 0x33333333},
-        {"@[`{/:", 0, 0, 0},
-    };
-    for (const Row& row : rows) {
-        EXPECT_EQ(lib().HexToDec(row.text), row.four) << row.text;
-        EXPECT_EQ(lib().HexToWord(row.text), row.word) << row.text;
-        EXPECT_EQ(lib().HexToDword(row.text), row.eight) << row.text;
-        EXPECT_EQ(lib().HexToLong(row.text), static_cast<std::int32_t>(row.eight)) << row.text;
+    // kept: letters above F spill into the next digit
+    for (auto [text, four, eight] :
+         {Row{"", 0, 0}, Row{nullptr, 0, 0}, Row{"1a2B", 0x1A2B, 0x1A2B}, Row{"123456", 0x3456, 0x123456},
+          Row{"ffffffff", 0xFFFF, 0xFFFFFFFF}, Row{"f123456789", 0x6789, 0x23456789}, Row{"x#12", 0x12, 0x12},
+          Row{"12\xC1", 0, 0}, Row{"zz", 0x233, 0x233}, Row{"zzzzzzzz", 0x23333, 0x33333333}, Row{"A@B", 0xB, 0xB},
+          Row{"A[B", 0xB, 0xB}, Row{"A/B", 0xB, 0xB}, Row{"A:B", 0xB, 0xB}}) {
+        EXPECT_EQ(lib().HexToDec(text), four) << text;
+        EXPECT_EQ(lib().HexToWord(text), four & 0xFFFF) << text;
+        EXPECT_EQ(lib().HexToDword(text), eight) << text;
+        EXPECT_EQ(lib().HexToLong(text), static_cast<std::int32_t>(eight)) << text;
     }
 }
 

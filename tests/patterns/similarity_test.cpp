@@ -45,10 +45,9 @@ TEST(Similarity, Scores) {
         std::int32_t score;
     };
     for (auto [pattern, text, score] :
-         {Row{"abc", "abc", 100}, Row{"abc", "ABC", 0}, Row{"abc", "", 0}, Row{"", "abc", 0}, Row{"", "", 0},
-          Row{nullptr, "abc", 0}, Row{"abc", nullptr, 0}, Row{"abc", "xxabcxx", 60}, Row{"xxabcxx", "abc", 60},
-          Row{"abcd", "abxd", 75}, Row{"abcdef", "abc", 66}, Row{"cat", "concatenate", 42}, Row{"a b", "a  b", 57},
-          Row{"\x80\xFF", "\xFF", 66}, Row{"kitten", "sitting", 61}}) {
+         {Row{"abc", "abc", 100}, Row{"abc", "ABC", 0}, Row{"abc", "", 0}, Row{"", "abc", 0}, Row{nullptr, "abc", 0},
+          Row{"abc", nullptr, 0}, Row{"abc", "xxabcxx", 60}, Row{"xxabcxx", "abc", 60}, Row{"abcd", "abxd", 75},
+          Row{"abcdef", "abc", 66}, Row{"cat", "concatenate", 42}, Row{"\x80\xFF", "\xFF", 66}}) {
         EXPECT_EQ(lib().Similarity(pattern, text), score) << pattern << " " << text;
     }
 }
