@@ -1,34 +1,264 @@
 // Open files of Linux.
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <atomic>
+#include <cerrno>
+
+#include "platform/linux/descriptor.h"
+#include "platform/linux/file_state.h"
 #include "platform/linux/last_error.h"
+#include "platform/linux/names.h"
+#include "platform/linux/registry.h"
 #include "platform/platform.h"
 
 namespace vx::platform {
 namespace {
 
-class LinuxFiles final : public Files {
- public:
-    std::int32_t open(const char*, std::uint32_t) override { return failed(-1, kNotSupported); }
-    std::int32_t create(const char*, std::uint32_t) override { return failed(-1, kNotSupported); }
-    bool close(std::int32_t) override { return failed(false, kInvalidHandle); }
-    std::int32_t read(std::int32_t, void*, std::uint32_t) override { return failed(-1, kInvalidHandle); }
-    std::int32_t write(std::int32_t, const void*, std::uint32_t) override { return failed(-1, kInvalidHandle); }
-    std::int32_t seek(std::int32_t, std::int32_t, std::int32_t) override { return failed(-1, kInvalidHandle); }
-    std::int32_t readAt(std::int32_t, std::int64_t, void*, std::uint32_t) override {
-        return failed(-1, kInvalidHandle);
-    }
-    std::int32_t writeAt(std::int32_t, std::int64_t, const void*, std::uint32_t) override {
-        return failed(-1, kInvalidHandle);
-    }
-    std::int64_t size(std::int32_t) override { return failed(-1, kInvalidHandle); }
-    bool truncate(std::int32_t) override { return failed(false, kInvalidHandle); }
-    bool flush(std::int32_t) override { return failed(false, kInvalidHandle); }
-    bool lock(std::int32_t, std::uint32_t, std::uint32_t) override { return failed(false, kInvalidHandle); }
-    bool unlock(std::int32_t, std::uint32_t, std::uint32_t) override { return failed(false, kInvalidHandle); }
-    bool information(std::int32_t, FileInformation&) override { return failed(false, kInvalidHandle); }
-    bool setTimes(std::int32_t, const FileTimes&) override { return failed(false, kInvalidHandle); }
+// A FIFO without a partner and a terminal are opened at once, and do not become the process's own.
+constexpr int kOpenFlags = O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
+
+struct OpenFile {
+    std::atomic<int> descriptor{-1};
+    std::atomic<std::int64_t> position{0};
+    bool reads = false;
+    bool writes = false;
 };
 
-LinuxFiles files;
+std::int32_t failedCall() { return failed(-1, systemErrorCode()); }
+
+std::uint32_t allowed(std::int64_t position, std::uint32_t count) {
+    return static_cast<std::uint32_t>(std::min<std::int64_t>(count, kLastPosition - position));
+}
+
+// At the position; where the system knows none (a pipe, a terminal), just on.
+ssize_t readFrom(int descriptor, std::int64_t position, void* to, std::size_t count) {
+    return uninterrupted([&] {
+        ssize_t done = ::pread(descriptor, to, count, position);
+        return done < 0 && errno == ESPIPE ? ::read(descriptor, to, count) : done;
+    });
+}
+
+ssize_t writeOnce(int descriptor, std::int64_t position, const void* from, std::size_t count) {
+    return uninterrupted([&] {
+        ssize_t done = ::pwrite(descriptor, from, count, position);
+        return done < 0 && errno == ESPIPE ? ::write(descriptor, from, count) : done;
+    });
+}
+
+class LinuxFiles final : public Files {
+ public:
+    std::int32_t open(const char* name, std::uint32_t mode) override;
+    std::int32_t create(const char* name, std::uint32_t attributes) override;
+    bool close(std::int32_t handle) override;
+    std::int32_t read(std::int32_t handle, void* to, std::uint32_t count) override;
+    std::int32_t write(std::int32_t handle, const void* from, std::uint32_t count) override;
+    std::int32_t seek(std::int32_t handle, std::int32_t offset, std::int32_t origin) override;
+    std::int32_t readAt(std::int32_t handle, std::int64_t position, void* to, std::uint32_t count) override;
+    std::int32_t writeAt(std::int32_t handle, std::int64_t position, const void* from, std::uint32_t count) override;
+    std::int64_t size(std::int32_t handle) override;
+    bool truncate(std::int32_t handle) override;
+    bool flush(std::int32_t handle) override;
+    bool lock(std::int32_t handle, std::uint32_t offset, std::uint32_t length) override;
+    bool unlock(std::int32_t handle, std::uint32_t offset, std::uint32_t length) override;
+    bool information(std::int32_t handle, FileInformation& information) override;
+    bool setTimes(std::int32_t handle, const FileTimes& times) override;
+
+ private:
+    // Null, with the reason, if the handle is not open.
+    OpenFile* opened(std::int32_t handle) {
+        OpenFile* file = files_.find(handle);
+        return file ? file : failed(static_cast<OpenFile*>(nullptr), kInvalidHandle);
+    }
+    std::int32_t handOut(Descriptor descriptor, bool reads, bool writes);
+
+    Registry<OpenFile> files_;
+};
+
+constinit LinuxFiles files;
+
+std::int32_t LinuxFiles::handOut(Descriptor descriptor, bool reads, bool writes) {
+    std::int32_t handle = files_.add([&](OpenFile& file) {
+        file.descriptor.store(descriptor.get(), std::memory_order_relaxed);
+        file.position.store(0, std::memory_order_relaxed);
+        file.reads = reads;
+        file.writes = writes;
+    });
+    if (handle == 0) return failed(-1, kTooManyOpenFiles);
+    descriptor.release();
+    return handle;
+}
+
+std::int32_t LinuxFiles::open(const char* name, std::uint32_t mode) {
+    SystemName path(name);
+    if (!path.valid()) return -1;
+    std::uint32_t access = mode & 3;
+    if (access > kReadWrite) return failed(-1, kInvalidParameter);
+    bool writes = access != kRead;
+    int flags = (access == kRead ? O_RDONLY : O_RDWR) | kOpenFlags;
+    Descriptor descriptor(callWith(path, [&](const char* text) { return ::openat(AT_FDCWD, text, flags); }));
+    if (!descriptor) return failedCall();
+    struct stat state;
+    if (::fstat(descriptor.get(), &state) != 0) return failedCall();
+    if (S_ISDIR(state.st_mode) || (writes && isReadOnly(state.st_mode))) return failed(-1, kAccessDenied);
+    return handOut(std::move(descriptor), access != kWrite, writes);
+}
+
+std::int32_t LinuxFiles::create(const char* name, std::uint32_t attributes) {
+    SystemName path(name);
+    if (!path.valid()) return -1;
+    constexpr int kFlags = O_RDWR | kOpenFlags;
+    Descriptor descriptor(callWith(path, [&](const char* text) { return ::openat(AT_FDCWD, text, kFlags); }));
+    if (!descriptor && errno == ENOENT) {
+        mode_t mode = attributes & kReadOnly ? 0444 : 0666;
+        descriptor = Descriptor(::openat(AT_FDCWD, path.text(), kFlags | O_CREAT | O_EXCL, mode));
+    } else if (descriptor) {
+        struct stat state;
+        if (::fstat(descriptor.get(), &state) != 0) return failedCall();
+        if (isReadOnly(state.st_mode)) return failed(-1, kAccessDenied);
+        if (::syscall(SYS_ftruncate, descriptor.get(), 0) != 0) return failedCall();
+    }
+    if (!descriptor) return failedCall();
+    return handOut(std::move(descriptor), true, true);
+}
+
+bool LinuxFiles::close(std::int32_t handle) {
+    bool closed = false;
+    bool known = files_.remove(handle, [&](OpenFile& file) {
+        int descriptor = file.descriptor.exchange(-1, std::memory_order_relaxed);
+        // What an interrupted close closes is closed.
+        closed = ::close(descriptor) == 0 || errno == EINTR;
+    });
+    if (!known) return failed(false, kInvalidHandle);
+    return closed || failed(false, systemErrorCode());
+}
+
+std::int32_t LinuxFiles::read(std::int32_t handle, void* to, std::uint32_t count) {
+    OpenFile* file = opened(handle);
+    if (!file) return -1;
+    std::int64_t position = file->position.load(std::memory_order_relaxed);
+    std::int32_t done = readAt(handle, position, to, count);
+    if (done > 0) file->position.store(position + done, std::memory_order_relaxed);
+    return done;
+}
+
+std::int32_t LinuxFiles::write(std::int32_t handle, const void* from, std::uint32_t count) {
+    OpenFile* file = opened(handle);
+    if (!file) return -1;
+    std::int64_t position = file->position.load(std::memory_order_relaxed);
+    std::int32_t done = writeAt(handle, position, from, count);
+    if (done > 0) file->position.store(position + done, std::memory_order_relaxed);
+    return done;
+}
+
+std::int32_t LinuxFiles::readAt(std::int32_t handle, std::int64_t position, void* to, std::uint32_t count) {
+    OpenFile* file = opened(handle);
+    if (!file) return -1;
+    if (!file->reads) return failed(-1, kAccessDenied);
+    if (position < 0 || position >= kLastPosition) return failed(-1, kInvalidParameter);
+    ssize_t done = readFrom(file->descriptor.load(std::memory_order_relaxed), position, to, allowed(position, count));
+    return done >= 0 ? static_cast<std::int32_t>(done) : failedCall();
+}
+
+std::int32_t LinuxFiles::writeAt(std::int32_t handle, std::int64_t position, const void* from, std::uint32_t count) {
+    OpenFile* file = opened(handle);
+    if (!file) return -1;
+    if (!file->writes) return failed(-1, kAccessDenied);
+    if (count == 0) return 0;
+    if (position < 0 || position >= kLastPosition) return failed(-1, kInvalidParameter);
+    int descriptor = file->descriptor.load(std::memory_order_relaxed);
+    std::uint32_t wanted = allowed(position, count);
+    std::uint32_t written = 0;
+    // What falls short is tried on: the second call tells the reason.
+    while (written < wanted) {
+        ssize_t done =
+            writeOnce(descriptor, position + written, static_cast<const char*>(from) + written, wanted - written);
+        if (done <= 0) {
+            setLastError(done < 0 ? systemErrorCode() : std::uint32_t{kDiskFull});
+            return written != 0 ? static_cast<std::int32_t>(written) : -1;
+        }
+        written += static_cast<std::uint32_t>(done);
+    }
+    return static_cast<std::int32_t>(written);
+}
+
+std::int32_t LinuxFiles::seek(std::int32_t handle, std::int32_t offset, std::int32_t origin) {
+    OpenFile* file = opened(handle);
+    if (!file) return -1;
+    std::int64_t base = 0;
+    if (origin == kFromCurrent) {
+        base = file->position.load(std::memory_order_relaxed);
+    } else if (origin == kFromEnd) {
+        base = size(handle);
+        if (base < 0) return -1;
+    } else if (origin != kFromStart) {
+        return failed(-1, kInvalidParameter);
+    }
+    std::int64_t position = base + offset;
+    if (position < 0) return failed(-1, kNegativeSeek);
+    if (position > kLastPosition) return failed(-1, kInvalidParameter);
+    file->position.store(position, std::memory_order_relaxed);
+    return static_cast<std::int32_t>(position);
+}
+
+std::int64_t LinuxFiles::size(std::int32_t handle) {
+    OpenFile* file = opened(handle);
+    if (!file) return -1;
+    struct stat state;
+    if (::fstat(file->descriptor.load(std::memory_order_relaxed), &state) != 0) return failedCall();
+    return state.st_size;
+}
+
+bool LinuxFiles::truncate(std::int32_t handle) {
+    OpenFile* file = opened(handle);
+    if (!file) return false;
+    if (!file->writes) return failed(false, kAccessDenied);
+    long done = uninterrupted([&] {
+        return ::syscall(SYS_ftruncate, file->descriptor.load(std::memory_order_relaxed),
+                         file->position.load(std::memory_order_relaxed));
+    });
+    return done == 0 || failed(false, systemErrorCode());
+}
+
+bool LinuxFiles::flush(std::int32_t handle) {
+    OpenFile* file = opened(handle);
+    if (!file) return false;
+    if (!file->writes) return failed(false, kAccessDenied);
+    int descriptor = file->descriptor.load(std::memory_order_relaxed);
+    // EINVAL is what a pipe or a terminal answers, which keep nothing back.
+    return uninterrupted([&] { return ::fsync(descriptor); }) == 0 || errno == EINVAL ||
+           failed(false, systemErrorCode());
+}
+
+bool LinuxFiles::lock(std::int32_t handle, std::uint32_t, std::uint32_t) {
+    return opened(handle) && failed(false, kNotSupported);
+}
+
+bool LinuxFiles::unlock(std::int32_t handle, std::uint32_t, std::uint32_t) {
+    return opened(handle) && failed(false, kNotSupported);
+}
+
+bool LinuxFiles::information(std::int32_t handle, FileInformation& information) {
+    OpenFile* file = opened(handle);
+    if (!file) return false;
+    int descriptor = file->descriptor.load(std::memory_order_relaxed);
+    FileInformation found;
+    if (!readState(descriptor, found)) return failed(false, systemErrorCode());
+    found.volumeSerial = volumeSerial(descriptor);
+    information = found;
+    return true;
+}
+
+bool LinuxFiles::setTimes(std::int32_t handle, const FileTimes& times) {
+    OpenFile* file = opened(handle);
+    if (!file) return false;
+    auto given = [](FileTime time) { return time == 0 ? timespec{0, UTIME_OMIT} : timespecOf(time); };
+    timespec both[] = {given(times.accessed), given(times.written)};
+    return ::futimens(file->descriptor.load(std::memory_order_relaxed), both) == 0 || failed(false, systemErrorCode());
+}
 
 }  // namespace
 

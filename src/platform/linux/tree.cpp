@@ -1,25 +1,127 @@
 // The tree of names on Linux.
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+#include "platform/linux/file_state.h"
 #include "platform/linux/last_error.h"
+#include "platform/linux/names.h"
+#include "platform/linux/search.h"
 #include "platform/platform.h"
 
 namespace vx::platform {
 namespace {
 
+bool failedCall() { return failed(false, systemErrorCode()); }
+
+int ownState(const char* path, struct stat& state) { return ::fstatat(AT_FDCWD, path, &state, AT_SYMLINK_NOFOLLOW); }
+
+// The state of what has the name, a symbolic link's own. False, with the reason, if there is nothing.
+bool find(SystemName& path, struct stat& state) {
+    if (!path.valid()) return false;
+    return callWith(path, [&](const char* text) { return ownState(text, state); }) == 0 || failedCall();
+}
+
+// Looks for a place for something new. False, with the reason, if the name is taken or its directory is missing.
+bool findPlace(SystemName& path) {
+    if (!path.valid()) return false;
+    switch (path.look()) {
+        case SystemName::Found::kThere:
+            return failed(false, kAlreadyExists);
+        case SystemName::Found::kNowhere:
+            return failedCall();
+        case SystemName::Found::kOnlyDirectory:
+            break;
+    }
+    return true;
+}
+
 class LinuxTree final : public Tree {
  public:
-    std::uint32_t attributes(const char*) override { return failed(kNoAttributes, kNotSupported); }
-    bool setAttributes(const char*, std::uint32_t) override { return failed(false, kNotSupported); }
-    bool erase(const char*) override { return failed(false, kNotSupported); }
-    bool move(const char*, const char*) override { return failed(false, kNotSupported); }
-    bool createDirectory(const char*) override { return failed(false, kNotSupported); }
-    bool removeDirectory(const char*) override { return failed(false, kNotSupported); }
-    std::uint32_t fullPath(const char*, char*, std::uint32_t) override { return failed(0u, kNotSupported); }
-    std::int32_t findFirst(const char*, FoundEntry&) override { return failed(-1, kNotSupported); }
-    bool findNext(std::int32_t, FoundEntry&) override { return failed(false, kNotSupported); }
-    bool findClose(std::int32_t) override { return failed(false, kNotSupported); }
+    std::uint32_t attributes(const char* name) override;
+    bool setAttributes(const char* name, std::uint32_t attributes) override;
+    bool erase(const char* name) override;
+    bool move(const char* from, const char* to) override;
+    bool createDirectory(const char* name) override;
+    bool removeDirectory(const char* name) override;
+    std::uint32_t fullPath(const char* name, char* path, std::uint32_t room) override;
+    std::int32_t findFirst(const char* pattern, FoundEntry& entry) override { return startSearch(pattern, entry); }
+    bool findNext(std::int32_t search, FoundEntry& entry) override { return continueSearch(search, entry); }
+    bool findClose(std::int32_t search) override { return endSearch(search); }
 };
 
-LinuxTree tree;
+constinit LinuxTree tree;
+
+std::uint32_t LinuxTree::attributes(const char* name) {
+    SystemName path(name);
+    if (!path.valid()) return kNoAttributes;
+    FileInformation information;
+    auto read = [&](const char* text) { return readState(text, information) ? 0 : -1; };
+    return callWith(path, read) == 0 ? information.attributes : failed(kNoAttributes, systemErrorCode());
+}
+
+bool LinuxTree::setAttributes(const char* name, std::uint32_t attributes) {
+    SystemName path(name);
+    if (!path.valid()) return false;
+    auto write = [&](const char* text) { return writeAttributes(text, attributes) ? 0 : -1; };
+    return callWith(path, write) == 0 || failedCall();
+}
+
+bool LinuxTree::erase(const char* name) {
+    SystemName path(name);
+    struct stat state;
+    if (!find(path, state)) return false;
+    bool isLink = S_ISLNK(state.st_mode);
+    if (!isLink && (S_ISDIR(state.st_mode) || isReadOnly(state.st_mode))) return failed(false, kAccessDenied);
+    return ::unlinkat(AT_FDCWD, path.text(), 0) == 0 || failedCall();
+}
+
+bool LinuxTree::move(const char* from, const char* to) {
+    SystemName path(from);
+    struct stat state;
+    if (!find(path, state)) return false;
+    SystemName target(to);
+    if (!findPlace(target)) return false;
+    return ::renameat2(AT_FDCWD, path.text(), AT_FDCWD, target.text(), RENAME_NOREPLACE) == 0 || failedCall();
+}
+
+bool LinuxTree::createDirectory(const char* name) {
+    SystemName path(name);
+    if (!findPlace(path)) return false;
+    return ::mkdirat(AT_FDCWD, path.text(), 0777) == 0 || failedCall();
+}
+
+bool LinuxTree::removeDirectory(const char* name) {
+    SystemName path(name);
+    struct stat state;
+    if (!find(path, state)) return false;
+    if (S_ISLNK(state.st_mode)) {
+        struct stat target;
+        bool leads = ::fstatat(AT_FDCWD, path.text(), &target, 0) == 0 && S_ISDIR(target.st_mode);
+        if (!leads) return failed(false, kDirectory);
+        return ::unlinkat(AT_FDCWD, path.text(), 0) == 0 || failedCall();
+    }
+    if (!S_ISDIR(state.st_mode)) return failed(false, kDirectory);
+    if (isReadOnly(state.st_mode)) return failed(false, kAccessDenied);
+    return ::unlinkat(AT_FDCWD, path.text(), AT_REMOVEDIR) == 0 || failedCall();
+}
+
+std::uint32_t LinuxTree::fullPath(const char* name, char* path, std::uint32_t room) {
+    SystemName full(name);
+    if (!full.valid() || !full.makeAbsolute()) return 0;
+    char text[PATH_MAX + 3];
+    std::size_t length = toDriveForm(full.view(), text, sizeof text - 1);
+    if (length == 0) return failed(0u, kPathNotFound);
+    if (full.asDirectory() && text[length - 1] != '\\') text[length++] = '\\';
+    text[length] = '\0';
+    if (length >= room) return static_cast<std::uint32_t>(length + 1);
+    std::memcpy(path, text, length + 1);
+    return static_cast<std::uint32_t>(length);
+}
 
 }  // namespace
 

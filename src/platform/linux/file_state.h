@@ -1,0 +1,34 @@
+// What the system knows of a file or directory, in Windows' terms.
+#pragma once
+
+#include <sys/stat.h>
+#include <time.h>
+
+#include <cstdint>
+
+#include "platform/files.h"
+
+namespace vx::platform {
+
+// Time stamps before 1601 are 0.
+FileTime fileTimeOf(std::int64_t seconds, std::int64_t nanoseconds);
+timespec timespecOf(FileTime time);
+
+// No write permission at all: also root sees such a file as read-only.
+inline bool isReadOnly(mode_t mode) { return (mode & 0222) == 0; }
+
+// Fill in all but the volume's serial number. False, with errno, if the system does not tell. A symbolic link has
+// kLink and what it leads to; if that is nothing, it is a file.
+bool readState(int descriptor, FileInformation& information);
+bool readState(const char* path, FileInformation& information);
+
+// Set kReadOnly, kHidden, kSystem and kArchive, the others not. False, with errno, if the system refuses; ENOTSUP
+// where the file system cannot keep what a file without an extended attribute does not have.
+bool writeAttributes(int descriptor, std::uint32_t attributes);
+bool writeAttributes(const char* path, std::uint32_t attributes);
+
+// Of the file system that the file is on; never 0.
+std::uint32_t volumeSerial(int descriptor);
+std::uint32_t volumeSerial(const char* path);
+
+}  // namespace vx::platform

@@ -1,0 +1,213 @@
+#include "platform/linux/names.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstring>
+
+#include "platform/linux/directory_reader.h"
+#include "platform/linux/last_error.h"
+#include "platform/linux/short_names.h"
+
+namespace vx::platform {
+namespace {
+
+bool isLetter(char c) { return lowered(c) >= 'a' && lowered(c) <= 'z'; }
+
+bool isThere(const char* path) {
+    struct stat state;
+    return ::fstatat(AT_FDCWD, path, &state, AT_SYMLINK_NOFOLLOW) == 0;
+}
+
+bool sameButForCase(std::string_view a, std::string_view b) {
+    return a.size() == b.size() &&
+           std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) { return lowered(x) == lowered(y); });
+}
+
+// How well an entry of a directory answers to a name.
+enum class Match { kNone, kShortName, kCase };
+
+Match matchOf(std::string_view wanted, std::string_view name, bool byShortName) {
+    if (sameButForCase(wanted, name)) return Match::kCase;
+    if (!byShortName) return Match::kNone;
+    char shortName[kShortNameSize];
+    shortNameOf(name, shortName);
+    return sameButForCase(wanted, shortName) ? Match::kShortName : Match::kNone;
+}
+
+}  // namespace
+
+Start takeStart(const char*& name) {
+    if (isSeparator(name[0]) && isSeparator(name[1])) return Start::kServer;
+    if (isLetter(name[0]) && name[1] == ':') {
+        if (raised(name[0]) != 'C') return Start::kOtherDrive;
+        name += 2;
+    }
+    if (!isSeparator(*name)) return Start::kCurrentDirectory;
+    while (isSeparator(*name)) ++name;
+    return Start::kRoot;
+}
+
+std::string_view takeComponent(const char*& name) {
+    const char* start = name;
+    while (*name && !isSeparator(*name)) ++name;
+    std::string_view component(start, static_cast<std::size_t>(name - start));
+    while (isSeparator(*name)) ++name;
+    return component;
+}
+
+SystemName::SystemName(const char* name, Wildcards wildcards) {
+    text_[0] = '\0';
+    std::size_t length = name ? std::strlen(name) : 0;
+    if (length == 0 || length >= kPathSize) {
+        setLastError(length == 0 ? kPathNotFound : kFilenameTooLong);
+        return;
+    }
+    switch (takeStart(name)) {
+        case Start::kServer:
+            setLastError(kBadNetPath);
+            return;
+        case Start::kOtherDrive:
+            setLastError(kPathNotFound);
+            return;
+        case Start::kRoot:
+            text_[0] = '/';
+            length_ = 1;
+            break;
+        case Start::kCurrentDirectory:
+            break;
+    }
+    valid_ = addRest(name, wildcards);
+    if (!valid_) setLastError(kInvalidName);
+    if (length_ == 0) text_[length_++] = '.';
+    text_[length_] = '\0';
+}
+
+bool SystemName::addRest(const char* name, Wildcards wildcards) {
+    while (*name) {
+        std::string_view component = takeComponent(name);
+        asDirectory_ = isSeparator(name[-1]);
+        bool mayBeWild = wildcards == Wildcards::kInLast && !*name && !asDirectory_;
+        if (!mayBeWild && component.find_first_of("?*") != std::string_view::npos) return false;
+        if (component == "..") {
+            removeLast();
+        } else if (component != "." && !add(component)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool SystemName::add(std::string_view component) {
+    if (length_ + component.size() + 2 > sizeof text_) return false;
+    if (length_ != 0 && text_[length_ - 1] != '/') text_[length_++] = '/';
+    std::memcpy(text_ + length_, component.data(), component.size());
+    length_ += component.size();
+    text_[length_] = '\0';
+    return true;
+}
+
+// Nothing is above the root; above the current directory only its own `..` leads.
+void SystemName::removeLast() {
+    std::string_view path = view();
+    if (path == "/") return;
+    if (path.empty() || path == ".." || path.ends_with("/..")) {
+        add("..");
+        return;
+    }
+    std::size_t slash = path.rfind('/');
+    length_ = slash == std::string_view::npos ? 0 : std::max<std::size_t>(slash, 1);
+}
+
+bool SystemName::makeAbsolute() {
+    if (text_[0] == '/') return true;
+    char written[kPathSize];
+    std::memcpy(written, text_, length_ + 1);
+    if (::syscall(SYS_getcwd, text_, sizeof text_) < 0 || text_[0] != '/') return failed(false, kPathNotFound);
+    length_ = std::strlen(text_);
+    bool kept = asDirectory_;
+    bool done = addRest(written, Wildcards::kInLast);
+    asDirectory_ = kept;
+    return done || failed(false, kFilenameTooLong);
+}
+
+bool SystemName::splitLast(char (&last)[kPathSize]) {
+    std::string_view path = view();
+    std::size_t slash = path.rfind('/');
+    std::string_view component = path.substr(slash + 1);
+    if (component.empty() || component == "." || component == ".." || component.size() >= kPathSize) return false;
+    std::memcpy(last, component.data(), component.size());
+    last[component.size()] = '\0';
+    length_ = slash == std::string_view::npos ? 0 : std::max<std::size_t>(slash, 1);
+    if (length_ == 0) text_[length_++] = '.';
+    text_[length_] = '\0';
+    return true;
+}
+
+SystemName::Found SystemName::look() {
+    if (isThere(text_)) return Found::kThere;
+    if (!isMissing(errno)) return Found::kNowhere;
+    char written[sizeof text_];
+    std::memcpy(written, text_, length_ + 1);
+    const char* rest = written;
+    length_ = 0;
+    if (*rest == '/') text_[length_++] = *rest++;
+    while (*rest) {
+        std::string_view component = takeComponent(rest);
+        if (!add(component)) {
+            errno = ENAMETOOLONG;
+            return Found::kNowhere;
+        }
+        if (isThere(text_) || findLast()) continue;
+        bool isLast = *rest == '\0' && errno == ENOENT;
+        if (!isLast) errno = ENOTDIR;
+        return isLast ? Found::kOnlyDirectory : Found::kNowhere;
+    }
+    return Found::kThere;
+}
+
+// Replaces the last component by the entry of its directory that answers to it best, the first in byte order of
+// several. False, with ENOENT, if none does; other errors are the directory's.
+bool SystemName::findLast() {
+    std::size_t slash = view().rfind('/');
+    std::size_t start = slash == std::string_view::npos ? 0 : slash + 1;
+    char wanted[NAME_MAX + 1];
+    if (length_ - start > NAME_MAX) {
+        errno = ENOENT;
+        return false;
+    }
+    std::memcpy(wanted, text_ + start, length_ - start + 1);
+
+    text_[start] = '\0';
+    DirectoryReader directory(openDirectory(start == 0 ? "." : text_));
+    std::memcpy(text_ + start, wanted, length_ - start + 1);
+    if (!directory) return false;
+
+    bool byShortName = mayBeShortName(wanted);
+    Match best = Match::kNone;
+    char found[NAME_MAX + 1];
+    while (const char* name = directory.next()) {
+        Match match = matchOf(wanted, name, byShortName);
+        if (match == Match::kNone || match < best) continue;
+        if (match == best && std::string_view(name) >= found) continue;
+        best = match;
+        std::memcpy(found, name, std::strlen(name) + 1);
+    }
+    errno = ENOENT;
+    if (best == Match::kNone) return false;
+    length_ = start;
+    return add(found);
+}
+
+std::size_t toDriveForm(std::string_view path, char* to, std::size_t room) {
+    if (path.empty() || path[0] != '/' || path.size() + 3 > room || path.find('\\') != std::string_view::npos) return 0;
+    std::memcpy(to, "C:", 2);
+    std::replace_copy(path.begin(), path.end(), to + 2, '/', '\\');
+    to[2 + path.size()] = '\0';
+    return 2 + path.size();
+}
+
+}  // namespace vx::platform

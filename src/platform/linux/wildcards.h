@@ -1,0 +1,34 @@
+// Wildcards in the last component of a searched name, with the meaning that Windows gives them.
+#pragma once
+
+#include <string_view>
+
+#include "platform/tree.h"
+
+namespace vx::platform {
+
+inline bool hasWildcards(std::string_view name) { return name.find_first_of("?*") != std::string_view::npos; }
+
+class Wildcards {
+ public:
+    // `pattern` is shorter than kPathSize.
+    explicit Wildcards(std::string_view pattern);
+
+    bool match(std::string_view name) const;
+
+ private:
+    enum Symbol : char {
+        kAny = '\1',       // *: any characters
+        kAnyBase = '\2',   // * before a dot: any characters, but not the last dot
+        kOne = '\3',       // ?: a character; at a dot and at the end, none
+        kDotOrEnd = '\4',  // a dot before a wildcard: a dot, or the end
+    };
+
+    bool advance(const bool* from, bool* to, char c, bool isLastDot) const;
+    void skip(bool* states, bool atDot, bool atEnd) const;
+
+    char symbols_[kPathSize];
+    std::size_t size_ = 0;
+};
+
+}  // namespace vx::platform
