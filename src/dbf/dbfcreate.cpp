@@ -1,0 +1,303 @@
+// Making tables from a structure text, appending records, locks.
+#include "entries/dbfcreate.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstring>
+#include <limits>
+
+#include "dbf/companions.h"
+#include "dbf/locks.h"
+#include "dbf/registry.h"
+#include "dbf/table.h"
+
+namespace vx::dbf {
+namespace {
+
+constexpr char kEntryEnd = ':';
+constexpr char kPartEnd = ',';
+constexpr std::int32_t kAutomatic = -2;
+constexpr std::int64_t kMost16 = 0xFFFF;
+constexpr std::size_t kEmptyBlobFile = kFirstBlob + kBlobHeaderSize;
+constexpr std::size_t kEmptyDbtFile = kDbtBlockSize + 1;
+
+// What a structure text says of a field.
+struct Definition {
+    std::string_view name;
+    char type = 'C';
+    std::int64_t length = 1;
+    std::int64_t decimals = 0;
+};
+
+// A structure text without blanks and in upper case.
+class Structure {
+ public:
+    explicit Structure(std::string_view text) : bytes_(new (std::nothrow) char[text.size() + 1]) {
+        if (!bytes_) return;
+        char* end = bytes_.get();
+        for (char c : text) {
+            if (c != ' ') *end++ = upper(c);
+        }
+        text_ = {bytes_.get(), static_cast<std::size_t>(end - bytes_.get())};
+    }
+
+    explicit operator bool() const { return bytes_ != nullptr; }
+    std::int64_t count() const { return 1 + std::count(text_.begin(), text_.end(), kEntryEnd); }
+
+    // Calls `define(number, entry)` for each entry, from 0.
+    template <class Define>
+    void each(Define define) const {
+        std::string_view rest = text_;
+        for (std::int64_t i = 0, count = this->count(); i < count; ++i) define(i, cutOff(rest, kEntryEnd));
+    }
+
+    static std::string_view cutOff(std::string_view& rest, char end) {
+        std::size_t size = std::min(rest.find(end), rest.size());
+        std::string_view piece = rest.substr(0, size);
+        rest.remove_prefix(std::min(size + 1, rest.size()));
+        return piece;
+    }
+
+ private:
+    std::unique_ptr<char[]> bytes_;
+    std::string_view text_;
+};
+
+std::int64_t fixedLength(char type, std::int64_t given) {
+    switch (type) {
+        case 'B':
+            return 2 * kNumberWidth;
+        case 'D':
+            return 8;
+        case 'L':
+            return 1;
+        case 'M':
+            return kNumberWidth;
+        case 'V':
+            return 0;
+        default:
+            return given;
+    }
+}
+
+Definition definitionOf(std::string_view entry) {
+    Definition definition;
+    definition.name = Structure::cutOff(entry, kPartEnd);
+    std::string_view type = Structure::cutOff(entry, kPartEnd);
+    std::string_view length = Structure::cutOff(entry, kPartEnd);
+    if (!type.empty()) definition.type = type.front();
+    definition.length = fixedLength(definition.type, length.empty() ? 1 : decimalOf(length));
+    if (definition.type == 'N') definition.decimals = decimalOf(Structure::cutOff(entry, kPartEnd));
+    return definition;
+}
+
+void setName(Field& field, std::string_view name) {
+    std::memset(field.name, 0, sizeof field.name);
+    name.copy(field.name, kNameRoom - 1);
+}
+
+// FIELD1, FIELD2, ...
+void setDefault(Field& field, std::int32_t index) {
+    char name[kNameRoom] = "FIELD";
+    char* end = std::to_chars(name + 5, name + sizeof name, index + 1).ptr;
+    setName(field, {name, static_cast<std::size_t>(end - name)});
+    field.offset = index;
+}
+
+// Behind the fields before; virtual ones take no room.
+std::int32_t nextOffset(const Table& table, std::int32_t index) {
+    while (--index >= 0) {
+        const Field& before = table.fields[index];
+        if (before.type != 'V') return before.offset + (before.type == 'N' ? before.width : before.lengthWord());
+    }
+    return 0;
+}
+
+bool isTaken(const Table& table, std::int32_t index, std::string_view name) {
+    for (std::int32_t i = 0; i < table.fieldCount; ++i) {
+        if (i != index && table.fields[i].nameText() == name) return true;
+    }
+    return false;
+}
+
+// A definition that is refused leaves the field as it is.
+void define(Table& table, std::int32_t index, const Definition& definition) {
+    if (definition.name.size() >= kNameRoom || isTaken(table, index, definition.name)) return;
+    Field& field = table.fields[index];
+    bool isNumber = definition.type == 'N' || definition.type == 'F';
+    std::int64_t width = isNumber ? definition.length & 0xFF : definition.length;
+    if (definition.type != 'V' && width + kAutomatic > table.dataSize()) return;
+    setName(field, definition.name);
+    field.type = definition.type;
+    field.width = static_cast<std::uint8_t>(width);
+    field.decimals = static_cast<std::uint8_t>(definition.type == 'N' ? definition.decimals : width >> 8);
+    field.offset = definition.type == 'V' ? 0 : nextOffset(table, index);
+    std::uint8_t version = table.header.version();
+    if (definition.type == 'B') version |= kHasBlobs;
+    if (definition.type == 'M') version |= kHasMemos;
+    if (!std::strchr("BCDFLMNV", definition.type)) version |= kOtherTypes;
+    table.header.setVersion(version);
+}
+
+// False where the sizes are more than a table can tell, or there is no memory.
+bool layOut(Table& table, const Structure& structure) {
+    std::int64_t data = 0;
+    structure.each([&](std::int64_t, std::string_view entry) { data += definitionOf(entry).length; });
+    data = std::max<std::int64_t>(data, 1);
+    std::int64_t count = std::min(data, structure.count());
+    std::int64_t headerSize = static_cast<std::int64_t>(kDescriptorSize) * count + kHeaderSize + 1;
+    if (data >= kMost16 || headerSize > kMost16) return false;
+    table.header.setVersion(kPlain);
+    table.header.stamp(table.today.get());
+    table.header.setSizes(static_cast<std::uint32_t>(headerSize), static_cast<std::uint32_t>(data + 1));
+    table.fieldCount = static_cast<std::int32_t>(count);
+    table.fields.reset(new (std::nothrow) Field[static_cast<std::size_t>(count)]);
+    if (!table.fields || !makeBuffer(table)) return false;
+    std::memset(table.buffer.get(), ' ', table.capacity * table.recordSize());
+    for (std::int32_t i = 0; i < table.fieldCount; ++i) setDefault(table.fields[i], i);
+    structure.each([&](std::int64_t i, std::string_view entry) {
+        if (i < count && !entry.empty()) define(table, static_cast<std::int32_t>(i), definitionOf(entry));
+    });
+    return true;
+}
+
+void putDescriptor(const Field& field, char* to) {
+    std::memset(to, 0, kDescriptorSize);
+    std::memcpy(to, field.name, kNameRoom);
+    to[11] = field.type;
+    putLe32(to + 12, static_cast<std::uint32_t>(field.offset));
+    to[16] = static_cast<char>(field.width);
+    to[17] = static_cast<char>(field.decimals);
+    putLe16(to + 18, static_cast<std::uint32_t>(field.nameText().size() + 1));
+}
+
+bool createTableFile(Table& table, const char* path) {
+    std::size_t size = table.header.headerSize() + std::size_t{1};
+    Scratch scratch;
+    char* bytes = scratch.room(size);
+    if (!bytes) return false;
+    std::memcpy(bytes, table.header.bytes, kHeaderSize);
+    char* to = bytes + kHeaderSize;
+    for (std::int32_t i = 0; i < table.fieldCount; ++i, to += kDescriptorSize) putDescriptor(table.fields[i], to);
+    *to++ = kHeaderEnd;
+    *to = kEndOfFile;
+    table.file = File::create(path);
+    return table.file.isOpen() && table.file.write(0, bytes, size);
+}
+
+bool createBlobFile(Table& table, const char* path) {
+    char bytes[kEmptyBlobFile] = {};
+    putLe16(bytes, kBlobMagic);
+    putLe32(bytes + 2, kFirstBlob);
+    putLe32(bytes + 10, 60);
+    putLe32(bytes + 14, 60);
+    putLe16(bytes + kFirstBlob, kBlobMagic);
+    table.blob = File::create(path);
+    return table.blob.isOpen() && table.blob.write(0, bytes, sizeof bytes);
+}
+
+bool createMemoFile(Table& table, const char* path) {
+    char bytes[kEmptyDbtFile] = {};
+    putLe32(bytes, 1);
+    bytes[kDbtBlockSize] = kMemoEnd;
+    table.memo = File::create(path);
+    return table.memo.isOpen() && table.memo.write(0, bytes, sizeof bytes);
+}
+
+std::unique_ptr<Table> createTable(const char* name, std::string_view text) {
+    Structure structure(text);
+    std::unique_ptr<Table> table(new (std::nothrow) Table);
+    if (!structure || !table || !layOut(*table, structure)) return nullptr;
+    TablePath path(name);
+    if (!createTableFile(*table, path.get())) return nullptr;
+    std::uint8_t version = table->header.version();
+    if (hasBlobs(version) && !createBlobFile(*table, path.with(".BLO").get())) return nullptr;
+    if (hasMemos(version) && !createMemoFile(*table, path.with(".DBT").get())) return nullptr;
+    return table;
+}
+
+// Writes so many blank records from a position on.
+bool writeBlanks(const File& file, std::int64_t position, std::size_t recordSize, std::int64_t count) {
+    Scratch scratch;
+    std::size_t atOnce = std::max<std::size_t>(Scratch::kAtHand / recordSize, 1);
+    atOnce = static_cast<std::size_t>(std::min<std::int64_t>(count, static_cast<std::int64_t>(atOnce)));
+    char* blanks = scratch.room(atOnce * recordSize);
+    if (!blanks) return false;
+    std::memset(blanks, ' ', atOnce * recordSize);
+    while (count > 0) {
+        std::size_t size = std::min<std::size_t>(atOnce, static_cast<std::size_t>(count)) * recordSize;
+        if (!file.write(position, blanks, size)) return false;
+        position += static_cast<std::int64_t>(size);
+        count -= static_cast<std::int64_t>(size / recordSize);
+    }
+    return true;
+}
+
+// Counts the new records. Those of a shared table are there by the file's size alone, so a header that cannot be
+// written now is left for later; others are taken back.
+bool countRecords(Table& table, std::int64_t count) {
+    Header before = table.header;
+    table.header.setCount(static_cast<std::uint32_t>(count));
+    if (writeHeader(table) || table.shared) return true;
+    std::int64_t end = table.positionOf(count + 1);
+    table.header = before;
+    platform::Process& process = *platform::current().process;
+    std::uint32_t cause = process.lastError();
+    table.headerChanged = !table.file.write(0, before.bytes, kHeaderSize);
+    process.setLastError(cause);
+    if (!table.headerChanged) table.file.cutBack(table.positionOf(std::int64_t{before.count()} + 1), end);
+    return false;
+}
+
+// The number of the first new record, 0 if they cannot be had.
+std::int64_t append(Table& table, std::uint32_t count) {
+    if (table.shared && !table.headerLocked) lockHeader(table);
+    if (!writeBack(table)) return 0;
+    if (count == 0) {
+        goTo(table, std::int64_t{table.count()} + 1);
+        return table.number;
+    }
+    if (!claimRecords(table, count)) return 0;
+    std::int64_t first = std::int64_t{table.count()} + 1;
+    std::int64_t end = table.positionOf(first + count);
+    std::int64_t start = table.positionOf(first);
+    if (end > std::int64_t{platform::kLastPosition} + 1) return 0;
+    if (!writeBlanks(table.file, start, table.recordSize(), count)) {
+        table.file.cutBack(start, end);
+        return 0;
+    }
+    if (!countRecords(table, first + count - 1)) return 0;
+    goToBlanks(table, first, count);
+    return first;
+}
+
+}  // namespace
+}  // namespace vx::dbf
+
+using namespace vx;
+using namespace vx::dbf;
+
+ENTRY(uint32_t, DbfStrCreate)(const char* name, const char* structure) noexcept {
+    std::unique_ptr<Table> table = createTable(name, view(structure));
+    return table ? enlist(std::move(table)) : 0;
+}
+
+ENTRY(int32_t, DbfAppend)(uint32_t handle, int32_t count) noexcept {
+    Table* table = find(handle);
+    return table ? static_cast<std::int32_t>(append(*table, static_cast<std::uint32_t>(atLeastZero(count)))) : 0;
+}
+
+ENTRY(int32_t, DbfLock)(uint32_t handle) noexcept {
+    Table* table = find(handle);
+    return table && lockTable(*table);
+}
+
+ENTRY(int32_t, DbfRlock)(uint32_t handle, int32_t count) noexcept {
+    Table* table = find(handle);
+    return table && lockRecords(*table, static_cast<std::uint32_t>(atLeastZero(count)));
+}
+
+ENTRY(int32_t, DbfUnlock)(uint32_t handle) noexcept {
+    Table* table = find(handle);
+    return table && unlock(*table);
+}

@@ -1,0 +1,252 @@
+// Fields: what a table's descriptors tell, looking fields up by name, and their values in the current record.
+#include "entries/dbffields.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "dbf/companions.h"
+#include "dbf/registry.h"
+#include "dbf/table.h"
+#include "strings/trim.h"
+
+namespace vx::dbf {
+namespace {
+
+// A field of the table that a handle stands for; no field if either is wrong.
+struct Place {
+    Table* table = nullptr;
+    Field* field = nullptr;
+
+    Place(std::uint32_t handle, std::int32_t number) : table(find(handle)) {
+        if (table) field = table->field(number);
+    }
+    explicit operator bool() const { return field != nullptr; }
+};
+
+bool isNamed(const Field& field, std::string_view name) { return field.nameText() == name; }
+
+// The field found last is the first to be tried; of two fields with one name, the last.
+std::int32_t findField(Table& table, std::string_view name) {
+    if (table.fieldCount == 0) return 0;
+    if (!isNamed(table.fields[table.lastFound], name)) {
+        std::int32_t i = table.fieldCount - 1;
+        while (i >= 0 && !isNamed(table.fields[i], name)) --i;
+        if (i < 0) return 0;
+        table.lastFound = i;
+    }
+    return table.lastFound + 1;
+}
+
+std::int32_t findField(std::uint32_t handle, const char* name) {
+    Table* table = find(handle);
+    return table ? findField(*table, view(name)) : 0;
+}
+
+bool isCompanion(char type) { return type == 'M' || type == 'B' || type == 'V'; }
+
+bool isTerminated(char type) { return std::strchr("CDLNF", type) != nullptr && type != '\0'; }
+
+std::uint32_t getMemo(const Table& table, const Field& field, char* to) {
+    std::int64_t block = referenceIn(table, field);
+    bool dbt = table.memoStyle == MemoStyle::kDbt;
+    std::uint32_t size = dbt ? readDbtMemo(table, block, to) : readFptMemo(table, block, to);
+    to[size] = '\0';
+    return static_cast<std::uint32_t>(strnlen(to, size));
+}
+
+// How many bytes the value has; a text ends at a NUL that is in it.
+std::uint32_t getStored(const Table& table, const Field& field, char* to) {
+    auto size = static_cast<std::uint32_t>(table.widthWithin(field));
+    if (table.noRecord) {
+        std::memset(to, ' ', size);
+    } else {
+        std::memcpy(to, table.at(field), size);
+    }
+    if (!isTerminated(field.type)) return size;
+    to[size] = '\0';
+    return static_cast<std::uint32_t>(strnlen(to, size));
+}
+
+std::uint32_t getValue(Table& table, Field& field, char* to) {
+    std::uint32_t size = 0;
+    if (!isCompanion(field.type)) {
+        size = getStored(table, field, to);
+    } else if (table.noRecord) {
+        *to = '\0';
+    } else if (field.type == 'M') {
+        size = getMemo(table, field, to);
+    } else if (field.type == 'B') {
+        size = readBlob(table, field, to);
+        if (size == 0) *to = '\0';
+    } else if (field.compute) {
+        size = field.compute(table, field, to);
+    } else {
+        *to = '\0';
+    }
+    if (field.notify) field.notify(table, field, kFieldRead);
+    return size;
+}
+
+std::uint32_t getValue(const Place& place, char* to) {
+    if (!to) return 0;
+    if (place) return getValue(*place.table, *place.field, to);
+    *to = '\0';
+    return 0;
+}
+
+void putPadded(char* to, std::size_t width, std::string_view value) {
+    std::size_t kept = std::min(width, value.size());
+    std::memcpy(to, value.data(), kept);
+    std::memset(to + kept, ' ', width - kept);
+}
+
+// Whether the number was taken; otherwise the field shows asterisks.
+bool putNumber(Table& table, const Field& field, std::string_view value) {
+    auto width = static_cast<std::size_t>(table.widthWithin(field));
+    if (value.size() > static_cast<std::size_t>(field.lengthWord())) {
+        std::memset(table.at(field), '*', width);
+        return false;
+    }
+    std::memset(table.at(field), ' ', width);
+    // kept: with decimals, a value may be longer than its field; it then starts in the field before.
+    std::int64_t start = std::int64_t{field.offset} + field.width - static_cast<std::int64_t>(value.size());
+    std::int64_t from = std::max<std::int64_t>(start, 0);
+    std::int64_t end = std::min<std::int64_t>(field.offset + field.width, table.dataSize());
+    if (from < end)
+        std::memcpy(table.data() + from, value.data() + (from - start), static_cast<std::size_t>(end - from));
+    return true;
+}
+
+bool putMemo(Table& table, Field& field, std::string_view text) {
+    if (!table.memo.isOpen() || text.empty()) return false;
+    return table.memoStyle == MemoStyle::kDbt ? writeDbtMemo(table, field, text) : writeFptMemo(table, field, text);
+}
+
+bool putValue(Table& table, Field& field, std::string_view value) {
+    if (table.noRecord) return false;
+    if (field.notify) field.notify(table, field, kFieldWritten);
+    char* to = table.at(field);
+    auto width = static_cast<std::size_t>(table.widthWithin(field));
+    switch (field.type) {
+        case 'C':
+            putPadded(to, width, value);
+            break;
+        case 'D':
+            putPadded(to, width, withoutLeadingBlanks(value));
+            break;
+        case 'N':
+        case 'F':
+            // kept: the asterisks reach the file only if something else changes the records in the buffer.
+            if (!putNumber(table, field, withoutLeadingBlanks(value))) return true;
+            break;
+        case 'L':
+            if (width > 0) *to = !value.empty() && lower(value.front()) == 't' ? 'T' : 'F';
+            break;
+        case 'M':
+            return putMemo(table, field, value);
+        case 'B':
+            return table.blob.isOpen() && writeBlob(table, field, value);
+        case 'V':
+            return true;
+        default:
+            std::memcpy(to, value.data(), std::min(width, value.size()));
+    }
+    table.bufferChanged = true;
+    return true;
+}
+
+bool putValue(const Place& place, const char* value) {
+    return place && putValue(*place.table, *place.field, view(value));
+}
+
+std::uint32_t sizeOfMemo(const Table& table, std::int64_t block) {
+    return table.memoStyle == MemoStyle::kDbt ? sizeOfDbtMemo(table, block) : sizeOfFptMemo(table, block);
+}
+
+std::uint32_t sizeOfValue(Table& table, Field& field) {
+    switch (field.type) {
+        case 'M':
+            return table.noRecord ? 0 : sizeOfMemo(table, referenceIn(table, field));
+        case 'B':
+            return table.noRecord ? 0 : blobSizeIn(table, field);
+        case 'N':
+            return field.width;
+        case 'V':
+            return field.compute ? field.compute(table, field, nullptr) : 0;
+        default:
+            return static_cast<std::uint32_t>(field.lengthWord());  // kept: of F as well
+    }
+}
+
+// The length of the name.
+std::uint32_t putName(const Place& place, char* buffer) {
+    if (!buffer) return 0;
+    std::string_view name = place ? place.field->nameText() : std::string_view();
+    store(buffer, name);
+    return static_cast<std::uint32_t>(name.size());
+}
+
+}  // namespace
+
+}  // namespace vx::dbf
+
+using namespace vx;
+using namespace vx::dbf;
+
+ENTRY(char*, DbfFieldName)(uint32_t handle, int32_t number, char* buffer) noexcept {
+    putName({handle, number}, buffer);
+    return buffer;
+}
+
+ENTRY(char*, DbfFieldType)(uint32_t handle, int32_t number, char* buffer) noexcept {
+    Place place(handle, number);
+    return buffer ? store(buffer, place ? std::string_view(&place.field->type, 1) : std::string_view()) : nullptr;
+}
+
+ENTRY(int32_t, DbfFieldLen)(uint32_t handle, int32_t number) noexcept {
+    Place place(handle, number);
+    return place ? place.field->length() : 0;
+}
+
+ENTRY(int32_t, DbfFieldDec)(uint32_t handle, int32_t number) noexcept {
+    Place place(handle, number);
+    return place ? static_cast<std::int8_t>(place.field->decimals) : 0;
+}
+
+ENTRY(int32_t, DbfFieldOff)(uint32_t handle, int32_t number) noexcept {
+    Place place(handle, number);
+    return place ? place.field->offset : -1;
+}
+
+ENTRY(int32_t, DbfFieldPos)(uint32_t handle, const char* name) noexcept { return findField(handle, name); }
+
+ENTRY(char*, DbfFieldGet)(uint32_t handle, int32_t number, char* buffer) noexcept {
+    getValue({handle, number}, buffer);
+    return buffer;
+}
+
+ENTRY(uint32_t, strdbfFieldGet)(uint32_t handle, int32_t number, char* buffer) noexcept {
+    return getValue({handle, number}, buffer);
+}
+
+ENTRY(char*, DbfField)(uint32_t handle, const char* name, char* buffer) noexcept {
+    getValue({handle, findField(handle, name)}, buffer);
+    return buffer;
+}
+
+ENTRY(uint32_t, strdbfField)(uint32_t handle, const char* name, char* buffer) noexcept {
+    return getValue({handle, findField(handle, name)}, buffer);
+}
+
+ENTRY(int32_t, DbfFieldPut)(uint32_t handle, int32_t number, const char* value) noexcept {
+    return putValue(Place(handle, number), value);
+}
+
+ENTRY(int32_t, DbfReplace)(uint32_t handle, const char* name, const char* value) noexcept {
+    return putValue(Place(handle, findField(handle, name)), value);
+}
+
+ENTRY(uint32_t, DbfFieldSize)(uint32_t handle, int32_t number) noexcept {
+    Place place(handle, number);
+    return place ? sizeOfValue(*place.table, *place.field) : 0;
+}

@@ -1,0 +1,129 @@
+// Opening and closing tables, moving about in them, whole records.
+#include "entries/dbfopen.h"
+
+#include <cstring>
+
+#include "dbf/registry.h"
+#include "dbf/table.h"
+
+using namespace vx;
+using namespace vx::dbf;
+
+namespace {
+
+std::int32_t move(Table* table, std::int64_t number) {
+    if (!table) return 0;
+    std::int64_t before = table->number;
+    goTo(*table, number);
+    return static_cast<std::int32_t>(before);
+}
+
+void setDeletionFlag(uint32_t handle, char flag) {
+    Table* table = find(handle);
+    if (!table || table->noRecord) return;
+    *table->record = flag;
+    table->bufferChanged = true;
+}
+
+// The size of what is in `buffer` then.
+std::size_t getRecord(Table* table, char* buffer) {
+    if (!buffer) return 0;
+    if (!table) {
+        *buffer = '\0';
+        return 0;
+    }
+    auto size = static_cast<std::size_t>(table->dataSize());
+    if (table->noRecord) {
+        std::memset(buffer, ' ', size);
+    } else {
+        std::memcpy(buffer, table->data(), size);
+        if (table->recordCame) table->recordCame(*table);
+    }
+    return size;
+}
+
+}  // namespace
+
+ENTRY(uint32_t, DbfOpen)(const char* name, int32_t mode) noexcept {
+    std::unique_ptr<Table> table = openTable(name, static_cast<std::uint32_t>(mode));
+    return table ? enlist(std::move(table)) : 0;
+}
+
+ENTRY(int32_t, DbfClose)(uint32_t handle) noexcept {
+    Table* table = find(handle);
+    if (!table || !closeTable(*table)) return -1;
+    dismiss(handle);
+    return 0;
+}
+
+ENTRY(int32_t, DbfGoto)(uint32_t handle, int32_t number) noexcept { return move(find(handle), number); }
+
+ENTRY(int32_t, DbfSkip)(uint32_t handle, int32_t count) noexcept {
+    Table* table = find(handle);
+    return table ? move(table, table->number + count) : 0;
+}
+
+ENTRY(int32_t, DbfRecno)(uint32_t handle) noexcept {
+    Table* table = find(handle);
+    return table ? static_cast<std::int32_t>(table->number) : 0;
+}
+
+ENTRY(uint32_t, DbfLastrec)(uint32_t handle) noexcept {
+    Table* table = find(handle);
+    if (!table) return 0;
+    if (table->shared) recount(*table);
+    return table->count();
+}
+
+ENTRY(int32_t, DbfBof)(uint32_t handle) noexcept {
+    Table* table = find(handle);
+    return !table || table->atBegin;
+}
+
+ENTRY(int32_t, DbfEof)(uint32_t handle) noexcept {
+    Table* table = find(handle);
+    return !table || table->atEnd;
+}
+
+ENTRY(int32_t, DbfHeaderSize)(uint32_t handle) noexcept {
+    Table* table = find(handle);
+    return table ? table->header.headerSize() : 0;
+}
+
+ENTRY(int32_t, DbfRecordSize)(uint32_t handle) noexcept {
+    Table* table = find(handle);
+    return table ? table->dataSize() : 0;
+}
+
+ENTRY(int32_t, DbfFieldCount)(uint32_t handle) noexcept {
+    Table* table = find(handle);
+    return table ? table->fieldCount : 0;
+}
+
+ENTRY(int32_t, DbfIsDeleted)(uint32_t handle) noexcept {
+    Table* table = find(handle);
+    return table && !table->noRecord && *table->record == kDeleted;
+}
+
+ENTRY(void, DbfDelete)(uint32_t handle) noexcept { setDeletionFlag(handle, kDeleted); }
+ENTRY(void, DbfRecall)(uint32_t handle) noexcept { setDeletionFlag(handle, kLive); }
+
+ENTRY(char*, DbfRecordGet)(uint32_t handle, char* buffer) noexcept {
+    getRecord(find(handle), buffer);
+    return buffer;
+}
+
+// No terminator is placed, so the text ends with the record if no NUL is in it.
+ENTRY(uint32_t, strdbfRecordGet)(uint32_t handle, char* buffer) noexcept {
+    std::size_t size = getRecord(find(handle), buffer);
+    return size ? static_cast<std::uint32_t>(strnlen(buffer, size)) : 0;
+}
+
+ENTRY(int32_t, DbfRecordPut)(uint32_t handle, const void* data) noexcept {
+    Table* table = find(handle);
+    if (!table || table->noRecord || !data) return 1;
+    if (table->recordGoing) table->recordGoing(*table);
+    std::memcpy(table->data(), data, static_cast<std::size_t>(table->dataSize()));
+    table->bufferChanged = true;
+    return 1;
+}

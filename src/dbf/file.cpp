@@ -1,0 +1,50 @@
+#include "dbf/file.h"
+
+#include <limits>
+
+namespace vx::dbf {
+namespace {
+
+// Nothing of a table lies behind the last position.
+bool reaches(std::int64_t position, std::size_t count) {
+    return position >= 0 && count <= platform::kLastPosition && position <= platform::kLastPosition &&
+           position + static_cast<std::int64_t>(count) <= std::int64_t{platform::kLastPosition} + 1;
+}
+
+}  // namespace
+
+File::~File() { close(); }
+
+File File::open(const char* path, std::uint32_t mode) { return File(files().open(path, mode)); }
+
+File File::create(const char* path) { return File(files().create(path, 0)); }
+
+bool File::close() {
+    if (isOpen() && !files().close(handle_)) return false;
+    handle_ = kNoHandle;
+    return true;
+}
+
+std::uint32_t File::read(std::int64_t position, void* to, std::size_t count) const {
+    if (position < 0 || position > platform::kLastPosition || count == 0) return 0;
+    if (!reaches(position, count)) count = static_cast<std::size_t>(platform::kLastPosition + 1 - position);
+    std::int32_t done = files().readAt(handle_, position, to, static_cast<std::uint32_t>(count));
+    return done > 0 ? static_cast<std::uint32_t>(done) : 0;
+}
+
+bool File::write(std::int64_t position, const void* from, std::size_t count) const {
+    if (!reaches(position, count)) return false;
+    std::int32_t done = files().writeAt(handle_, position, from, static_cast<std::uint32_t>(count));
+    return done >= 0 && static_cast<std::size_t>(done) == count;
+}
+
+void File::cutBack(std::int64_t end, std::int64_t most) const {
+    platform::Process& process = *platform::current().process;
+    std::uint32_t cause = process.lastError();
+    std::int64_t now = size();
+    if (now > end && now <= most && files().seek(handle_, static_cast<std::int32_t>(end), platform::kFromStart) >= 0)
+        files().truncate(handle_);
+    process.setLastError(cause);
+}
+
+}  // namespace vx::dbf

@@ -1,0 +1,151 @@
+// An open table: its files, its fields, the records in memory and the place in it.
+//
+// The parts of the table functions work on this together: moving about (table.cpp), field values (dbffields.cpp), memo
+// and blob files (memo_dbt.cpp, memo_fpt.cpp, blob_store.cpp), creation and appending (dbfcreate.cpp), locks
+// (locks.cpp).
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <memory>
+#include <string_view>
+
+#include "datetime/dateformat.h"
+#include "dbf/file.h"
+#include "dbf/format.h"
+#include "files/path.h"
+
+namespace vx::dbf {
+
+struct Table;
+struct Field;
+
+// Called at the events of a table or a field; nothing in the library sets one.
+using TableHook = void (*)(Table& table);
+using FieldHook = void (*)(Table& table, Field& field, int event);
+using ComputeHook = std::uint32_t (*)(Table& table, Field& field, char* to);  // the size; no `to`: that alone
+
+inline constexpr int kFieldWritten = 16;
+inline constexpr int kFieldRead = 32;
+
+struct Field {
+    char name[kNameRoom] = {};
+    char type = 'C';
+    std::uint8_t width = 1;  // low byte of the length
+    std::uint8_t decimals = 0;
+    std::int32_t offset = 0;  // in a record's data
+    FieldHook notify = nullptr;
+    ComputeHook compute = nullptr;
+
+    bool isNumber() const { return type == 'N' || type == 'F'; }
+    std::int32_t lengthWord() const { return width + 256 * decimals; }
+    std::int32_t length() const { return isNumber() ? width : lengthWord(); }
+    std::string_view nameText() const { return {name, strnlen(name, kNameRoom - 1)}; }
+};
+
+struct Region {
+    std::uint32_t offset = 0;
+    std::uint32_t length = 0;
+    bool held = false;
+};
+
+// Today's date, asked for once in a quarter of an hour: no time zone has its midnight inside of one.
+class KeptDate {
+ public:
+    const Date& get();
+
+ private:
+    std::int64_t quarter_ = -1;
+    Date date_;
+};
+
+enum class MemoStyle { kDbt, kFpt };
+
+struct Table {
+    Header header;
+    std::unique_ptr<Field[]> fields;
+    std::int32_t fieldCount = 0;
+    std::int32_t lastFound = 0;  // index of the field that was looked up last
+
+    File file;
+    File memo;
+    File blob;
+    MemoStyle memoStyle = MemoStyle::kDbt;
+    std::uint32_t memoBlockSize = kDbtBlockSize;
+    bool shared = false;
+    bool writable = true;
+
+    std::unique_ptr<char[]> buffer;
+    std::uint32_t capacity = 0;  // records that the buffer has room for
+    std::uint32_t held = 0;      // whole records in it
+    std::int64_t first = 0;      // number of the first of them
+    char* record = nullptr;      // the current record, from its deletion flag on
+
+    std::int64_t number = 0;  // of the current record
+    bool atBegin = false;
+    bool atEnd = false;
+    bool noRecord = true;
+    bool bufferChanged = false;
+    bool headerChanged = false;
+
+    Region lock;  // the table or record lock; at most one
+    bool headerLocked = false;
+    KeptDate today;
+
+    TableHook arrived = nullptr;
+    TableHook leaving = nullptr;
+    TableHook recordGoing = nullptr;  // a whole record is to be written
+    TableHook recordCame = nullptr;   // a whole record was read
+
+    std::uint32_t count() const { return header.count(); }
+    std::uint32_t recordSize() const { return header.recordSize(); }
+    std::int32_t dataSize() const { return header.recordSize() - 1; }
+    char* data() const { return record + 1; }
+    char* at(const Field& field) const { return data() + std::min(field.offset, dataSize()); }
+    std::int64_t positionOf(std::int64_t record) const { return header.headerSize() + (record - 1) * recordSize(); }
+
+    // The bytes of a field's extent that lie within the record.
+    std::int32_t widthWithin(const Field& field) const;
+
+    Field* field(std::int32_t number) const {
+        return number >= 1 && number <= fieldCount ? &fields[number - 1] : nullptr;
+    }
+};
+
+// The paths of a table's files: they differ in the extension, DBF if the name has none.
+class TablePath {
+ public:
+    explicit TablePath(const char* name);
+
+    TablePath& with(const char* extension);
+    const char* get();
+
+ private:
+    PathParts parts_;
+    char text_[kJoinedSize];
+};
+
+// Room for the records that a buffer holds: about 2 KB of them, or one.
+bool makeBuffer(Table& table);
+
+// Null if the file is no table, or it or one of its companions cannot be opened.
+std::unique_ptr<Table> openTable(const char* name, std::uint32_t mode);
+
+// Writes what has changed and closes the files. False if that fails: the table then stays as open as it still is.
+bool closeTable(Table& table);
+
+void goTo(Table& table, std::int64_t number);
+
+// Stands on the first of records that are known to be blank, because they have just been written.
+void goToBlanks(Table& table, std::int64_t first, std::int64_t count);
+
+// The count of a shared table, from the size of its file; on failure it stays as it was.
+bool recount(Table& table);
+
+// Writes what has changed: the records in the buffer, then the header. What cannot be written stays marked.
+bool writeBack(Table& table);
+
+// Writes the header, stamped with today's date.
+bool writeHeader(Table& table);
+
+}  // namespace vx::dbf
