@@ -129,7 +129,8 @@ VEXLOR32_API void *VEXLOR32_CALL _memcopy(void *dest, const void *source, int32_
  * its term. Blanks and commas may stand anywhere.
  * A failed calculation writes the single character 0 into the first byte of dest and no terminator: clear dest
  * before. So does a format that is not exactly one floating-point conversion (%f, %e, %g, %a with flags, width and
- * precision), with other text around it as you like (%% for a percent sign). */
+ * precision), with other text around it as you like (%% for a percent sign). A width or a precision above 9999 counts
+ * as 9999. */
 VEXLOR32_API char *VEXLOR32_CALL Calculate(const char *expression, const char *format, char *dest);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API char *VEXLOR32_CALL _calculate(const char *expression, const char *format, char *dest);
@@ -1361,6 +1362,440 @@ VEXLOR32_API uint32_t VEXLOR32_CALL strjuliantoansi(int32_t jd, char *dest);
 #endif
 
 
+/* ---- Tables: creation, appending and locks ---- */
+
+/* Makes an empty table, with a memo and a blob file if its fields need them, and opens it.
+ *   name       the table's path; DBF is its extension if it has none; NULL counts as empty
+ *   structure  the fields, like ID,N,5,0:NAME,C,20:NOTES,M; NULL counts as empty
+ *   returns    the table's handle, 0 on failure */
+VEXLOR32_API uint32_t VEXLOR32_CALL DbfStrCreate(const char *name, const char *structure);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _dbfStrCreate(const char *name, const char *structure);
+VEXLOR32_API uint32_t VEXLOR32_CALL dbfStrCreate(const char *name, const char *structure);
+VEXLOR32_API uint32_t VEXLOR32_CALL dbfstrcreate(const char *name, const char *structure);
+VEXLOR32_API uint32_t VEXLOR32_CALL _dbfstrcreate(const char *name, const char *structure);
+#endif
+
+/* Appends blank records.
+ *   table    table handle
+ *   count    signed number
+ *   returns  the number of the first new record, the current one from then on; 0 if none were appended */
+VEXLOR32_API int32_t VEXLOR32_CALL DbfAppend(uint32_t table, int32_t count);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _dbfAppend(uint32_t table, int32_t count);
+VEXLOR32_API int32_t VEXLOR32_CALL dbfAppend(uint32_t table, int32_t count);
+VEXLOR32_API int32_t VEXLOR32_CALL dbfappend(uint32_t table, int32_t count);
+VEXLOR32_API int32_t VEXLOR32_CALL _dbfappend(uint32_t table, int32_t count);
+#endif
+
+/* Locks all records of a shared table.
+ *   table    table handle
+ *   returns  whether the lock was had; always if the table is not shared */
+VEXLOR32_API int32_t VEXLOR32_CALL DbfLock(uint32_t table);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _dbfLock(uint32_t table);
+VEXLOR32_API int32_t VEXLOR32_CALL dbfLock(uint32_t table);
+VEXLOR32_API int32_t VEXLOR32_CALL dbflock(uint32_t table);
+VEXLOR32_API int32_t VEXLOR32_CALL _dbflock(uint32_t table);
+#endif
+
+/* Locks so many records of a shared table, from the current one on.
+ *   table    table handle
+ *   count    signed number
+ *   returns  whether the lock was had; always if the table is not shared */
+VEXLOR32_API int32_t VEXLOR32_CALL DbfRlock(uint32_t table, int32_t count);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _dbfRlock(uint32_t table, int32_t count);
+VEXLOR32_API int32_t VEXLOR32_CALL dbfRlock(uint32_t table, int32_t count);
+VEXLOR32_API int32_t VEXLOR32_CALL dbfrlock(uint32_t table, int32_t count);
+VEXLOR32_API int32_t VEXLOR32_CALL _dbfrlock(uint32_t table, int32_t count);
+#endif
+
+/* Writes back what has changed and gives the table or record lock back.
+ *   table    table handle
+ *   returns  0 on failure */
+VEXLOR32_API int32_t VEXLOR32_CALL DbfUnlock(uint32_t table);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _dbfUnlock(uint32_t table);
+VEXLOR32_API int32_t VEXLOR32_CALL dbfUnlock(uint32_t table);
+VEXLOR32_API int32_t VEXLOR32_CALL dbfunlock(uint32_t table);
+VEXLOR32_API int32_t VEXLOR32_CALL _dbfunlock(uint32_t table);
+#endif
+
+
+/* ---- Tables: fields ---- */
+
+/* The name of a field; empty if there is no such field.
+ *   table    table handle
+ *   number   signed number
+ *   buffer   destination; room: 11; NULL: nothing is written
+ *   returns  buffer */
+VEXLOR32_API char *VEXLOR32_CALL DbfFieldName(uint32_t table, int32_t number, char *buffer);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _dbfFieldName(uint32_t table, int32_t number, char *buffer);
+VEXLOR32_API char *VEXLOR32_CALL dbfFieldName(uint32_t table, int32_t number, char *buffer);
+VEXLOR32_API char *VEXLOR32_CALL dbffieldname(uint32_t table, int32_t number, char *buffer);
+VEXLOR32_API char *VEXLOR32_CALL _dbffieldname(uint32_t table, int32_t number, char *buffer);
+#endif
+
+/* As DbfFieldName, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strdbfFieldName(uint32_t table, int32_t number, char *buffer);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrDbfFieldName(uint32_t table, int32_t number, char *buffer);
+VEXLOR32_API uint32_t VEXLOR32_CALL strdbffieldname(uint32_t table, int32_t number, char *buffer);
+#endif
+
+/* The type letter of a field; empty if there is no such field.
+ *   table    table handle
+ *   number   signed number
+ *   buffer   destination; room: 2; NULL: nothing is written
+ *   returns  buffer */
+VEXLOR32_API char *VEXLOR32_CALL DbfFieldType(uint32_t table, int32_t number, char *buffer);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _dbfFieldType(uint32_t table, int32_t number, char *buffer);
+VEXLOR32_API char *VEXLOR32_CALL dbfFieldType(uint32_t table, int32_t number, char *buffer);
+VEXLOR32_API char *VEXLOR32_CALL dbffieldtype(uint32_t table, int32_t number, char *buffer);
+VEXLOR32_API char *VEXLOR32_CALL _dbffieldtype(uint32_t table, int32_t number, char *buffer);
+#endif
+
+/* As DbfFieldType, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strdbfFieldType(uint32_t table, int32_t number, char *buffer);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrDbfFieldType(uint32_t table, int32_t number, char *buffer);
+VEXLOR32_API uint32_t VEXLOR32_CALL strdbffieldtype(uint32_t table, int32_t number, char *buffer);
+#endif
+
+/* The length of a field: 0 to 255 for N and F, 0 to 65535 for all others.
+ *   table    table handle
+ *   number   signed number
+ *   returns  the width in the record; 0 if there is no such field */
+VEXLOR32_API int32_t VEXLOR32_CALL DbfFieldLen(uint32_t table, int32_t number);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _dbfFieldLen(uint32_t table, int32_t number);
+VEXLOR32_API int32_t VEXLOR32_CALL dbfFieldLen(uint32_t table, int32_t number);
+VEXLOR32_API int32_t VEXLOR32_CALL dbffieldlen(uint32_t table, int32_t number);
+VEXLOR32_API int32_t VEXLOR32_CALL _dbffieldlen(uint32_t table, int32_t number);
+#endif
+
+/* The decimals of a field; where the length has two bytes, the upper one.
+ *   table    table handle
+ *   number   signed number
+ *   returns  0 if there is no such field */
+VEXLOR32_API int32_t VEXLOR32_CALL DbfFieldDec(uint32_t table, int32_t number);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _dbfFieldDec(uint32_t table, int32_t number);
+VEXLOR32_API int32_t VEXLOR32_CALL dbfFieldDec(uint32_t table, int32_t number);
+VEXLOR32_API int32_t VEXLOR32_CALL dbffielddec(uint32_t table, int32_t number);
+VEXLOR32_API int32_t VEXLOR32_CALL _dbffielddec(uint32_t table, int32_t number);
+#endif
+
+/* Where a field lies in the record's data.
+ *   table    table handle
+ *   number   signed number
+ *   returns  from 0, the deletion flag not counted; -1 if there is no such field */
+VEXLOR32_API int32_t VEXLOR32_CALL DbfFieldOff(uint32_t table, int32_t number);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _dbfFieldOff(uint32_t table, int32_t number);
+VEXLOR32_API int32_t VEXLOR32_CALL dbfFieldoff(uint32_t table, int32_t number);
+VEXLOR32_API int32_t VEXLOR32_CALL dbffieldoff(uint32_t table, int32_t number);
+VEXLOR32_API int32_t VEXLOR32_CALL _dbffieldoff(uint32_t table, int32_t number);
+#endif
+
+/* The field that has a name.
+ *   table    table handle
+ *   name     in the letter case in which the table has it; NULL counts as empty
+ *   returns  its number, 0 if there is none */
+VEXLOR32_API int32_t VEXLOR32_CALL DbfFieldPos(uint32_t table, const char *name);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _dbfFieldPos(uint32_t table, const char *name);
+VEXLOR32_API int32_t VEXLOR32_CALL dbfFieldPos(uint32_t table, const char *name);
+VEXLOR32_API int32_t VEXLOR32_CALL dbffieldpos(uint32_t table, const char *name);
+VEXLOR32_API int32_t VEXLOR32_CALL _dbffieldpos(uint32_t table, const char *name);
+#endif
+
+/* The value of a field in the current record.
+ *   table    table handle
+ *   number   signed number
+ *   buffer   room for DbfFieldSize bytes and a terminator; blobs and raw fields get no terminator; room: 65537; NULL:
+ *            nothing is written; must already end at its last byte
+ *   returns  buffer */
+VEXLOR32_API char *VEXLOR32_CALL DbfFieldGet(uint32_t table, int32_t number, char *buffer);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _dbfFieldGet(uint32_t table, int32_t number, char *buffer);
+VEXLOR32_API char *VEXLOR32_CALL dbffieldget(uint32_t table, int32_t number, char *buffer);
+VEXLOR32_API char *VEXLOR32_CALL _dbffieldget(uint32_t table, int32_t number, char *buffer);
+#endif
+
+/* DbfFieldGet, with the length of the value.
+ *   table    table handle
+ *   number   signed number
+ *   buffer   as for DbfFieldGet; room: 65537; NULL: nothing is written; must already end at its last byte
+ *   returns  the length of the text; of a blob or raw field the number of bytes placed */
+VEXLOR32_API uint32_t VEXLOR32_CALL strdbfFieldGet(uint32_t table, int32_t number, char *buffer);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrDbfFieldGet(uint32_t table, int32_t number, char *buffer);
+VEXLOR32_API uint32_t VEXLOR32_CALL strdbffieldget(uint32_t table, int32_t number, char *buffer);
+#endif
+
+/* The value, in the current record, of the field that has a name; empty if there is none.
+ *   table    table handle
+ *   name     text; NULL counts as empty
+ *   buffer   as for DbfFieldGet; room: 65537; NULL: nothing is written; must already end at its last byte
+ *   returns  buffer */
+VEXLOR32_API char *VEXLOR32_CALL DbfField(uint32_t table, const char *name, char *buffer);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _dbfField(uint32_t table, const char *name, char *buffer);
+VEXLOR32_API char *VEXLOR32_CALL dbfField(uint32_t table, const char *name, char *buffer);
+VEXLOR32_API char *VEXLOR32_CALL dbffield(uint32_t table, const char *name, char *buffer);
+VEXLOR32_API char *VEXLOR32_CALL _dbffield(uint32_t table, const char *name, char *buffer);
+#endif
+
+/* DbfField, with the length of the value.
+ *   table    table handle
+ *   name     text; NULL counts as empty
+ *   buffer   as for DbfFieldGet; room: 65537; NULL: nothing is written; must already end at its last byte
+ *   returns  the length of the text; of a blob or raw field the number of bytes placed */
+VEXLOR32_API uint32_t VEXLOR32_CALL strdbfField(uint32_t table, const char *name, char *buffer);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrDbfField(uint32_t table, const char *name, char *buffer);
+VEXLOR32_API uint32_t VEXLOR32_CALL strdbffield(uint32_t table, const char *name, char *buffer);
+#endif
+
+/* Replaces the value of a field in the current record.
+ *   table    table handle
+ *   number   signed number
+ *   value    text; NULL counts as empty
+ *   returns  whether it was written */
+VEXLOR32_API int32_t VEXLOR32_CALL DbfFieldPut(uint32_t table, int32_t number, const char *value);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _dbfFieldPut(uint32_t table, int32_t number, const char *value);
+VEXLOR32_API int32_t VEXLOR32_CALL dbfFieldPut(uint32_t table, int32_t number, const char *value);
+VEXLOR32_API int32_t VEXLOR32_CALL dbffieldput(uint32_t table, int32_t number, const char *value);
+VEXLOR32_API int32_t VEXLOR32_CALL _dbffieldput(uint32_t table, int32_t number, const char *value);
+#endif
+
+/* Replaces the value, in the current record, of the field that has a name.
+ *   table    table handle
+ *   name     text; NULL counts as empty
+ *   value    text; NULL counts as empty
+ *   returns  whether it was written */
+VEXLOR32_API int32_t VEXLOR32_CALL DbfReplace(uint32_t table, const char *name, const char *value);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _dbfReplace(uint32_t table, const char *name, const char *value);
+VEXLOR32_API int32_t VEXLOR32_CALL dbfReplace(uint32_t table, const char *name, const char *value);
+VEXLOR32_API int32_t VEXLOR32_CALL dbfreplace(uint32_t table, const char *name, const char *value);
+VEXLOR32_API int32_t VEXLOR32_CALL _dbfreplace(uint32_t table, const char *name, const char *value);
+#endif
+
+/* The size of a field's value in the current record: for a memo or a blob, that of the text or the blob.
+ *   table    table handle
+ *   number   signed number
+ *   returns  the size in bytes; 0 if there is no such field */
+VEXLOR32_API uint32_t VEXLOR32_CALL DbfFieldSize(uint32_t table, int32_t number);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _dbfFieldSize(uint32_t table, int32_t number);
+VEXLOR32_API uint32_t VEXLOR32_CALL dbfFieldSize(uint32_t table, int32_t number);
+VEXLOR32_API uint32_t VEXLOR32_CALL dbffieldsize(uint32_t table, int32_t number);
+VEXLOR32_API uint32_t VEXLOR32_CALL _dbffieldsize(uint32_t table, int32_t number);
+#endif
+
+
+/* ---- Tables: opening and navigation ---- */
+
+/* Opens a table and its memo and blob files, and goes to record 1.
+ *   name     the table's path; DBF is its extension if it has none; NULL counts as empty
+ *   mode     how its files are opened, as FOpen takes it; 66 opens the table shared
+ *   returns  the table's handle, 0 if it cannot be opened */
+VEXLOR32_API uint32_t VEXLOR32_CALL DbfOpen(const char *name, int32_t mode);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _dbfOpen(const char *name, int32_t mode);
+VEXLOR32_API uint32_t VEXLOR32_CALL dbfOpen(const char *name, int32_t mode);
+VEXLOR32_API uint32_t VEXLOR32_CALL dbfopen(const char *name, int32_t mode);
+VEXLOR32_API uint32_t VEXLOR32_CALL _dbfopen(const char *name, int32_t mode);
+#endif
+
+/* Writes back what has changed, gives locks back and closes the table's files.
+ *   table    table handle
+ *   returns  0, or -1 on failure
+ * A table whose changes cannot be written stays open, so that closing it can be tried again. */
+VEXLOR32_API int32_t VEXLOR32_CALL DbfClose(uint32_t table);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _dbfClose(uint32_t table);
+VEXLOR32_API int32_t VEXLOR32_CALL dbfClose(uint32_t table);
+VEXLOR32_API int32_t VEXLOR32_CALL dbfclose(uint32_t table);
+VEXLOR32_API int32_t VEXLOR32_CALL _dbfclose(uint32_t table);
+#endif
+
+/* Goes to a record by its number.
+ *   table    table handle
+ *   number   signed number
+ *   returns  the number of the record that was current before; 0 without a table */
+VEXLOR32_API int32_t VEXLOR32_CALL DbfGoto(uint32_t table, int32_t number);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _dbfGoto(uint32_t table, int32_t number);
+VEXLOR32_API int32_t VEXLOR32_CALL dbfGoto(uint32_t table, int32_t number);
+VEXLOR32_API int32_t VEXLOR32_CALL dbfgoto(uint32_t table, int32_t number);
+VEXLOR32_API int32_t VEXLOR32_CALL _dbfgoto(uint32_t table, int32_t number);
+#endif
+
+/* Goes so many records on.
+ *   table    table handle
+ *   count    negative to go backwards
+ *   returns  the number of the record that was current before; 0 without a table */
+VEXLOR32_API int32_t VEXLOR32_CALL DbfSkip(uint32_t table, int32_t count);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _dbfSkip(uint32_t table, int32_t count);
+VEXLOR32_API int32_t VEXLOR32_CALL dbfSkip(uint32_t table, int32_t count);
+VEXLOR32_API int32_t VEXLOR32_CALL dbfskip(uint32_t table, int32_t count);
+VEXLOR32_API int32_t VEXLOR32_CALL _dbfskip(uint32_t table, int32_t count);
+#endif
+
+/* The current record.
+ *   table    table handle
+ *   returns  its number; 0 before the first record, the count plus 1 behind the last */
+VEXLOR32_API int32_t VEXLOR32_CALL DbfRecno(uint32_t table);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _dbfRecno(uint32_t table);
+VEXLOR32_API int32_t VEXLOR32_CALL dbfRecno(uint32_t table);
+VEXLOR32_API int32_t VEXLOR32_CALL dbfrecno(uint32_t table);
+VEXLOR32_API int32_t VEXLOR32_CALL _dbfrecno(uint32_t table);
+#endif
+
+/* The record count; that of a shared table comes from the size of its file.
+ *   table    table handle
+ *   returns  the number of records */
+VEXLOR32_API uint32_t VEXLOR32_CALL DbfLastrec(uint32_t table);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _dbfLastrec(uint32_t table);
+VEXLOR32_API uint32_t VEXLOR32_CALL dbfLastrec(uint32_t table);
+VEXLOR32_API uint32_t VEXLOR32_CALL dbflastrec(uint32_t table);
+VEXLOR32_API uint32_t VEXLOR32_CALL _dbflastrec(uint32_t table);
+#endif
+
+/* Whether a move went before the first record; 1 without a table.
+ *   table    table handle
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL DbfBof(uint32_t table);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _dbfBof(uint32_t table);
+VEXLOR32_API int32_t VEXLOR32_CALL dbfBof(uint32_t table);
+VEXLOR32_API int32_t VEXLOR32_CALL dbfbof(uint32_t table);
+VEXLOR32_API int32_t VEXLOR32_CALL _dbfbof(uint32_t table);
+#endif
+
+/* Whether a move went behind the last record; 1 without a table.
+ *   table    table handle
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL DbfEof(uint32_t table);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _dbfEof(uint32_t table);
+VEXLOR32_API int32_t VEXLOR32_CALL dbfEof(uint32_t table);
+VEXLOR32_API int32_t VEXLOR32_CALL dbfeof(uint32_t table);
+VEXLOR32_API int32_t VEXLOR32_CALL _dbfeof(uint32_t table);
+#endif
+
+/* The size of the table's header.
+ *   table    table handle
+ *   returns  the size in bytes; 0 without a table */
+VEXLOR32_API int32_t VEXLOR32_CALL DbfHeaderSize(uint32_t table);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _dbfHeaderSize(uint32_t table);
+VEXLOR32_API int32_t VEXLOR32_CALL dbfHeaderSize(uint32_t table);
+VEXLOR32_API int32_t VEXLOR32_CALL dbfheadersize(uint32_t table);
+VEXLOR32_API int32_t VEXLOR32_CALL _dbfheadersize(uint32_t table);
+#endif
+
+/* The size of a record's data.
+ *   table    table handle
+ *   returns  the size in bytes, without the deletion flag; 0 without a table */
+VEXLOR32_API int32_t VEXLOR32_CALL DbfRecordSize(uint32_t table);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _dbfRecordSize(uint32_t table);
+VEXLOR32_API int32_t VEXLOR32_CALL dbfRecordSize(uint32_t table);
+VEXLOR32_API int32_t VEXLOR32_CALL dbfrecordsize(uint32_t table);
+VEXLOR32_API int32_t VEXLOR32_CALL _dbfrecordsize(uint32_t table);
+#endif
+
+/* The number of fields.
+ *   table    table handle
+ *   returns  0 without a table */
+VEXLOR32_API int32_t VEXLOR32_CALL DbfFieldCount(uint32_t table);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _dbfFieldCount(uint32_t table);
+VEXLOR32_API int32_t VEXLOR32_CALL dbfFieldCount(uint32_t table);
+VEXLOR32_API int32_t VEXLOR32_CALL dbffieldcount(uint32_t table);
+VEXLOR32_API int32_t VEXLOR32_CALL _dbffieldcount(uint32_t table);
+#endif
+
+/* Whether the current record is marked as deleted.
+ *   table    table handle
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL DbfIsDeleted(uint32_t table);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _dbfIsDeleted(uint32_t table);
+VEXLOR32_API int32_t VEXLOR32_CALL dbfisdeleted(uint32_t table);
+VEXLOR32_API int32_t VEXLOR32_CALL _dbfisdeleted(uint32_t table);
+#endif
+
+/* Marks the current record as deleted.
+ *   table    table handle
+ *   returns  nothing */
+VEXLOR32_API void VEXLOR32_CALL DbfDelete(uint32_t table);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API void VEXLOR32_CALL _dbfDelete(uint32_t table);
+VEXLOR32_API void VEXLOR32_CALL dbfDelete(uint32_t table);
+VEXLOR32_API void VEXLOR32_CALL dbfdelete(uint32_t table);
+VEXLOR32_API void VEXLOR32_CALL _dbfdelete(uint32_t table);
+#endif
+
+/* Takes the deletion mark off the current record.
+ *   table    table handle
+ *   returns  nothing */
+VEXLOR32_API void VEXLOR32_CALL DbfRecall(uint32_t table);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API void VEXLOR32_CALL _dbfRecall(uint32_t table);
+VEXLOR32_API void VEXLOR32_CALL dbfRecall(uint32_t table);
+VEXLOR32_API void VEXLOR32_CALL dbfrecall(uint32_t table);
+VEXLOR32_API void VEXLOR32_CALL _dbfrecall(uint32_t table);
+#endif
+
+/* The data of the current record, as it stands; blanks if there is none.
+ *   table    table handle
+ *   buffer   room for DbfRecordSize bytes; no terminator is placed; room: 65536; NULL: nothing is written; must
+ *            already end at its last byte
+ *   returns  buffer */
+VEXLOR32_API char *VEXLOR32_CALL DbfRecordGet(uint32_t table, char *buffer);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _dbfRecordGet(uint32_t table, char *buffer);
+VEXLOR32_API char *VEXLOR32_CALL dbfRecordGet(uint32_t table, char *buffer);
+VEXLOR32_API char *VEXLOR32_CALL dbfrecordget(uint32_t table, char *buffer);
+VEXLOR32_API char *VEXLOR32_CALL _dbfrecordget(uint32_t table, char *buffer);
+#endif
+
+/* DbfRecordGet, with the length of the text that it gives.
+ *   table    table handle
+ *   buffer   room for DbfRecordSize bytes; no terminator is placed; room: 65536; NULL: nothing is written; must
+ *            already end at its last byte
+ *   returns  the length up to the first NUL, at most DbfRecordSize */
+VEXLOR32_API uint32_t VEXLOR32_CALL strdbfRecordGet(uint32_t table, char *buffer);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrDbfRecordGet(uint32_t table, char *buffer);
+VEXLOR32_API uint32_t VEXLOR32_CALL strdbfrecordget(uint32_t table, char *buffer);
+#endif
+
+/* Replaces the data of the current record; nothing happens if there is none.
+ *   table    table handle
+ *   data     DbfRecordSize bytes; room: 65535
+ *   returns  always 1 */
+VEXLOR32_API int32_t VEXLOR32_CALL DbfRecordPut(uint32_t table, const void *data);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _dbfRecordPut(uint32_t table, const void *data);
+VEXLOR32_API int32_t VEXLOR32_CALL dbfRecordPut(uint32_t table, const void *data);
+VEXLOR32_API int32_t VEXLOR32_CALL dbfrecordput(uint32_t table, const void *data);
+VEXLOR32_API int32_t VEXLOR32_CALL _dbfrecordput(uint32_t table, const void *data);
+#endif
+
+
 /* ---- Library frame ---- */
 
 /* Development probe; always succeeds.
@@ -2271,27 +2706,27 @@ VEXLOR32_API int32_t VEXLOR32_CALL regcount(const char *pattern, const char *tex
  *   pattern  the pattern; NULL or empty means the last one
  *   text     text; NULL counts as empty
  *   n        which match, 1 for the first
- *   dest     destination; room: min(max(size, 0), len(text) + 2); NULL: nothing is written; left as it is when size
- *            is below 1
+ *   dest     destination; room: min(size, len(text) + 2); NULL: nothing is written; left as it is when size is below
+ *            1
  *   size     bytes at dest, the terminator included
  *   returns  dest */
-VEXLOR32_API char *VEXLOR32_CALL RegExtract(const char *pattern, const char *text, uint32_t n, char *dest, int32_t size);
+VEXLOR32_API char *VEXLOR32_CALL RegExtract(const char *pattern, const char *text, uint32_t n, char *dest, uint32_t size);
 #ifdef VEXLOR32_ALL_NAMES
-VEXLOR32_API char *VEXLOR32_CALL _regextract(const char *pattern, const char *text, uint32_t n, char *dest, int32_t size);
-VEXLOR32_API char *VEXLOR32_CALL regextract(const char *pattern, const char *text, uint32_t n, char *dest, int32_t size);
+VEXLOR32_API char *VEXLOR32_CALL _regextract(const char *pattern, const char *text, uint32_t n, char *dest, uint32_t size);
+VEXLOR32_API char *VEXLOR32_CALL regextract(const char *pattern, const char *text, uint32_t n, char *dest, uint32_t size);
 #endif
 
 /* The n-th match, cut to size - 1 characters; empty if there are fewer matches or the pattern is bad.
  *   pattern  the pattern; NULL or empty means the last one
  *   text     text; NULL counts as empty
  *   n        which match, 1 for the first
- *   dest     destination; room: min(max(size, 0), len(text) + 2); NULL: nothing is written; left as it is when size
- *            is below 1
+ *   dest     destination; room: min(size, len(text) + 2); NULL: nothing is written; left as it is when size is below
+ *            1
  *   size     bytes at dest, the terminator included
  *   returns  an unsigned number */
-VEXLOR32_API uint32_t VEXLOR32_CALL StrRegExtract(const char *pattern, const char *text, uint32_t n, char *dest, int32_t size);
+VEXLOR32_API uint32_t VEXLOR32_CALL StrRegExtract(const char *pattern, const char *text, uint32_t n, char *dest, uint32_t size);
 #ifdef VEXLOR32_ALL_NAMES
-VEXLOR32_API uint32_t VEXLOR32_CALL strregextract(const char *pattern, const char *text, uint32_t n, char *dest, int32_t size);
+VEXLOR32_API uint32_t VEXLOR32_CALL strregextract(const char *pattern, const char *text, uint32_t n, char *dest, uint32_t size);
 #endif
 
 /* The text with its n-th match replaced, cut to size - 1 characters; the whole text if there are fewer matches, empty
@@ -2300,14 +2735,14 @@ VEXLOR32_API uint32_t VEXLOR32_CALL strregextract(const char *pattern, const cha
  *   text         text; NULL counts as empty
  *   n            which match, 1 for the first
  *   replacement  the new text, with & and \\0 for the match and \\1 to \\9 for the groups; NULL counts as empty
- *   dest         destination; room: min(max(size, 0), len(text) + (len(text) + 1) * len(replacement) + 1); NULL:
- *                nothing is written; left as it is when size is below 1
+ *   dest         destination; room: min(size, len(text) + (len(text) + 1) * len(replacement) + 1); NULL: nothing is
+ *                written; left as it is when size is below 1
  *   size         bytes at dest, the terminator included
  *   returns      dest */
-VEXLOR32_API char *VEXLOR32_CALL RegSwap(const char *pattern, const char *text, uint32_t n, const char *replacement, char *dest, int32_t size);
+VEXLOR32_API char *VEXLOR32_CALL RegSwap(const char *pattern, const char *text, uint32_t n, const char *replacement, char *dest, uint32_t size);
 #ifdef VEXLOR32_ALL_NAMES
-VEXLOR32_API char *VEXLOR32_CALL _regswap(const char *pattern, const char *text, uint32_t n, const char *replacement, char *dest, int32_t size);
-VEXLOR32_API char *VEXLOR32_CALL regswap(const char *pattern, const char *text, uint32_t n, const char *replacement, char *dest, int32_t size);
+VEXLOR32_API char *VEXLOR32_CALL _regswap(const char *pattern, const char *text, uint32_t n, const char *replacement, char *dest, uint32_t size);
+VEXLOR32_API char *VEXLOR32_CALL regswap(const char *pattern, const char *text, uint32_t n, const char *replacement, char *dest, uint32_t size);
 #endif
 
 /* The text with its n-th match replaced, cut to size - 1 characters; the whole text if there are fewer matches, empty
@@ -2316,13 +2751,13 @@ VEXLOR32_API char *VEXLOR32_CALL regswap(const char *pattern, const char *text, 
  *   text         text; NULL counts as empty
  *   n            which match, 1 for the first
  *   replacement  the new text, with & and \\0 for the match and \\1 to \\9 for the groups; NULL counts as empty
- *   dest         destination; room: min(max(size, 0), len(text) + (len(text) + 1) * len(replacement) + 1); NULL:
- *                nothing is written; left as it is when size is below 1
+ *   dest         destination; room: min(size, len(text) + (len(text) + 1) * len(replacement) + 1); NULL: nothing is
+ *                written; left as it is when size is below 1
  *   size         bytes at dest, the terminator included
  *   returns      an unsigned number */
-VEXLOR32_API uint32_t VEXLOR32_CALL StrRegSwap(const char *pattern, const char *text, uint32_t n, const char *replacement, char *dest, int32_t size);
+VEXLOR32_API uint32_t VEXLOR32_CALL StrRegSwap(const char *pattern, const char *text, uint32_t n, const char *replacement, char *dest, uint32_t size);
 #ifdef VEXLOR32_ALL_NAMES
-VEXLOR32_API uint32_t VEXLOR32_CALL strregswap(const char *pattern, const char *text, uint32_t n, const char *replacement, char *dest, int32_t size);
+VEXLOR32_API uint32_t VEXLOR32_CALL strregswap(const char *pattern, const char *text, uint32_t n, const char *replacement, char *dest, uint32_t size);
 #endif
 
 /* The n-th match, its position and its length. A bad pattern leaves position and length as they were.
@@ -2332,14 +2767,14 @@ VEXLOR32_API uint32_t VEXLOR32_CALL strregswap(const char *pattern, const char *
  *   position  receives the position (the first character is 1); with fewer matches, how many characters lie before
  *             the last, failing search; NULL is skipped
  *   length    receives the length, 0 if there are fewer matches; NULL is skipped
- *   dest      receives the match, cut to size - 1 characters; NULL is skipped; room: min(max(size, 0), len(text) +
- *             2); left as it is when size is below 1
+ *   dest      receives the match, cut to size - 1 characters; NULL is skipped; room: min(size, len(text) + 2); left
+ *             as it is when size is below 1
  *   size      bytes at dest, the terminator included
  *   returns   dest */
-VEXLOR32_API char *VEXLOR32_CALL RegInfo(const char *pattern, const char *text, uint32_t n, int32_t *position, int32_t *length, char *dest, int32_t size);
+VEXLOR32_API char *VEXLOR32_CALL RegInfo(const char *pattern, const char *text, uint32_t n, int32_t *position, int32_t *length, char *dest, uint32_t size);
 #ifdef VEXLOR32_ALL_NAMES
-VEXLOR32_API char *VEXLOR32_CALL _reginfo(const char *pattern, const char *text, uint32_t n, int32_t *position, int32_t *length, char *dest, int32_t size);
-VEXLOR32_API char *VEXLOR32_CALL reginfo(const char *pattern, const char *text, uint32_t n, int32_t *position, int32_t *length, char *dest, int32_t size);
+VEXLOR32_API char *VEXLOR32_CALL _reginfo(const char *pattern, const char *text, uint32_t n, int32_t *position, int32_t *length, char *dest, uint32_t size);
+VEXLOR32_API char *VEXLOR32_CALL reginfo(const char *pattern, const char *text, uint32_t n, int32_t *position, int32_t *length, char *dest, uint32_t size);
 #endif
 
 /* The n-th match, its position and its length. A bad pattern leaves position and length as they were.
@@ -2349,13 +2784,13 @@ VEXLOR32_API char *VEXLOR32_CALL reginfo(const char *pattern, const char *text, 
  *   position  receives the position (the first character is 1); with fewer matches, how many characters lie before
  *             the last, failing search; NULL is skipped
  *   length    receives the length, 0 if there are fewer matches; NULL is skipped
- *   dest      receives the match, cut to size - 1 characters; NULL is skipped; room: min(max(size, 0), len(text) +
- *             2); left as it is when size is below 1
+ *   dest      receives the match, cut to size - 1 characters; NULL is skipped; room: min(size, len(text) + 2); left
+ *             as it is when size is below 1
  *   size      bytes at dest, the terminator included
  *   returns   an unsigned number */
-VEXLOR32_API uint32_t VEXLOR32_CALL StrRegInfo(const char *pattern, const char *text, uint32_t n, int32_t *position, int32_t *length, char *dest, int32_t size);
+VEXLOR32_API uint32_t VEXLOR32_CALL StrRegInfo(const char *pattern, const char *text, uint32_t n, int32_t *position, int32_t *length, char *dest, uint32_t size);
 #ifdef VEXLOR32_ALL_NAMES
-VEXLOR32_API uint32_t VEXLOR32_CALL strreginfo(const char *pattern, const char *text, uint32_t n, int32_t *position, int32_t *length, char *dest, int32_t size);
+VEXLOR32_API uint32_t VEXLOR32_CALL strreginfo(const char *pattern, const char *text, uint32_t n, int32_t *position, int32_t *length, char *dest, uint32_t size);
 #endif
 
 
