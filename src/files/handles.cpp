@@ -1,0 +1,232 @@
+// Files opened, read, written and closed by their handles.
+#include "files/handles.h"
+
+#include <algorithm>
+#include <iterator>
+#include <limits>
+
+#include "entries/handles.h"
+#include "frame/library.h"
+#include "frame/text.h"
+#include "platform/errors.h"
+
+namespace vx {
+namespace {
+
+constexpr std::uint32_t kMostAtOnce = std::numeric_limits<std::int32_t>::max();
+constexpr std::string_view kLineEnd = "\r\n";
+
+// The table's first slot that holds a value; null if there is none.
+std::int32_t* slotWith(std::int32_t value) {
+    auto slot = std::find(std::begin(library.handles), std::end(library.handles), value);
+    return slot == std::end(library.handles) ? nullptr : slot;
+}
+
+std::int32_t recorded(std::int32_t handle) {
+    if (handle != kNoHandle) record(handle);
+    return handle;
+}
+
+// Whether there is an entry that has any attribute.
+// kept: a file without any, not even the archive attribute, is not seen.
+bool seesEntry(const char* name) {
+    constexpr std::uint32_t kSeen =
+        platform::kReadOnly | platform::kHidden | platform::kSystem | platform::kDirectoryEntry | platform::kArchive;
+    platform::Tree& tree = *platform::current().tree;
+    platform::FoundEntry entry;
+    std::int32_t search = tree.findFirst(name, entry);
+    if (search == -1) return false;
+    tree.findClose(search);
+    return (entry.attributes & kSeen) != 0;
+}
+
+std::int32_t refuse(std::uint32_t code) {
+    platform::current().process->setLastError(code);
+    return -1;
+}
+
+// A count that does not fit its result reads nothing.
+std::int32_t readBytes(std::int32_t handle, void* to, std::uint32_t count) {
+    if (!to) return refuse(platform::kInvalidParameter);
+    return count <= kMostAtOnce ? files().read(handle, to, count) : 0;
+}
+
+std::int32_t readBytes(std::int32_t handle, void* to, std::int32_t count) {
+    return readBytes(handle, to, static_cast<std::uint32_t>(std::max(count, 0)));
+}
+
+std::int32_t writeBytes(std::int32_t handle, const void* from, std::int32_t count) {
+    if (count < 1) return 0;
+    return from ? files().write(handle, from, static_cast<std::uint32_t>(count)) : refuse(platform::kInvalidParameter);
+}
+
+template <class Number>
+std::int32_t writeNumber(std::int32_t handle, std::int32_t value) {
+    Number number = static_cast<Number>(value);
+    return writeBytes(handle, &number, sizeof number);
+}
+
+// Texts can be longer than what one call writes.
+std::int32_t sizeAtOnce(std::size_t size) {
+    return static_cast<std::int32_t>(std::min<std::size_t>(size, kMostAtOnce));
+}
+
+}  // namespace
+
+void record(std::int32_t handle) {
+    if (std::int32_t* slot = slotWith(kNoHandle)) *slot = handle;
+}
+
+std::int32_t openRecorded(const char* name, std::uint32_t mode) {
+    return recorded(files().open(name ? name : emptyText, mode));
+}
+
+std::int32_t createRecorded(const char* name, std::uint32_t attributes) {
+    return recorded(files().create(name ? name : emptyText, attributes));
+}
+
+std::int32_t createNewRecorded(const char* name, std::uint32_t attributes) {
+    return seesEntry(name ? name : emptyText) ? refuse(platform::kFileExists) : createRecorded(name, attributes);
+}
+
+bool closeRecorded(std::int32_t handle) {
+    if (!files().close(handle)) return false;
+    if (std::int32_t* slot = slotWith(handle)) *slot = kNoHandle;
+    return true;
+}
+
+std::int32_t lengthOf(std::int32_t handle) {
+    std::int64_t size = files().size(handle);
+    return size <= platform::kLastPosition ? static_cast<std::int32_t>(size) : refuse(platform::kInvalidParameter);
+}
+
+bool atEnd(std::int32_t handle) {
+    std::int32_t position = positionOf(handle);
+    return position == -1 || lengthOf(handle) <= position;
+}
+
+void putBack(std::int32_t handle, std::int32_t position) {
+    platform::Process& process = *platform::current().process;
+    std::uint32_t code = process.lastError();
+    if (files().seek(handle, position, platform::kFromStart) != -1) process.setLastError(code);
+}
+
+bool readAll(std::int32_t handle, void* to, std::uint32_t size) {
+    return files().read(handle, to, size) == static_cast<std::int32_t>(size);
+}
+
+std::int32_t writeText(std::int32_t handle, std::string_view text) {
+    return writeBytes(handle, text.data(), sizeAtOnce(text.size()));
+}
+
+}  // namespace vx
+
+using namespace vx;
+
+ENTRY(int32_t, FOpen)(const char* name, uint32_t mode) noexcept { return openRecorded(name, mode); }
+
+ENTRY(int32_t, FCreate)(const char* name, uint32_t attribute) noexcept { return createRecorded(name, attribute); }
+
+ENTRY(int32_t, FCreatef)(const char* name, uint32_t attribute) noexcept { return createNewRecorded(name, attribute); }
+
+ENTRY(int32_t, FClose)(int32_t handle) noexcept { return closeRecorded(handle); }
+
+ENTRY(int32_t, FRead)(int32_t handle, void* buffer, uint32_t count) noexcept {
+    return readBytes(handle, buffer, count);
+}
+
+ENTRY(int32_t, FWrite)(int32_t handle, const void* buffer, int32_t count) noexcept {
+    return writeBytes(handle, buffer, count);
+}
+
+ENTRY(int32_t, hread)(int32_t handle, void* buffer, int32_t count) noexcept { return readBytes(handle, buffer, count); }
+
+ENTRY(void, hwrite)(int32_t handle, const void* buffer, int32_t count) noexcept { writeBytes(handle, buffer, count); }
+
+ENTRY(int32_t, FSeek)(int32_t handle, int32_t offset, int32_t origin) noexcept {
+    return files().seek(handle, offset, origin);
+}
+
+ENTRY(int32_t, FTell)(int32_t handle) noexcept { return positionOf(handle); }
+
+ENTRY(int32_t, FLen)(int32_t handle) noexcept { return lengthOf(handle); }
+
+ENTRY(int32_t, FBof)(int32_t handle) noexcept { return positionOf(handle) == 0; }
+
+ENTRY(int32_t, FEof)(int32_t handle) noexcept { return atEnd(handle); }
+
+ENTRY(int32_t, FTruncate)(int32_t handle) noexcept { return files().truncate(handle); }
+
+ENTRY(int32_t, FCommit)(int32_t handle) noexcept {
+    files().flush(handle);
+    return 0;  // kept: the flush done, a descriptor of the C runtime is looked for, and a handle is none
+}
+
+ENTRY(int32_t, FAccess)(int32_t handle, int32_t, int32_t, int32_t) noexcept {
+    positionOf(handle);  // leaves the reason when the handle is not open
+    return 0;            // kept: it locks descriptors of the C runtime, and a handle is none
+}
+
+// kept: duplicates descriptors of the C runtime, and a handle is none.
+ENTRY(int32_t, FDupe)(int32_t) noexcept { return -1; }
+
+ENTRY(int32_t, ValidHandle)(int32_t handle) noexcept {
+    platform::FileInformation information;
+    return files().information(handle, information);
+}
+
+ENTRY(uint32_t, FError)() noexcept { return platform::current().process->lastError(); }
+
+ENTRY(void, SetFError)(uint32_t code) noexcept { platform::current().process->setLastError(code); }
+
+ENTRY(uint32_t, FReadDword)(int32_t handle) noexcept { return readNumber<std::uint32_t>(handle).value_or(0xFFFFFFFF); }
+ENTRY(int32_t, FReadLong)(int32_t handle) noexcept { return readNumber<std::int32_t>(handle).value_or(-1); }
+ENTRY(int32_t, FReadInt)(int32_t handle) noexcept { return readNumber<std::int32_t>(handle).value_or(-1); }
+ENTRY(int32_t, FReadWord)(int32_t handle) noexcept { return readNumber<std::uint16_t>(handle).value_or(0xFFFF); }
+ENTRY(int32_t, FReadByte)(int32_t handle) noexcept { return readNumber<std::uint8_t>(handle).value_or(0xFF); }
+
+ENTRY(int32_t, FWriteDword)(int32_t handle, uint32_t value) noexcept {
+    return writeNumber<std::uint32_t>(handle, static_cast<std::int32_t>(value));
+}
+ENTRY(int32_t, FWriteLong)(int32_t handle, int32_t value) noexcept { return writeNumber<std::int32_t>(handle, value); }
+ENTRY(int32_t, FWriteInt)(int32_t handle, int32_t value) noexcept { return writeNumber<std::int32_t>(handle, value); }
+ENTRY(int32_t, FWriteword)(int32_t handle, int32_t value) noexcept { return writeNumber<std::uint16_t>(handle, value); }
+ENTRY(int32_t, FWriteByte)(int32_t handle, int32_t value) noexcept { return writeNumber<std::uint8_t>(handle, value); }
+
+ENTRY(char*, FReadStr)(int32_t handle, char* buffer, int32_t count) noexcept {
+    if (!buffer) return nullptr;
+    std::int32_t size = readBytes(handle, buffer, count);
+    buffer[std::max(size, 0)] = '\0';
+    return buffer;
+}
+
+ENTRY(int32_t, FReads)(int32_t handle, void* buffer, int32_t count, int32_t delimiter) noexcept {
+    if (!buffer) return refuse(platform::kInvalidParameter);
+    char* text = static_cast<char*>(buffer);
+    *text = '\0';
+    std::int32_t size = readBytes(handle, text, count);
+    if (size < 0 || delimiter < 0) return size;  // kept: a plain read, nothing terminates it
+    std::size_t read = static_cast<std::size_t>(size);
+    const void* found = std::memchr(text, delimiter & 0xFF, read);
+    std::size_t consumed = found ? static_cast<std::size_t>(static_cast<const char*>(found) - text) + 1 : read;
+    text[consumed] = '\0';
+    if (consumed < read) files().seek(handle, static_cast<std::int32_t>(consumed) - size, platform::kFromCurrent);
+    return static_cast<std::int32_t>(consumed);
+}
+
+ENTRY(int32_t, FWrites)(int32_t handle, const char* text) noexcept {
+    if (!text) text = emptyText;
+    return writeBytes(handle, text, sizeAtOnce(std::strlen(text) + 1));
+}
+
+ENTRY(int32_t, FWritestr)(int32_t handle, const char* text) noexcept { return writeText(handle, view(text)); }
+
+ENTRY(int32_t, FWriteLine)(int32_t handle, const char* text) noexcept {
+    std::string_view line = view(text);
+    auto writes = [handle](std::string_view part) {
+        return writeText(handle, part) == static_cast<std::int64_t>(part.size());
+    };
+    bool written = !line.empty() && writes(line);
+    bool ended = writes(kLineEnd);
+    return written || ended;  // kept: either of the two is enough
+}
