@@ -2026,6 +2026,344 @@ VEXLOR32_API int32_t VEXLOR32_CALL _fdecompress(int32_t a, int32_t b);
 #endif
 
 
+/* ---- File handles ---- */
+
+/* Opens a file.
+ *   name     text; NULL counts as empty
+ *   mode     0 to read, 1 to write, 2 for both; plus what others may not do: 0 or 64 nothing, 16 all, 32 write, 48
+ *            read
+ *   returns  -1 on failure */
+VEXLOR32_API int32_t VEXLOR32_CALL FOpen(const char *name, uint32_t mode);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fopen(const char *name, uint32_t mode);
+#endif
+
+/* Creates a file, or empties the one that is there, and opens it for reading and writing.
+ *   name       text; NULL counts as empty
+ *   attribute  0 normal, 1 read-only, 2 hidden, 4 system
+ *   returns    -1 on failure */
+VEXLOR32_API int32_t VEXLOR32_CALL FCreate(const char *name, uint32_t attribute);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fcreate(const char *name, uint32_t attribute);
+VEXLOR32_API int32_t VEXLOR32_CALL fcreate(const char *name, uint32_t attribute);
+#endif
+
+/* Creates a file under a name that does not exist and opens it for reading and writing.
+ *   name       text; NULL counts as empty
+ *   attribute  0 normal, 1 read-only, 2 hidden, 4 system
+ *   returns    -1 on failure
+ * A file that has no attribute at all, not even the archive attribute, is not seen: it is emptied as by FCreate. */
+VEXLOR32_API int32_t VEXLOR32_CALL FCreatef(const char *name, uint32_t attribute);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fcreatef(const char *name, uint32_t attribute);
+VEXLOR32_API int32_t VEXLOR32_CALL fcreatef(const char *name, uint32_t attribute);
+#endif
+
+/* Closes a file.
+ *   handle   file handle
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL FClose(int32_t handle);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fclose(int32_t handle);
+#endif
+
+/* Reads bytes.
+ *   handle   file handle
+ *   buffer   memory block of the caller; room: count
+ *   count    from 2147483648 on, nothing is read
+ *   returns  the number of bytes read, 0 at the end of the file, -1 on failure */
+VEXLOR32_API int32_t VEXLOR32_CALL FRead(int32_t handle, void *buffer, uint32_t count);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fread(int32_t handle, void *buffer, uint32_t count);
+#endif
+
+/* Writes bytes.
+ *   handle   file handle
+ *   buffer   bytes, read only; room: max(count, 0)
+ *   count    below 1, nothing is written
+ *   returns  the number of bytes written, fewer when the disk is full; -1 on failure */
+VEXLOR32_API int32_t VEXLOR32_CALL FWrite(int32_t handle, const void *buffer, int32_t count);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fwrite(int32_t handle, const void *buffer, int32_t count);
+#endif
+
+/* Reads bytes.
+ *   handle   file handle
+ *   buffer   memory block of the caller; room: max(count, 0)
+ *   count    below 1, nothing is read
+ *   returns  the number of bytes read, 0 at the end of the file, -1 on failure */
+VEXLOR32_API int32_t VEXLOR32_CALL hread(int32_t handle, void *buffer, int32_t count);
+
+/* Writes bytes and does not tell whether that went well.
+ *   handle   file handle
+ *   buffer   bytes, read only; room: max(count, 0)
+ *   count    below 1, nothing is written
+ *   returns  nothing */
+VEXLOR32_API void VEXLOR32_CALL hwrite(int32_t handle, const void *buffer, int32_t count);
+
+/* Moves the position, which may go beyond the end.
+ *   handle   file handle
+ *   offset   signed number
+ *   origin   0 from the start, 1 from the position, 2 from the end
+ *   returns  the new position; -1 on failure, and it is where it was */
+VEXLOR32_API int32_t VEXLOR32_CALL FSeek(int32_t handle, int32_t offset, int32_t origin);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fseek(int32_t handle, int32_t offset, int32_t origin);
+#endif
+
+/* The position.
+ *   handle   file handle
+ *   returns  -1 on failure */
+VEXLOR32_API int32_t VEXLOR32_CALL FTell(int32_t handle);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _ftell(int32_t handle);
+#endif
+
+/* The length of the file.
+ *   handle   file handle
+ *   returns  -1 on failure */
+VEXLOR32_API int32_t VEXLOR32_CALL FLen(int32_t handle);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _flen(int32_t handle);
+VEXLOR32_API int32_t VEXLOR32_CALL flen(int32_t handle);
+#endif
+
+/* Whether the position is at the start of the file.
+ *   handle   file handle
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL FBof(int32_t handle);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fbof(int32_t handle);
+VEXLOR32_API int32_t VEXLOR32_CALL fbof(int32_t handle);
+#endif
+
+/* Whether the position is at the end of the file or beyond it.
+ *   handle   file handle
+ *   returns  1 on failure, too */
+VEXLOR32_API int32_t VEXLOR32_CALL FEof(int32_t handle);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _feof(int32_t handle);
+#endif
+
+/* Ends the file at the position.
+ *   handle   file handle
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL FTruncate(int32_t handle);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _ftruncate(int32_t handle);
+#endif
+
+/* Has the system write to the disk what it still holds of the file.
+ *   handle   file handle
+ *   returns  0, whether the disk has everything or not */
+VEXLOR32_API int32_t VEXLOR32_CALL FCommit(int32_t handle);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fcommit(int32_t handle);
+VEXLOR32_API int32_t VEXLOR32_CALL fcommit(int32_t handle);
+#endif
+
+/* Locks nothing: it is for descriptors of a C runtime, and file handles are none.
+ *   handle   file handle
+ *   offset   signed number
+ *   mode     signed number
+ *   flag     signed number
+ *   returns  0 */
+VEXLOR32_API int32_t VEXLOR32_CALL FAccess(int32_t handle, int32_t offset, int32_t mode, int32_t flag);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _faccess(int32_t handle, int32_t offset, int32_t mode, int32_t flag);
+VEXLOR32_API int32_t VEXLOR32_CALL faccess(int32_t handle, int32_t offset, int32_t mode, int32_t flag);
+#endif
+
+/* Duplicates nothing: it is for descriptors of a C runtime, and file handles are none.
+ *   handle   file handle
+ *   returns  -1 */
+VEXLOR32_API int32_t VEXLOR32_CALL FDupe(int32_t handle);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fdupe(int32_t handle);
+VEXLOR32_API int32_t VEXLOR32_CALL fdupe(int32_t handle);
+#endif
+
+/* Whether a handle is that of an open file.
+ *   handle   file handle
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL ValidHandle(int32_t handle);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _validhandle(int32_t handle);
+VEXLOR32_API int32_t VEXLOR32_CALL validhandle(int32_t handle);
+#endif
+
+/* The reason of the last failure on this thread.
+ *   returns  a Windows error number; 2 when a file is not found, 5 when access is denied */
+VEXLOR32_API uint32_t VEXLOR32_CALL FError(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _ferror(void);
+#endif
+
+/* Sets what FError tells.
+ *   code     unsigned number
+ *   returns  nothing */
+VEXLOR32_API void VEXLOR32_CALL SetFError(uint32_t code);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API void VEXLOR32_CALL _setferror(uint32_t code);
+VEXLOR32_API void VEXLOR32_CALL setferror(uint32_t code);
+#endif
+
+/* Reads a number of 32 bits, its low byte first.
+ *   handle   file handle
+ *   returns  the number; 4294967295 if fewer than 4 bytes are left */
+VEXLOR32_API uint32_t VEXLOR32_CALL FReadDword(int32_t handle);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _freaddword(int32_t handle);
+VEXLOR32_API uint32_t VEXLOR32_CALL freaddword(int32_t handle);
+#endif
+
+/* Reads a number of 32 bits, its low byte first.
+ *   handle   file handle
+ *   returns  the number; -1 if fewer than 4 bytes are left */
+VEXLOR32_API int32_t VEXLOR32_CALL FReadLong(int32_t handle);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _freadlong(int32_t handle);
+VEXLOR32_API int32_t VEXLOR32_CALL freadlong(int32_t handle);
+#endif
+
+/* Reads a number of 32 bits, its low byte first.
+ *   handle   file handle
+ *   returns  the number; -1 if fewer than 4 bytes are left */
+VEXLOR32_API int32_t VEXLOR32_CALL FReadInt(int32_t handle);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _freadint(int32_t handle);
+VEXLOR32_API int32_t VEXLOR32_CALL freadint(int32_t handle);
+#endif
+
+/* Reads a number of 16 bits, its low byte first.
+ *   handle   file handle
+ *   returns  0 to 65535; 65535 if fewer than 2 bytes are left */
+VEXLOR32_API int32_t VEXLOR32_CALL FReadWord(int32_t handle);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _freadword(int32_t handle);
+VEXLOR32_API int32_t VEXLOR32_CALL freadword(int32_t handle);
+#endif
+
+/* Reads a byte.
+ *   handle   file handle
+ *   returns  0 to 255; 255 if no byte is left */
+VEXLOR32_API int32_t VEXLOR32_CALL FReadByte(int32_t handle);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _freadbyte(int32_t handle);
+VEXLOR32_API int32_t VEXLOR32_CALL freadbyte(int32_t handle);
+#endif
+
+/* Writes a number of 32 bits, its low byte first.
+ *   handle   file handle
+ *   value    unsigned number
+ *   returns  the number of bytes written; -1 on failure */
+VEXLOR32_API int32_t VEXLOR32_CALL FWriteDword(int32_t handle, uint32_t value);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fwritedword(int32_t handle, uint32_t value);
+VEXLOR32_API int32_t VEXLOR32_CALL fwritedword(int32_t handle, uint32_t value);
+#endif
+
+/* Writes a number of 32 bits, its low byte first.
+ *   handle   file handle
+ *   value    signed number
+ *   returns  the number of bytes written; -1 on failure */
+VEXLOR32_API int32_t VEXLOR32_CALL FWriteLong(int32_t handle, int32_t value);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fwritelong(int32_t handle, int32_t value);
+VEXLOR32_API int32_t VEXLOR32_CALL fwritelong(int32_t handle, int32_t value);
+#endif
+
+/* Writes a number of 32 bits, its low byte first.
+ *   handle   file handle
+ *   value    signed number
+ *   returns  the number of bytes written; -1 on failure */
+VEXLOR32_API int32_t VEXLOR32_CALL FWriteInt(int32_t handle, int32_t value);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fwriteint(int32_t handle, int32_t value);
+VEXLOR32_API int32_t VEXLOR32_CALL fwriteint(int32_t handle, int32_t value);
+#endif
+
+/* Writes a number of 16 bits, its low byte first.
+ *   handle   file handle
+ *   value    its low 16 bits count
+ *   returns  the number of bytes written; -1 on failure */
+VEXLOR32_API int32_t VEXLOR32_CALL FWriteword(int32_t handle, int32_t value);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fwriteword(int32_t handle, int32_t value);
+VEXLOR32_API int32_t VEXLOR32_CALL fwriteword(int32_t handle, int32_t value);
+#endif
+
+/* Writes a byte.
+ *   handle   file handle
+ *   value    character; only the low byte counts
+ *   returns  the number of bytes written; -1 on failure */
+VEXLOR32_API int32_t VEXLOR32_CALL FWriteByte(int32_t handle, int32_t value);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fwritebyte(int32_t handle, int32_t value);
+VEXLOR32_API int32_t VEXLOR32_CALL fwritebyte(int32_t handle, int32_t value);
+#endif
+
+/* Reads bytes and puts a terminator behind them; an empty text on failure.
+ *   handle   file handle
+ *   buffer   destination; room: max(count, 0) + 1; NULL: nothing is written
+ *   count    below 1, nothing is read
+ *   returns  buffer */
+VEXLOR32_API char *VEXLOR32_CALL FReadStr(int32_t handle, char *buffer, int32_t count);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _freadstr(int32_t handle, char *buffer, int32_t count);
+VEXLOR32_API char *VEXLOR32_CALL freadstr(int32_t handle, char *buffer, int32_t count);
+#endif
+
+/* As FReadStr, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strfreadstr(int32_t handle, char *buffer, int32_t count);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrFReadStr(int32_t handle, char *buffer, int32_t count);
+#endif
+
+/* Reads up to a character, which stays in the text, and puts a terminator behind it; the position follows the
+ * character.
+ *   handle     file handle
+ *   buffer     memory block of the caller; room: max(count, 0) + 1
+ *   count      below 1, nothing is read
+ *   delimiter  a character; below 0, all bytes are read and no terminator is written
+ *   returns    the number of bytes up to the position; -1 on failure */
+VEXLOR32_API int32_t VEXLOR32_CALL FReads(int32_t handle, void *buffer, int32_t count, int32_t delimiter);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _freads(int32_t handle, void *buffer, int32_t count, int32_t delimiter);
+VEXLOR32_API int32_t VEXLOR32_CALL freads(int32_t handle, void *buffer, int32_t count, int32_t delimiter);
+#endif
+
+/* Writes a text with its terminator.
+ *   handle   file handle
+ *   text     text; NULL counts as empty
+ *   returns  the number of bytes written; -1 on failure */
+VEXLOR32_API int32_t VEXLOR32_CALL FWrites(int32_t handle, const char *text);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fwrites(int32_t handle, const char *text);
+VEXLOR32_API int32_t VEXLOR32_CALL fwrites(int32_t handle, const char *text);
+#endif
+
+/* Writes a text without its terminator.
+ *   handle   file handle
+ *   text     text; NULL counts as empty
+ *   returns  the number of bytes written; -1 on failure */
+VEXLOR32_API int32_t VEXLOR32_CALL FWritestr(int32_t handle, const char *text);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fwritestr(int32_t handle, const char *text);
+VEXLOR32_API int32_t VEXLOR32_CALL fwritestr(int32_t handle, const char *text);
+#endif
+
+/* Writes a text, then a carriage return and a line feed.
+ *   handle   file handle
+ *   text     text; NULL counts as empty
+ *   returns  1 too when only one of the two could be written */
+VEXLOR32_API int32_t VEXLOR32_CALL FWriteLine(int32_t handle, const char *text);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fwriteline(int32_t handle, const char *text);
+VEXLOR32_API int32_t VEXLOR32_CALL fwriteline(int32_t handle, const char *text);
+#endif
+
+
 /* ---- Text layout ---- */
 
 /* The number of lines that StrWrap makes of a text.
