@@ -12,7 +12,9 @@
 #include "platform/linux/file_state.h"
 #include "platform/linux/last_error.h"
 #include "platform/linux/names.h"
+#include "platform/linux/region_locks.h"
 #include "platform/linux/registry.h"
+#include "platform/linux/sharing.h"
 #include "platform/platform.h"
 
 namespace vx::platform {
@@ -26,6 +28,7 @@ struct OpenFile {
     std::atomic<std::int64_t> position{0};
     bool reads = false;
     bool writes = false;
+    RegionLocks locks;
 };
 
 std::int32_t failedCall() { return failed(-1, systemErrorCode()); }
@@ -74,6 +77,7 @@ class LinuxFiles final : public Files {
         return file ? file : failed(static_cast<OpenFile*>(nullptr), kInvalidHandle);
     }
     std::int32_t handOut(Descriptor descriptor, bool reads, bool writes);
+    std::int32_t start(Descriptor descriptor, const char* path, std::uint32_t attributes);
 
     Registry<OpenFile> files_;
 };
@@ -92,43 +96,96 @@ std::int32_t LinuxFiles::handOut(Descriptor descriptor, bool reads, bool writes)
     return handle;
 }
 
+// Opens a file with the access that the mode asks for. A file that is only written is opened for reading, too, where
+// that may be: marks are read locks.
+Descriptor openPath(const char* path, std::uint32_t mode, struct stat& state) {
+    bool writes = (mode & kReadWrite) != 0 || (mode & kWrite) != 0;
+    bool onlyWrites = writes && !(mode & kReadWrite);
+    auto openFor = [&](int access) {
+        return uninterrupted([&] { return ::openat(AT_FDCWD, path, access | kOpenFlags); });
+    };
+    Descriptor descriptor(openFor(writes ? O_RDWR : O_RDONLY));
+    if (!descriptor && onlyWrites && errno == EACCES) descriptor = Descriptor(openFor(O_WRONLY));
+    if (!descriptor || ::fstat(descriptor.get(), &state) != 0) return Descriptor();
+    if (S_ISREG(state.st_mode) || S_ISDIR(state.st_mode)) return descriptor;
+    // A pipe's reader would never see the end of what it also writes.
+    if (onlyWrites && S_ISFIFO(state.st_mode)) descriptor = Descriptor(openFor(O_WRONLY));
+    if (descriptor) ::fcntl(descriptor.get(), F_SETFL, ::fcntl(descriptor.get(), F_GETFL) & ~O_NONBLOCK);
+    return descriptor;
+}
+
 std::int32_t LinuxFiles::open(const char* name, std::uint32_t mode) {
     SystemName path(name);
     if (!path.valid()) return -1;
-    std::uint32_t access = mode & 3;
-    if (access > kReadWrite) return failed(-1, kInvalidParameter);
-    bool writes = access != kRead;
-    int flags = (access == kRead ? O_RDONLY : O_RDWR) | kOpenFlags;
-    Descriptor descriptor(callWith(path, [&](const char* text) { return ::openat(AT_FDCWD, text, flags); }));
-    if (!descriptor) return failedCall();
-    struct stat state;
-    if (::fstat(descriptor.get(), &state) != 0) return failedCall();
-    if (S_ISDIR(state.st_mode) || (writes && isReadOnly(state.st_mode))) return failed(-1, kAccessDenied);
-    return handOut(std::move(descriptor), access != kWrite, writes);
+    unsigned marks = marksOf(mode);
+    for (int attempt = 1;; ++attempt) {
+        struct stat state;
+        Descriptor descriptor;
+        callWith(path, [&](const char* text) { return (descriptor = openPath(text, mode, state)).get(); });
+        if (!descriptor) return failed(-1, errno == EAGAIN ? std::uint32_t{kSharingViolation} : systemErrorCode());
+        bool refused = S_ISDIR(state.st_mode) || (marks & kWrites && isReadOnly(state.st_mode));
+        if (refused) return failed(-1, kAccessDenied);
+        if (!S_ISREG(state.st_mode) || placeMarks(descriptor.get(), marks)) {
+            return handOut(std::move(descriptor), marks & kReads, marks & kWrites);
+        }
+        if (attempt == kClaimAttempts) return failed(-1, kSharingViolation);
+        descriptor.reset();
+        pauseBetweenClaims();
+    }
+}
+
+// Whether the attributes and marks of a file that is there let it be emptied; then it is. False with the reason.
+bool makeNew(int descriptor, std::uint32_t attributes) {
+    FileInformation before;
+    if (!readState(descriptor, before)) return failed(false, systemErrorCode());
+    std::uint32_t kept = kReadOnly | (~attributes & (kHidden | kSystem));
+    if (before.attributes & kept) return failed(false, kAccessDenied);
+    if (!placeMarks(descriptor, kReads | kWrites)) return failed(false, kSharingViolation);
+    bool done = writeAttributes(descriptor, attributes | kArchive) && ::syscall(SYS_ftruncate, descriptor, 0) == 0;
+    return done || failed(false, systemErrorCode());
 }
 
 std::int32_t LinuxFiles::create(const char* name, std::uint32_t attributes) {
-    SystemName path(name);
-    if (!path.valid()) return -1;
-    constexpr int kFlags = O_RDWR | kOpenFlags;
-    Descriptor descriptor(callWith(path, [&](const char* text) { return ::openat(AT_FDCWD, text, kFlags); }));
-    if (!descriptor && errno == ENOENT) {
-        mode_t mode = attributes & kReadOnly ? 0444 : 0666;
-        descriptor = Descriptor(::openat(AT_FDCWD, path.text(), kFlags | O_CREAT | O_EXCL, mode));
-    } else if (descriptor) {
+    attributes &= kReadOnly | kHidden | kSystem;
+    for (int attempt = 1;; ++attempt) {
+        SystemName path(name);
+        if (!path.valid()) return -1;
         struct stat state;
-        if (::fstat(descriptor.get(), &state) != 0) return failedCall();
-        if (isReadOnly(state.st_mode)) return failed(-1, kAccessDenied);
-        if (::syscall(SYS_ftruncate, descriptor.get(), 0) != 0) return failedCall();
+        Descriptor descriptor;
+        callWith(path, [&](const char* text) { return (descriptor = openPath(text, kReadWrite, state)).get(); });
+        if (descriptor) {
+            if (!S_ISREG(state.st_mode) || makeNew(descriptor.get(), attributes)) {
+                return handOut(std::move(descriptor), true, true);
+            }
+            if (lastError() != kSharingViolation || attempt == kClaimAttempts) return -1;
+            pauseBetweenClaims();
+            continue;
+        }
+        if (errno != ENOENT) return failedCall();
+        mode_t mode = attributes & kReadOnly ? 0444 : 0666;
+        descriptor = Descriptor(::openat(AT_FDCWD, path.text(), O_RDWR | O_CREAT | O_EXCL | kOpenFlags, mode));
+        if (descriptor) return start(std::move(descriptor), path.text(), attributes);
+        if (errno != EEXIST || attempt == kClaimAttempts) return failedCall();
     }
-    if (!descriptor) return failedCall();
-    return handOut(std::move(descriptor), true, true);
+}
+
+// A file that has just been made. If it cannot be as it was asked for, it goes.
+std::int32_t LinuxFiles::start(Descriptor descriptor, const char* path, std::uint32_t attributes) {
+    placeMarks(descriptor.get(), kReads | kWrites);
+    bool plain = (attributes & (kHidden | kSystem)) == 0;
+    if (plain || writeAttributes(descriptor.get(), attributes | kArchive)) {
+        return handOut(std::move(descriptor), true, true);
+    }
+    std::uint32_t reason = systemErrorCode();
+    ::unlinkat(AT_FDCWD, path, 0);
+    return failed(-1, reason);
 }
 
 bool LinuxFiles::close(std::int32_t handle) {
     bool closed = false;
     bool known = files_.remove(handle, [&](OpenFile& file) {
         int descriptor = file.descriptor.exchange(-1, std::memory_order_relaxed);
+        file.locks.clear(descriptor);
         // What an interrupted close closes is closed.
         closed = ::close(descriptor) == 0 || errno == EINTR;
     });
@@ -233,12 +290,14 @@ bool LinuxFiles::flush(std::int32_t handle) {
            failed(false, systemErrorCode());
 }
 
-bool LinuxFiles::lock(std::int32_t handle, std::uint32_t, std::uint32_t) {
-    return opened(handle) && failed(false, kNotSupported);
+bool LinuxFiles::lock(std::int32_t handle, std::uint32_t offset, std::uint32_t length) {
+    OpenFile* file = opened(handle);
+    return file && file->locks.lock(file->descriptor.load(std::memory_order_relaxed), offset, length);
 }
 
-bool LinuxFiles::unlock(std::int32_t handle, std::uint32_t, std::uint32_t) {
-    return opened(handle) && failed(false, kNotSupported);
+bool LinuxFiles::unlock(std::int32_t handle, std::uint32_t offset, std::uint32_t length) {
+    OpenFile* file = opened(handle);
+    return file && file->locks.unlock(file->descriptor.load(std::memory_order_relaxed), offset, length);
 }
 
 bool LinuxFiles::information(std::int32_t handle, FileInformation& information) {

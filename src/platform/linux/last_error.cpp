@@ -26,7 +26,6 @@ std::uint32_t codeOf(int systemError) {
         case EACCES:
         case EPERM:
         case EISDIR:
-        case ETXTBSY:
             return kAccessDenied;
         case EROFS:
             return kWriteProtect;
@@ -37,6 +36,7 @@ std::uint32_t codeOf(int systemError) {
         case EEXIST:
             return kAlreadyExists;
         case EBUSY:
+        case ETXTBSY:
             return kSharingViolation;
         case EAGAIN:
             return kLockViolation;
