@@ -1,0 +1,284 @@
+// Lines of text files: read, skipped, gone back over and counted.
+#include "files/lines.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <limits>
+
+#include "entries/lines.h"
+#include "files/file_blocks.h"
+#include "files/handles.h"
+#include "frame/text.h"
+#include "strings/character_count.h"
+
+namespace vx {
+namespace {
+
+constexpr char kLineFeed = '\n';
+constexpr std::int64_t kBackOverEnd = 2;  // a line feed, and a carriage return before it
+
+std::int32_t seekTo(std::int32_t handle, std::int32_t position) {
+    return files().seek(handle, position, platform::kFromStart);
+}
+
+struct Line {
+    std::string_view text;   // without its end
+    std::int32_t ahead = 0;  // bytes read behind it
+};
+
+Line readAhead(std::int32_t handle, char (&bytes)[kLongestLine]) {
+    std::int32_t size = files().read(handle, bytes, kLongestLine);
+    if (size < 1) return {};
+    std::string_view text(bytes, static_cast<std::size_t>(size));
+    const void* feed = std::memchr(bytes, kLineFeed, text.size());
+    if (!feed) return {text};
+    std::int32_t length = static_cast<std::int32_t>(static_cast<const char*>(feed) - bytes);
+    std::int32_t ahead = size - length - 1;
+    // kept: of a line that is a carriage return alone, it stays.
+    if (length > 1 && bytes[length - 1] == '\r') --length;
+    return {text.substr(0, static_cast<std::size_t>(length)), ahead};
+}
+
+// Going back over lines. The position is moved here and put where it belongs in the end, so that
+// one look at the file serves many lines.
+class WayBack {
+ public:
+    // `reach`: how many bytes to read at once.
+    WayBack(std::int32_t handle, std::int64_t reach)
+        : handle_(handle), reach_(reach), position_(positionOf(handle)), clear_(position_) {}
+
+    // To the start of the line. kept: where none is within the reach of a line, the position stays, and the result is
+    // where the search ended.
+    std::int64_t toLineStart() {
+        if (position_ < 0) return -1;
+        std::int64_t from = position_ - std::min<std::int64_t>(kLongestLine, position_);
+        std::int64_t to = std::min(clear_, end_);
+        if (from < to && !look(from, to)) return -1;
+        to = std::min(to, end_);
+        std::size_t found = from < to ? within(from, to).rfind(kLineFeed) : std::string_view::npos;
+        if (found == std::string_view::npos) {
+            clear_ = std::min(clear_, from);
+            position_ = std::min(position_, std::max(from, end_));
+            return from;
+        }
+        return position_ = clear_ = from + static_cast<std::int64_t>(found) + 1;
+    }
+
+    std::int64_t toLineBefore() {
+        if (toLineStart() < 0) return -1;
+        if (position_ < kBackOverEnd) {
+            platform::current().process->setLastError(platform::kNegativeSeek);
+            return -1;
+        }
+        position_ -= kBackOverEnd;
+        clear_ = std::min(clear_, position_);
+        return toLineStart();
+    }
+
+    std::int64_t toLineBefore(std::int64_t count) {
+        std::int64_t result = 0;
+        while (count-- > 0 && (result = toLineBefore()) > 0) {
+        }
+        return result;
+    }
+
+    // Leaves the handle at the position and hands the result on.
+    std::int32_t stop(std::int64_t result) {
+        if (position_ < 0) return -1;
+        if (result < 0) {
+            putBack(handle_, static_cast<std::int32_t>(position_));
+        } else if (seekTo(handle_, static_cast<std::int32_t>(position_)) < 0) {
+            return -1;
+        }
+        return static_cast<std::int32_t>(result);
+    }
+
+    std::int32_t position() const { return static_cast<std::int32_t>(position_); }
+
+    static constexpr std::int64_t kMostReach = 8192;
+
+ private:
+    std::string_view within(std::int64_t from, std::int64_t to) const {
+        return {bytes_ + (from - start_), static_cast<std::size_t>(to - from)};
+    }
+
+    // Makes sure that these bytes, as far as the file has them, are at hand.
+    bool look(std::int64_t from, std::int64_t to) {
+        if (from >= start_ && to <= start_ + size_) return true;
+        start_ = std::max<std::int64_t>(to - reach_, 0);
+        size_ = files().readAt(handle_, start_, bytes_, static_cast<std::uint32_t>(to - start_));
+        if (size_ >= 0 && size_ < to - start_) end_ = start_ + size_;
+        return size_ >= 0;
+    }
+
+    std::int32_t handle_;
+    std::int64_t reach_;
+    std::int64_t position_;
+    std::int64_t clear_;                                           // no line feed from here to the position
+    std::int64_t end_ = std::numeric_limits<std::int64_t>::max();  // of the file, once it has been met
+    std::int64_t start_ = 0;
+    std::int64_t size_ = 0;
+    char bytes_[kMostReach];
+};
+
+// The size of the line that a text begins with, its line feed included; 0 if the text does not show it.
+std::size_t lineSize(std::string_view text) {
+    std::size_t most = std::min<std::size_t>(text.size(), kLongestLine);
+    const void* feed = std::memchr(text.data(), kLineFeed, most);
+    if (feed) return static_cast<std::size_t>(static_cast<const char*>(feed) - text.data()) + 1;
+    return most == kLongestLine ? most : 0;
+}
+
+// Goes over lines, at most to the end of the file or to what cannot be read; the position there.
+std::int32_t skipLines(std::int32_t handle, std::int32_t from, std::int32_t count) {
+    FileBlocks blocks(handle, from, kLongestLine - 1);
+    if (!blocks) {
+        putBack(handle, from);
+        return -1;
+    }
+    GrowingSize size;
+    std::size_t begun = 0;  // bytes of a line whose end has not been seen
+    std::int32_t read = 0;
+    while (count > 0 && (read = blocks.read(begun, size.next())) > 0) {
+        std::string_view text = blocks.bytes();
+        for (std::size_t line; count > 0 && (line = lineSize(text)) > 0; --count) text.remove_prefix(line);
+        begun = text.size();
+    }
+    bool ended = count > 0 && read == 0;
+    std::int64_t position = blocks.position() - static_cast<std::int64_t>(ended ? 0 : begun);
+    if (position > platform::kLastPosition) position = -1;
+    if (read >= 0) return seekTo(handle, static_cast<std::int32_t>(position));
+    putBack(handle, static_cast<std::int32_t>(position));
+    return static_cast<std::int32_t>(position);
+}
+
+// Counts the lines of a text that comes in pieces. Where each step of half a line's greatest length has a line feed, no
+// line is too long, and the line feeds are the lines.
+class LineCounter {
+ public:
+    void add(std::string_view text) {
+        std::size_t at = 0;
+        bool counted = false;  // the step before: where its last line begins has not been looked up
+        while (at < text.size()) {
+            std::string_view step = text.substr(at, kStep);
+            std::size_t feeds = counted || begun_ <= kStep ? countCharacter(kLineFeed, step) : 0;
+            if (feeds > 0) {
+                lines_ += feeds;
+                at += step.size();
+                counted = true;
+                continue;
+            }
+            if (counted) begun_ = at - text.rfind(kLineFeed, at - 1) - 1;
+            counted = false;
+            std::size_t feed = text.find(kLineFeed, at);
+            if (feed == std::string_view::npos) {
+                begun_ += text.size() - at;
+                return;
+            }
+            lines_ += 1 + (begun_ + feed - at) / kLongestLine;
+            begun_ = 0;
+            at = feed + 1;
+        }
+        if (counted) begun_ = text.size() - text.rfind(kLineFeed) - 1;
+    }
+
+    std::int32_t count() const {
+        std::uint64_t all = lines_ + (begun_ + kLongestLine - 1) / kLongestLine;
+        return static_cast<std::int32_t>(std::min<std::uint64_t>(all, std::numeric_limits<std::int32_t>::max()));
+    }
+
+ private:
+    static constexpr std::size_t kStep = kLongestLine / 2;
+
+    std::uint64_t lines_ = 0;
+    std::uint64_t begun_ = 0;  // bytes of the line whose end has not been seen
+};
+
+std::int32_t countLines(std::int32_t handle) {
+    std::int32_t start = positionOf(handle);
+    if (start < 0) return -1;
+    FileBlocks blocks(handle, start, 0);
+    if (!blocks) return -1;
+    LineCounter lines;
+    std::int32_t read;
+    while ((read = blocks.read(0, FileBlocks::kLargest)) > 0) lines.add(blocks.bytes());
+    putBack(handle, start);
+    return read < 0 ? -1 : lines.count();
+}
+
+std::int32_t lineFromTop(std::int32_t handle, std::int32_t n) {
+    if (lengthOf(handle) < 0) return -1;
+    return n < 2 ? seekTo(handle, 0) : skipLines(handle, 0, n - 1);
+}
+
+std::int32_t lineFromHere(std::int32_t handle, std::int32_t n) {
+    WayBack way(handle, n < 0 ? WayBack::kMostReach : kLongestLine);
+    std::int64_t start = way.toLineStart();
+    if (start < 0 || n == 0) return way.stop(start);
+    if (n < 0) return way.stop(way.toLineBefore(-std::int64_t{n}));
+    return lengthOf(handle) < 0 ? way.stop(-1) : skipLines(handle, way.position(), n);
+}
+
+std::int32_t lineFromBottom(std::int32_t handle, std::int32_t n) {
+    bool there = files().seek(handle, 0, platform::kFromEnd) != -1;
+    if (n == 0) return there;  // kept: whether the seek went well, not a position
+    if (!there) return -1;
+    std::int64_t lines = std::abs(std::int64_t{n}) - 1;
+    WayBack way(handle, lines > 0 ? WayBack::kMostReach : kLongestLine);
+    std::int64_t start = way.toLineStart();
+    return way.stop(start < 0 || lines == 0 ? start : way.toLineBefore(lines));
+}
+
+}  // namespace
+
+std::string_view readLine(std::int32_t handle, char (&bytes)[kLongestLine]) {
+    Line line = readAhead(handle, bytes);
+    if (line.ahead > 0) files().seek(handle, -line.ahead, platform::kFromCurrent);
+    return line.text;
+}
+
+}  // namespace vx
+
+using namespace vx;
+
+ENTRY(char*, FReadLine)(int32_t handle, char* buffer) noexcept {
+    char bytes[kLongestLine];
+    if (buffer) *buffer = '\0';
+    std::string_view line = readLine(handle, bytes);
+    return buffer ? store(buffer, line) : nullptr;
+}
+
+ENTRY(int32_t, FAdvance)(int32_t handle) noexcept {
+    char bytes[kLongestLine];
+    return files().seek(handle, -readAhead(handle, bytes).ahead, platform::kFromCurrent);
+}
+
+ENTRY(int32_t, FBol)(int32_t handle) noexcept {
+    WayBack way(handle, kLongestLine);
+    return way.stop(way.toLineStart());
+}
+
+ENTRY(int32_t, FRewind)(int32_t handle) noexcept {
+    WayBack way(handle, 2 * kLongestLine);
+    return way.stop(way.toLineBefore());
+}
+
+ENTRY(int32_t, FTop)(int32_t handle) noexcept { return seekTo(handle, 0) == 0; }
+
+ENTRY(int32_t, FBot)(int32_t handle) noexcept { return files().seek(handle, 0, platform::kFromEnd) != -1; }
+
+ENTRY(int32_t, FSeekLine)(int32_t handle, int32_t n, int32_t origin) noexcept {
+    switch (origin) {
+        case platform::kFromStart:
+            return lineFromTop(handle, n);
+        case platform::kFromCurrent:
+            return lineFromHere(handle, n);
+        case platform::kFromEnd:
+            return lineFromBottom(handle, n);
+        default:
+            return positionOf(handle);
+    }
+}
+
+ENTRY(int32_t, FLineCount)(int32_t handle) noexcept { return countLines(handle); }

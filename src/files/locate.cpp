@@ -1,0 +1,135 @@
+// Texts found and counted in files.
+#include <algorithm>
+#include <iterator>
+
+#include "entries/lines.h"
+#include "files/file_blocks.h"
+#include "files/handles.h"
+#include "frame/text.h"
+#include "strings/case_map.h"
+#include "strings/scan.h"
+
+namespace vx {
+namespace {
+
+constexpr std::size_t kLongestText = 32767;
+constexpr std::int32_t kNone = -2;
+
+// What a case mode makes of a file's bytes: the system's mapping, or the library's own where the system has none.
+class CaseMode {
+ public:
+    // A text whose bytes stand for themselves alone is searched as it is.
+    CaseMode(std::int32_t mode, std::string_view text) : upper_(mode == 1), maps_(mode != 0) {
+        if (!maps_) return;
+        for (std::size_t c = 0; c < 256; ++c) table_[c] = static_cast<std::uint8_t>(c);
+        char* bytes = reinterpret_cast<char*>(table_);
+        if (systemMap(bytes, 256) != 256) std::memcpy(table_, upper_ ? library.upper : library.lower, 256);
+        for (std::size_t c = 0x80; c < 256; ++c) pairs_ |= locale().isLeadByte(static_cast<char>(c));
+        maps_ = pairs_ || std::any_of(text.begin(), text.end(), [this](char c) { return isMapped(byteOf(c)); });
+    }
+
+    void apply(char* bytes, std::size_t size) const {
+        if (!maps_) return;
+        if (pairs_) {
+            systemMap(bytes, static_cast<std::uint32_t>(size));
+        } else {
+            mapBytes(bytes, bytes, size, table_, upper_ ? kAsciiUpper : kAsciiLower);
+        }
+    }
+
+ private:
+    static platform::Locale& locale() { return *platform::current().locale; }
+
+    std::uint32_t systemMap(char* bytes, std::uint32_t count) const {
+        return upper_ ? locale().upperCase(bytes, count) : locale().lowerCase(bytes, count);
+    }
+
+    // Whether another byte becomes this one, or this one another.
+    bool isMapped(std::uint8_t c) const {
+        return table_[c] != c || std::count(std::begin(table_), std::end(table_), c) != 1;
+    }
+
+    bool upper_;
+    bool maps_;
+    bool pairs_ = false;  // characters of two bytes: only the system can tell them
+    CaseTable table_;
+};
+
+enum class Outcome { kEnded, kStopped, kFailed };
+
+// Shows the occurrences of a text between a position and an end, in order, to visit(position), which returns whether to
+// go on behind it. They do not overlap.
+template <class Visit>
+Outcome search(FileBlocks& blocks, std::int64_t end, std::string_view text, std::int32_t mode, Visit visit) {
+    const CaseMode casing(mode, text);
+    GrowingSize size;
+    std::size_t kept = 0;
+    bool stopped = false;
+    while (blocks.position() < end) {
+        const auto asked = std::min<std::int64_t>(size.next(), end - blocks.position());
+        const std::int32_t read = blocks.read(kept, static_cast<std::size_t>(asked));
+        if (read < asked) return Outcome::kFailed;
+        casing.apply(blocks.fresh(), static_cast<std::size_t>(read));
+        const std::string_view bytes = blocks.bytes();
+        std::size_t next = 0;
+        scanning::scan<scanning::Exact>(text, bytes, [&](std::size_t at) {
+            next = at + text.size();
+            stopped = !visit(blocks.start() + static_cast<std::int64_t>(at));
+            return stopped ? scanning::kStop : next;
+        });
+        if (stopped) return Outcome::kStopped;
+        kept = std::min(bytes.size() - next, text.size() - 1);
+    }
+    return Outcome::kEnded;
+}
+
+std::int32_t locate(std::int32_t handle, std::string_view text, std::int32_t mode) {
+    if (text.empty()) return kNone;
+    const std::int32_t start = positionOf(handle);
+    const std::int32_t end = start < 0 ? -1 : lengthOf(handle);
+    if (end < 0) return -1;
+    if (start >= end || text.size() > kLongestText) return kNone;
+    FileBlocks blocks(handle, start, text.size() - 1);
+    if (!blocks) return kNone;
+    std::int64_t found = 0;
+    switch (search(blocks, end, text, mode, [&found](std::int64_t position) {
+        found = position;
+        return false;
+    })) {
+        case Outcome::kStopped:
+            return files().seek(handle, static_cast<std::int32_t>(found), platform::kFromStart);
+        case Outcome::kEnded:
+            putBack(handle, start);
+            return kNone;
+        default:
+            putBack(handle, static_cast<std::int32_t>(blocks.position()));
+            return -1;
+    }
+}
+
+std::int32_t countText(std::int32_t handle, std::string_view text, std::int32_t mode) {
+    if (text.empty()) return -1;
+    const std::int32_t start = positionOf(handle);
+    const std::int32_t end = start < 0 ? -1 : lengthOf(handle);
+    if (end < 0) return -1;
+    if (text.size() > kLongestText) return 0;
+    FileBlocks blocks(handle, start, text.size() - 1);
+    if (!blocks) return 0;
+    std::int32_t count = 0;
+    const Outcome outcome = search(blocks, end, text, mode, [&count](std::int64_t) { return ++count > 0; });
+    putBack(handle, start);
+    return outcome == Outcome::kFailed ? -1 : count;
+}
+
+}  // namespace
+}  // namespace vx
+
+using namespace vx;
+
+ENTRY(int32_t, FLocate)(int32_t handle, const char* text, int32_t mode) noexcept {
+    return locate(handle, view(text), mode);
+}
+
+ENTRY(int32_t, FStrCount)(int32_t handle, const char* text, int32_t mode) noexcept {
+    return countText(handle, view(text), mode);
+}
