@@ -58,6 +58,17 @@ PathParts splitPath(const char* path) {
     return parts;
 }
 
+std::size_t findSeparator(std::string_view path, std::size_t from) {
+    while (from < path.size() && !isSeparator(path[from])) from += isLeadByte(path[from]) ? 2 : 1;
+    return std::min(from, path.size());
+}
+
+std::size_t lastComponent(std::string_view path) {
+    std::size_t start = driveOf(path).size();
+    for (std::size_t at = start; (at = findSeparator(path, at)) < path.size();) start = ++at;
+    return start;
+}
+
 bool endsInSeparator(std::string_view path) {
     if (path.empty() || !isSeparator(path.back())) return false;
     if (path.size() < 2 || !isLeadByte(path[path.size() - 2])) return true;
@@ -196,18 +207,17 @@ enum class Made { kNothing, kAll, kFailed };
 Made makeDirectories(std::string_view item) {
     char path[kLongestPath + 1];
     store(path, item);
-    char* at = path + driveOf(item).size();
-    int given = isSeparator(at[0]) && isSeparator(at[1]) ? 2 : 0;
+    std::size_t at = driveOf(item).size();
+    int given = isSeparator(path[at]) && isSeparator(path[at + 1]) ? 2 : 0;
     Made made = Made::kNothing;
     for (;;) {
-        while (isSeparator(*at)) ++at;
-        if (!*at) return made;
-        while (*at && !isSeparator(*at)) at += isLeadByte(*at) && at[1] ? 2 : 1;
+        while (isSeparator(path[at])) ++at;
+        if (at >= item.size()) return made;
+        at = findSeparator(item, at);
         if (given-- > 0) continue;
-        char separator = *at;
-        *at = '\0';
+        path[at] = '\0';
         if (!ensureDirectory(path)) return Made::kFailed;
-        *at = separator;
+        if (at < item.size()) path[at] = item[at];
         made = Made::kAll;
     }
 }

@@ -47,6 +47,12 @@ inline std::size_t joinPath(const PathParts& parts, char* to) {
 // `to` needs kJoinedSize. The length.
 std::size_t appendName(const char* file, const char* directory, char* to);
 
+// The first separator at `from` or behind it, else the path's size.
+std::size_t findSeparator(std::string_view path, std::size_t from = 0);
+
+// Where the last component begins: behind the last separator, or behind the drive.
+std::size_t lastComponent(std::string_view path);
+
 // Whether the last character is a backslash or slash, not the second half of a double-byte one.
 bool endsInSeparator(std::string_view path);
 

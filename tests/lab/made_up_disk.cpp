@@ -30,7 +30,8 @@ void putTime(std::uint32_t (&halves)[2], FileTime time) {
 }
 
 std::uint32_t shownAttributes(const MadeUpDisk::Node& node) {
-    std::uint32_t shown = node.attributes | (node.directory ? kDirectoryEntry : 0u);
+    std::uint32_t shown =
+        node.attributes | (node.directory ? kDirectoryEntry : 0u) | (node.target.empty() ? 0u : kLink);
     return shown ? shown : std::uint32_t{kNormal};
 }
 
@@ -81,7 +82,20 @@ std::string MadeUpDisk::absolute(const std::string& name) const {
     return result;
 }
 
-MadeUpDisk::Nodes::iterator MadeUpDisk::at(const std::string& name) { return nodes_.find(upperCased(absolute(name))); }
+// A link in a path leads on; at its end it stands for itself.
+std::string MadeUpDisk::behindLinks(std::string key) const {
+    for (std::size_t end = key.find('\\', 3); end < key.size(); end = key.find('\\', end + 1)) {
+        auto found = nodes_.find(key.substr(0, end));
+        if (found == nodes_.end() || found->second->target.empty()) continue;
+        key = upperCased(found->second->target) + key.substr(end);
+        end = 2;
+    }
+    return key;
+}
+
+MadeUpDisk::Nodes::iterator MadeUpDisk::at(const std::string& name) {
+    return nodes_.find(behindLinks(upperCased(absolute(name))));
+}
 
 MadeUpDisk::Node& MadeUpDisk::put(const std::string& path, std::string data) {
     std::string full = absolute(path);
@@ -97,6 +111,15 @@ MadeUpDisk::Node& MadeUpDisk::putDirectory(const std::string& path) {
     Node& node = put(path);
     if (!node.directory) node.attributes = 0;
     node.directory = true;
+    return node;
+}
+
+MadeUpDisk::Node& MadeUpDisk::putLink(const std::string& path, const std::string& target) {
+    Node* behind = find(target);
+    Node& node = put(path);
+    node.directory = behind && behind->directory;
+    node.attributes = behind ? behind->attributes : std::uint32_t{kArchive};
+    node.target = absolute(target);
     return node;
 }
 
@@ -375,12 +398,13 @@ std::uint32_t MadeUpDisk::fullPath(const char* name, char* path, std::uint32_t r
 
 std::int32_t MadeUpDisk::findFirst(const char* pattern, FoundEntry& entry) {
     if (fails()) return -1;
-    std::string full = upperCased(absolute(pattern));
+    std::string full = behindLinks(upperCased(absolute(pattern)));
     if (full.size() <= 3) return refuse(-1, kFileNotFound);
+    if (!parentExists(full)) return refuse(-1, kPathNotFound);
     std::string parent = parentOf(full), wanted = lastOf(full) == "*.*" ? "*" : lastOf(full);
     std::vector<FoundEntry> found;
     if (parent != "C:" && wanted == "*") {
-        for (const char* name : {".", ".."}) found.push_back(entryOf({name, true, "", 0, {}}, name));
+        for (const char* name : {".", ".."}) found.push_back(entryOf({name, true, "", 0, {}, {}}, name));
     }
     for (const auto& [key, node] : nodes_) {
         if (parentOf(key) == parent && matches(wanted.c_str(), lastOf(key).c_str())) {

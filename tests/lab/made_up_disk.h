@@ -29,11 +29,13 @@ class MadeUpDisk final : public platform::Files, public platform::Tree {
         std::string data;
         std::uint32_t attributes = platform::kArchive;
         platform::FileTimes times{1, 2, 3};
+        std::string target;  // of a link
     };
 
     // Names are "C:\dir\file"; directories on the way are made.
     Node& put(const std::string& path, std::string data = "");
     Node& putDirectory(const std::string& path);
+    Node& putLink(const std::string& path, const std::string& target);
     Node* find(const std::string& path);     // null if there is none
     std::vector<std::string> names() const;  // all paths in order, directories with a separator behind
     std::size_t openFiles() const { return open_.size(); }
@@ -86,6 +88,7 @@ class MadeUpDisk final : public platform::Files, public platform::Tree {
     using Nodes = std::map<std::string, std::shared_ptr<Node>>;
 
     std::string absolute(const std::string& name) const;
+    std::string behindLinks(std::string key) const;
     Nodes::iterator at(const std::string& name);
     bool fails();
     template <typename Result>

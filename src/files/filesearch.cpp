@@ -1,0 +1,401 @@
+// Searching directories by lists of patterns, the caller's search blocks, and what is found in one call.
+#include "files/filesearch.h"
+
+#include <cstring>
+#include <limits>
+#include <optional>
+
+#include "datetime/dateformat.h"
+#include "datetime/timeofday.h"
+#include "entries/filesearch.h"
+#include "files/walk.h"
+#include "platform/errors.h"
+#include "platform/platform.h"
+
+namespace vx {
+
+using platform::FoundEntry;
+
+std::uint32_t libraryAttributes(std::uint32_t attributes) {
+    constexpr std::uint32_t kSame = kReadOnlyBit | kHiddenBit | kSystemBit | kDirectoryBit | kArchiveBit;
+    return (attributes & kSame) | (attributes & platform::kCompressed ? kCompressedBit : 0u);
+}
+
+bool takes(std::uint32_t flags, const FoundEntry& entry) {
+    std::uint32_t attributes = libraryAttributes(entry.attributes);
+    bool hit = attributes & flags & kMaskBits;
+    if (flags & kMaskOnly) return hit;
+    if ((flags & kAllDirectories) && (attributes & kDirectoryBit)) return !isDots(entry.name);
+    if (flags & kMaskBits) return hit;
+    return attributes == 0 || (attributes & kArchiveBit);
+}
+
+bool SearchState::start() {
+    for (;; ++number) {
+        std::optional<Token> item;
+        if (number > 0 && number < std::numeric_limits<std::int32_t>::max()) {
+            item = findToken(list, kListDelimiters, number);
+        }
+        if (!item) {
+            entry = {};
+            return false;
+        }
+        if (item->length >= sizeof pattern) {
+            platform::current().process->setLastError(platform::kFilenameTooLong);
+            continue;
+        }
+        store(pattern, item->in(list));
+        handle = platform::current().tree->findFirst(pattern, entry);
+        if (handle != -1 && (takes(flags, entry) || step())) return true;
+    }
+}
+
+bool SearchState::next() {
+    if (handle != -1) {
+        if (step()) return true;
+        if (number < std::numeric_limits<std::int32_t>::max()) ++number;
+    }
+    return start();
+}
+
+// To the pattern's next entry that is taken; behind the last one the platform's search is closed.
+bool SearchState::step() {
+    platform::Tree& tree = *platform::current().tree;
+    while (tree.findNext(handle, entry)) {
+        if (takes(flags, entry)) return true;
+    }
+    close();
+    return false;
+}
+
+void SearchState::close() {
+    if (handle != -1) platform::current().tree->findClose(handle);
+    handle = -1;
+}
+
+std::size_t SearchState::putName(std::uint32_t nameFlags, char* to) const {
+    std::string_view name = nameFlags & kShortNames ? entry.shortName : entry.name;
+    bool full = (nameFlags & kFullNames) && std::strcmp(entry.name, ".") != 0;
+    if (full && entry.name[0]) {
+        PathView parts = viewPath(pattern);
+        return joinPath({parts.drive, parts.directory, name, {}}, to);
+    }
+    store(to, name);
+    return name.size();
+}
+
+bool isFile(const char* list, std::uint32_t flags) {
+    SearchState state;
+    state.flags = flags;
+    state.list = view(list).substr(0, kLongestList);
+    char name[kFoundNameSize];
+    for (auto item = nextToken(state.list, kListDelimiters, 0); item;
+         item = nextToken(state.list, kListDelimiters, item->end())) {
+        if (item->length >= sizeof state.pattern) return false;
+        store(state.pattern, item->in(state.list));
+        state.handle = platform::current().tree->findFirst(state.pattern, state.entry);
+        if (state.handle == -1) return false;
+        state.close();
+        if (state.putName(flags, name) == 0 || !takes(flags, state.entry)) return false;
+    }
+    return true;
+}
+
+namespace {
+
+constexpr DelimiterSet kDirectoryDelimiters(";");
+
+// Where a listed directory is, with a separator behind it. A drive alone stands for its root.
+bool placeOf(std::string_view directory, WalkPath& place) {
+    WalkPath given;
+    char full[platform::kPathSize];
+    bool drive = directory.size() == 2 && directory[1] == ':';
+    if (!given.append(directory) || (drive && !given.append("\\"))) return false;
+    std::uint32_t size = platform::current().tree->fullPath(given.text(), full, sizeof full);
+    if (size == 0 || size >= sizeof full) return false;
+    place.cut(0);
+    return place.append({full, size}) && (endsInSeparator(place.view()) || place.append("\\"));
+}
+
+// Calls visit with the path of each listed directory until it returns true.
+template <class Visit>
+bool anyOfList(const char* list, Visit visit) {
+    std::string_view all = view(list);
+    std::optional<Token> item = nextToken(all, kDirectoryDelimiters, 0);
+    WalkPath place;
+    if (!item) return placeOf(".", place) && visit(place);
+    for (; item; item = nextToken(all, kDirectoryDelimiters, item->end())) {
+        if (placeOf(item->in(all), place) && visit(place)) return true;
+    }
+    return false;
+}
+
+// Makes `place`, a directory with its separator, the path of the first entry in it that matches.
+bool findIn(WalkPath& place, std::string_view name) {
+    std::size_t here = place.size();
+    if (!place.append(name)) return false;
+    DirectorySearch search(place.text());
+    place.cut(here);
+    for (; search.found(); search.next()) {
+        if (isDots(search.entry().name)) continue;
+        if (place.append(name.substr(0, lastComponent(name))) && place.append(search.entry().name)) return true;
+        place.cut(here);
+    }
+    return false;
+}
+
+// The same, also in what is below the directory. Links are not followed: they may lead back.
+bool findBelow(WalkPath& place, std::string_view name) {
+    if (findIn(place, name)) return true;
+    std::size_t here = place.size();
+    if (!place.append("*.*")) return false;
+    DirectorySearch search(place.text());
+    place.cut(here);
+    for (; search.found(); search.next()) {
+        const FoundEntry& entry = search.entry();
+        if (!isSubdirectory(entry) || (entry.attributes & platform::kLink)) continue;
+        if (place.appendDirectory(entry.name) && findBelow(place, name)) return true;
+        place.cut(here);
+    }
+    return false;
+}
+
+}  // namespace
+
+std::size_t findDirectoryInList(const char* name, const char* list, char* to) {
+    std::size_t size = 0;
+    if (!view(name).empty()) {
+        anyOfList(list, [&](WalkPath& place) {
+            platform::Tree& tree = *platform::current().tree;
+            if (!place.append(name)) return false;
+            std::uint32_t attributes = tree.attributes(place.text());
+            if (attributes == platform::kNoAttributes || !(attributes & platform::kDirectoryEntry)) return false;
+            size = tree.fullPath(place.text(), to, platform::kPathSize);
+            if (size >= platform::kPathSize) size = 0;
+            return size != 0;
+        });
+    }
+    to[size] = '\0';
+    return size;
+}
+
+namespace {
+
+// The caller's block: its fields lie packed in memory of any alignment, and may hold anything.
+class SearchBlock {
+ public:
+    explicit SearchBlock(const void* at) : at_(static_cast<unsigned char*>(const_cast<void*>(at))) {}
+
+    void begin(const char* list, SearchState& state) {
+        std::memset(at_, 0, kSize);
+        put(kSignatureAt, kSignature);
+        put(kFlagsAt, state.flags);
+        std::string_view kept(list, strnlen(list, kLongestList));
+        state.list = {reinterpret_cast<char*>(at_ + kListAt), kept.size()};
+        std::memcpy(at_ + kListAt, kept.data(), kept.size());
+    }
+
+    // False if no search was begun in it.
+    bool load(SearchState& state) const {
+        if (!at_ || get<std::uint32_t>(kSignatureAt) != kSignature) return false;
+        state.handle = get<std::int32_t>(kHandleAt);
+        state.flags = get<std::uint32_t>(kFlagsAt);
+        state.number = get<std::int32_t>(kNumberAt);
+        const char* list = reinterpret_cast<const char*>(at_ + kListAt);
+        state.list = {list, strnlen(list, kLongestList)};
+        std::memcpy(state.pattern, at_ + kPatternAt, sizeof state.pattern);
+        std::memcpy(&state.entry, at_ + kEntryAt, platform::kFoundEntrySize);
+        state.pattern[sizeof state.pattern - 1] = '\0';
+        state.entry.name[sizeof state.entry.name - 1] = '\0';
+        state.entry.shortName[sizeof state.entry.shortName - 1] = '\0';
+        return true;
+    }
+
+    // Also whether there is an entry.
+    bool loadEntry(SearchState& state) const { return load(state) && state.entry.name[0]; }
+
+    void save(const SearchState& state) {
+        put(kHandleAt, state.handle);
+        put(kNumberAt, state.number);
+        std::memcpy(at_ + kPatternAt, state.pattern, sizeof state.pattern);
+        std::memcpy(at_ + kEntryAt, &state.entry, platform::kFoundEntrySize);
+    }
+
+ private:
+    static constexpr std::uint32_t kSignature = 41894;
+    static constexpr std::size_t kSignatureAt = 0;
+    static constexpr std::size_t kHandleAt = 4;
+    static constexpr std::size_t kEntryAt = 8;
+    static constexpr std::size_t kFlagsAt = kEntryAt + platform::kFoundEntrySize;
+    static constexpr std::size_t kNumberAt = kFlagsAt + 4;
+    static constexpr std::size_t kListAt = kNumberAt + 4;
+    static constexpr std::size_t kPatternAt = kListAt + kLongestList + 1;
+    static constexpr std::size_t kSize = kPatternAt + platform::kPathSize;
+    static_assert(kFlagsAt == 326 && kListAt == 334 && kPatternAt == 855 && kSize == 1115);
+
+    template <class T>
+    T get(std::size_t offset) const {
+        T value;
+        std::memcpy(&value, at_ + offset, sizeof value);
+        return value;
+    }
+    template <class T>
+    void put(std::size_t offset, T value) {
+        std::memcpy(at_ + offset, &value, sizeof value);
+    }
+
+    unsigned char* at_;
+};
+
+// When the current entry was last written, in local time.
+std::optional<platform::Moment> written(const void* block) {
+    SearchState state;
+    if (!SearchBlock(block).loadEntry(state)) return std::nullopt;
+    const std::uint32_t* halves = state.entry.written;
+    platform::Moment moment;
+    bool known = platform::current().clock->toLocalTime(std::uint64_t{halves[1]} << 32 | halves[0], moment);
+    return known ? std::optional(moment) : std::nullopt;
+}
+
+std::optional<Date> writtenDate(const void* block) {
+    std::optional<platform::Moment> moment = written(block);
+    return moment ? std::optional(Date{moment->year, moment->month, moment->day}) : std::nullopt;
+}
+
+std::optional<TimeOfDay> writtenTime(const void* block) {
+    std::optional<platform::Moment> moment = written(block);
+    return moment ? std::optional(TimeOfDay{moment->hour, moment->minute, moment->second}) : std::nullopt;
+}
+
+char* putEmpty(char* dest) {
+    *dest = '\0';
+    return dest;
+}
+
+}  // namespace
+}  // namespace vx
+
+using namespace vx;
+
+ENTRY(char*, FindFirst)(void* block, const char* list, uint32_t flags, char* dest) noexcept {
+    if (!dest) return nullptr;
+    *dest = '\0';
+    if (!block || !list) return dest;
+    SearchState state;
+    state.flags = flags;
+    SearchBlock kept(block);
+    kept.begin(list, state);
+    bool found = state.start();
+    kept.save(state);
+    if (found) state.putName(flags, dest);
+    return dest;
+}
+
+ENTRY(char*, FindNext)(void* block, char* dest) noexcept {
+    if (!dest) return nullptr;
+    *dest = '\0';
+    SearchState state;
+    SearchBlock kept(block);
+    if (!kept.load(state)) return dest;
+    bool found = state.next();
+    kept.save(state);
+    if (found) state.putName(state.flags, dest);
+    return dest;
+}
+
+ENTRY(void, FindRelease)(void* block) noexcept {
+    SearchState state;
+    SearchBlock kept(block);
+    if (!kept.load(state)) return;
+    state.close();
+    kept.save(state);
+}
+
+ENTRY(char*, FindName)(const void* block, char* dest) noexcept {
+    if (!dest) return nullptr;
+    SearchState state;
+    if (!SearchBlock(block).loadEntry(state)) return putEmpty(dest);
+    state.putName(state.flags | kFullNames, dest);
+    return dest;
+}
+
+ENTRY(uint32_t, FindSize)(const void* block) noexcept {
+    SearchState state;
+    return SearchBlock(block).loadEntry(state) ? foundSize(state.entry) : 0;
+}
+
+ENTRY(int32_t, FindAttr)(const void* block) noexcept {
+    SearchState state;
+    if (!SearchBlock(block).loadEntry(state)) return -1;
+    return static_cast<std::int32_t>(libraryAttributes(state.entry.attributes));
+}
+
+ENTRY(int32_t, FindDosDate)(const void* block, int32_t* year, int32_t* month, int32_t* day) noexcept {
+    std::optional<Date> date = writtenDate(block);
+    storeDate(date.value_or(Date{}), year, month, day);
+    return date.has_value();
+}
+
+ENTRY(int32_t, FindDosTime)(const void* block, int32_t* hour, int32_t* minute, int32_t* second) noexcept {
+    std::optional<TimeOfDay> time = writtenTime(block);
+    storeTime(time.value_or(TimeOfDay{}), hour, minute, second);
+    return time.has_value();
+}
+
+ENTRY(int32_t, FindJDate)(const void* block) noexcept {
+    std::optional<Date> date = writtenDate(block);
+    return date ? dayNumber(*date) : 0;
+}
+
+ENTRY(char*, FindDate)(const void* block, char* dest) noexcept {
+    if (!dest) return nullptr;
+    std::optional<Date> date = writtenDate(block);
+    return date ? putDate(*date, dest) : putEmpty(dest);
+}
+
+ENTRY(char*, FindDatef)(const void* block, const char* picture, char* dest) noexcept {
+    if (!dest) return nullptr;
+    std::optional<Date> date = writtenDate(block);
+    return date ? putDate(*date, picture, dest) : putEmpty(dest);
+}
+
+ENTRY(char*, FindTime)(const void* block, char* dest) noexcept {
+    if (!dest) return nullptr;
+    std::optional<TimeOfDay> time = writtenTime(block);
+    return time ? putTime(*time, dest) : putEmpty(dest);
+}
+
+ENTRY(int32_t, IsFile)(const char* list, uint32_t flags) noexcept { return isFile(list, flags); }
+
+ENTRY(uint32_t, DirSize)(const char* list, uint32_t flags) noexcept {
+    FileSearch search(view(list), flags);
+    std::uint32_t sum = 0;
+    while (search.next()) sum += foundSize(search.entry());
+    return sum;
+}
+
+ENTRY(int32_t, FileCount)(const char* list, uint32_t flags) noexcept {
+    platform::Process& process = *platform::current().process;
+    process.setLastError(platform::kNoError);
+    FileSearch search(view(list), flags);
+    std::int32_t count = 0;
+    while (search.next()) {
+        // kept: whatever an earlier pattern left behind ends the count.
+        std::uint32_t code = process.lastError();
+        if (code != platform::kNoError) return code == platform::kNoMoreFiles ? count : -1;
+        ++count;
+    }
+    return count;
+}
+
+ENTRY(char*, FileFind)(const char* name, const char* directories, char* dest) noexcept {
+    if (!dest) return nullptr;
+    *dest = '\0';
+    if (view(name).empty()) return dest;
+    anyOfList(directories, [&](WalkPath& place) {
+        if (!findBelow(place, name)) return false;
+        store(dest, place.view());
+        return true;
+    });
+    return dest;
+}

@@ -1,0 +1,310 @@
+// Deleting by patterns and by trees of directories.
+//
+// What is deleted is never more than what was named: every path that is handed to the platform's deletion is the one
+// that the platform itself makes of it, so that nothing it would drop from a name (blanks and dots at an end, device
+// names) can lead to another file; names that were found never go through a list of patterns; links are never followed.
+#include <algorithm>
+
+#include "entries/filesearch.h"
+#include "files/filesearch.h"
+#include "files/walk.h"
+#include "platform/errors.h"
+#include "platform/platform.h"
+
+namespace vx {
+namespace {
+
+using platform::FoundEntry;
+
+platform::Tree& tree() { return *platform::current().tree; }
+
+std::int32_t result(bool good) { return good ? 0 : -1; }
+
+bool isLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
+
+bool isPlainName(std::string_view name) {
+    return !name.empty() && !isDots(name) && findSeparator(name) == name.size() &&
+           name.find(':') == std::string_view::npos;
+}
+
+// Whether the platform takes a path exactly as it is written: by its end, `exact`, if it is a relative one.
+bool isTakenAs(const char* path, std::string_view exact) {
+    char full[platform::kPathSize];
+    std::uint32_t size = tree().fullPath(path, full, sizeof full);
+    return size < sizeof full && std::string_view(full, size).ends_with(exact);
+}
+
+// The absolute path that a caller's text names, with a separator behind it.
+class TopPath {
+ public:
+    // False for a text that does not name one directory exactly.
+    bool complete(std::string_view given) {
+        if (given.find_first_of("*?") != std::string_view::npos) return false;
+        std::string_view drive = given.substr(0, given.size() > 1 && given[1] == ':' ? 2 : 0);
+        std::string_view rest = given.substr(drive.size());
+        if (!drive.empty() && !isLetter(drive[0])) return false;
+        bool rooted = !rest.empty() && findSeparator(rest) == 0;
+        return (rooted ? addRoot(drive) : addCurrent(drive)) && addComponents(rest) && isExact();
+    }
+
+    const WalkPath& path() const { return path_; }
+
+ private:
+    bool addRoot(std::string_view drive) {
+        std::int32_t current = drive.empty() ? platform::current().volumes->currentDrive() : 0;
+        char letter = drive.empty() ? static_cast<char>('A' + current - 1) : drive[0];
+        char root[] = {static_cast<char>(letter & ~0x20), ':', '\\'};
+        return isLetter(letter) && path_.append({root, sizeof root});
+    }
+
+    bool addCurrent(std::string_view drive) {
+        char directory[platform::kPathSize];
+        std::int32_t number = drive.empty() ? 0 : (drive[0] & 0x1F);
+        if (!platform::current().volumes->currentDirectory(number, directory, sizeof directory)) return false;
+        std::string_view current = directory;
+        if (current.size() < 3 || !isLetter(current[0]) || current[1] != ':') return false;
+        return addRoot(current.substr(0, 2)) && addComponents(current.substr(2));
+    }
+
+    // An empty component is not dropped as the platform would: a name is missing there.
+    bool addComponents(std::string_view text) {
+        std::size_t at = !text.empty() && findSeparator(text) == 0 ? 1 : 0;
+        while (at < text.size()) {
+            std::size_t end = findSeparator(text, at);
+            if (!addComponent(text.substr(at, end - at))) return false;
+            at = end + 1;
+        }
+        return true;
+    }
+
+    bool addComponent(std::string_view name) {
+        if (name == ".") return true;
+        if (name == "..") return dropComponent();
+        return isPlainName(name) && path_.appendDirectory(name);
+    }
+
+    bool dropComponent() {
+        if (path_.size() <= kRootSize) return false;
+        path_.cut(lastComponent(path_.view().substr(0, path_.size() - 1)));
+        return true;
+    }
+
+    bool isExact() {
+        if (path_.size() <= kRootSize) return isTakenAs(path_.text(), path_.view());
+        WalkPath whole = path_;
+        whole.cut(whole.size() - 1);
+        return isTakenAs(whole.text(), whole.view());
+    }
+
+    static constexpr std::size_t kRootSize = 3;
+
+    WalkPath path_;
+};
+
+// What both walks share: the directory where they are, and what they do with its entries.
+class TreeWalk {
+ protected:
+    enum class Place { kDirectory, kLink, kNothing, kUnknown };
+
+    explicit TreeWalk(const WalkPath& top) : path_(top) {}
+
+    bool isRoot() const { return path_.size() <= 3; }
+
+    // The directory's path without a separator behind it, but for a root.
+    const char* directory() {
+        if (!isRoot()) path_.cut(path_.size() - 1);
+        return path_.text();
+    }
+    void reenter(std::size_t here) {
+        path_.cut(here - 1);
+        path_.append("\\");
+    }
+
+    // What is there now, which need not be what a search has found.
+    Place place() {
+        std::size_t here = path_.size();
+        std::uint32_t attributes = tree().attributes(directory());
+        bool exact = attributes == platform::kNoAttributes || isTakenAs(path_.text(), path_.view());
+        reenter(here);
+        if (!exact) return Place::kUnknown;
+        if (attributes == platform::kNoAttributes) {
+            std::uint32_t code = platform::current().process->lastError();
+            bool gone = code == platform::kFileNotFound || code == platform::kPathNotFound;
+            return gone ? Place::kNothing : Place::kUnknown;
+        }
+        if (!(attributes & platform::kDirectoryEntry)) return Place::kNothing;
+        return attributes & platform::kLink ? Place::kLink : Place::kDirectory;
+    }
+
+    // Calls visit for every entry that matches; false if entries may have been missed.
+    template <class Visit>
+    bool each(std::string_view pattern, Visit visit) {
+        std::size_t here = path_.size();
+        if (!path_.append(pattern)) return false;
+        DirectorySearch search(path_.text());
+        path_.cut(here);
+        for (; search.found(); search.next()) {
+            visit(search.entry());
+            path_.cut(here);
+        }
+        return search.sawAll();
+    }
+
+    // Calls visit in every subdirectory, with false for one that cannot be entered.
+    template <class Visit>
+    bool eachSubdirectory(Visit visit) {
+        return each("*.*", [&](const FoundEntry& entry) {
+            if (isSubdirectory(entry)) visit(isPlainName(entry.name) && path_.appendDirectory(entry.name));
+        });
+    }
+
+    // The normal and archive files that match.
+    bool eraseFiles(std::string_view pattern) {
+        bool good = true;
+        bool sawAll = each(pattern, [&](const FoundEntry& entry) {
+            if (isDirectory(entry) || !takes(kFullNames, entry)) return;
+            bool whole = isPlainName(entry.name) && path_.append(entry.name);
+            if (!whole || !isTakenAs(path_.text(), path_.view()) || !tree().erase(path_.text())) good = false;
+        });
+        return good && sawAll;
+    }
+
+    WalkPath path_;
+};
+
+class Pruning : TreeWalk {
+ public:
+    Pruning(const WalkPath& top, std::int32_t mode) : TreeWalk(top), mode_(mode) {}
+
+    bool run() { return prune(kTop); }
+
+ private:
+    static constexpr int kTop = 1;
+    static constexpr std::int32_t kEverything = 0;
+    static constexpr std::int32_t kKeepTopFiles = 2;  // from here on
+    static constexpr std::int32_t kKeepDirectories = 4;
+
+    bool prune(int level) {
+        switch (place()) {
+            case Place::kUnknown:
+                return false;
+            case Place::kNothing:
+                return !removes(level);
+            case Place::kLink:
+                return removes(level) ? remove() : level != kTop;
+            case Place::kDirectory:
+                break;
+        }
+        bool good = true;
+        bool sawAll = eachSubdirectory([&](bool entered) {
+            if (!entered || !prune(level + 1)) good = false;
+        });
+        if ((level != kTop || mode_ < kKeepTopFiles) && !eraseFiles("*.*")) good = false;
+        if (removes(level) && !remove()) good = false;
+        return good && sawAll;
+    }
+
+    bool removes(int level) const {
+        return !isRoot() && (mode_ == kEverything || (level != kTop && mode_ != kKeepDirectories));
+    }
+
+    bool remove() {
+        std::size_t here = path_.size();
+        const char* name = directory();
+        leave(name);
+        bool removed = tree().removeDirectory(name);
+        reenter(here);
+        return removed;
+    }
+
+    // A process does not stay in a directory that goes.
+    static void leave(std::string_view name) {
+        platform::Volumes& volumes = *platform::current().volumes;
+        char current[platform::kPathSize];
+        if (!volumes.currentDirectory(0, current, sizeof current)) return;
+        auto same = [](char a, char b) { return upper(a) == upper(b); };
+        if (std::ranges::equal(name, std::string_view(current), same)) volumes.changeDirectory("..");
+    }
+
+    std::int32_t mode_;
+};
+
+class FilePruning : TreeWalk {
+ public:
+    FilePruning(const WalkPath& top, std::string_view patterns) : TreeWalk(top), patterns_(patterns) {}
+
+    bool run() { return prune(true); }
+
+ private:
+    bool prune(bool top) {
+        switch (place()) {
+            case Place::kUnknown:
+                return false;
+            case Place::kNothing:
+                return true;
+            case Place::kLink:
+                return !top;
+            case Place::kDirectory:
+                break;
+        }
+        bool last = true;  // kept: an earlier subdirectory's failure is forgotten
+        bool good = eachSubdirectory([&](bool entered) { last = entered && prune(false); });
+        if (!last) good = false;
+        for (auto item = nextToken(patterns_, kListDelimiters, 0); item;
+             item = nextToken(patterns_, kListDelimiters, item->end())) {
+            if (!eraseFiles(item->in(patterns_))) good = false;
+        }
+        return good;
+    }
+
+    std::string_view patterns_;
+};
+
+// Patterns of files in a directory, of which none leads out of it.
+bool stayInDirectory(std::string_view patterns) {
+    for (auto item = nextToken(patterns, kListDelimiters, 0); item;
+         item = nextToken(patterns, kListDelimiters, item->end())) {
+        if (!isPlainName(item->in(patterns))) return false;
+    }
+    return true;
+}
+
+// The patterns of a list that lie wholly in what is kept of it: half a pattern may match more than the whole.
+std::string_view wholePatterns(std::string_view list) {
+    std::size_t end = std::min(list.size(), kLongestList);
+    while (end > 0 && end < list.size() && !kListDelimiters.contains(list[end])) --end;
+    return list.substr(0, end);
+}
+
+}  // namespace
+}  // namespace vx
+
+using namespace vx;
+
+ENTRY(int32_t, FEraseAll)(const char* list) noexcept {
+    FileSearch search(wholePatterns(view(list)), kFullNames);
+    std::int32_t count = 0;
+    while (search.next()) {
+        const platform::FoundEntry& entry = search.entry();
+        std::string_view pattern = search.pattern();
+        WalkPath path;
+        bool whole = isPlainName(entry.name) && path.append(pattern.substr(0, lastComponent(pattern))) &&
+                     path.append(entry.name);
+        if (whole && !isDirectory(entry) && isTakenAs(path.text(), entry.name) && tree().erase(path.text())) ++count;
+    }
+    return count;
+}
+
+ENTRY(int32_t, FPrune)(const char* path, const char* list) noexcept {
+    platform::SilentErrors silent(*platform::current().process);
+    TopPath top;
+    if (!top.complete(view(path)) || !stayInDirectory(view(list))) return -1;
+    return result(FilePruning(top.path(), view(list)).run());
+}
+
+ENTRY(int32_t, Prune)(const char* path, int32_t mode) noexcept {
+    platform::SilentErrors silent(*platform::current().process);
+    TopPath top;
+    if (mode < 0 || mode > 4 || !top.complete(view(path))) return -1;
+    return result(Pruning(top.path(), mode).run());
+}
