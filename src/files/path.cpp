@@ -101,10 +101,12 @@ std::size_t joinPath(const char* drive, const char* directory, const char* name,
 std::size_t appendName(const char* file, const char* directory, char* to) {
     char path[kJoinedSize + 1];
     std::size_t size = joinPath(viewPath(view(directory)), path);
-    if (size != 0 && path[size - 1] != ':' && !endsInSeparator({path, size})) path[size++] = '\\';
+    char last = size != 0 ? path[size - 1] : ':';
+    // kept: a slash at the end does not count, and gets a backslash behind it.
+    if (last != ':' && (last != '\\' || !endsInSeparator({path, size}))) path[size++] = '\\';
     PathView whole = viewPath({path, size});
-    PathView last = viewPath(view(file));
-    return joinPath({whole.drive, whole.directory, last.name, last.extension}, to);
+    PathView name = viewPath(view(file));
+    return joinPath({whole.drive, whole.directory, name.name, name.extension}, to);
 }
 
 std::size_t fillPattern(std::string_view pattern, std::string_view from, char* to) {
