@@ -210,7 +210,7 @@ Made makeDirectories(std::string_view item) {
     char path[kLongestPath + 1];
     store(path, item);
     std::size_t at = driveOf(item).size();
-    int given = isSeparator(path[at]) && isSeparator(path[at + 1]) ? 2 : 0;
+    int given = at == 0 && isSeparator(path[0]) && isSeparator(path[1]) ? 2 : 0;
     Made made = Made::kNothing;
     for (;;) {
         while (isSeparator(path[at])) ++at;
