@@ -2,7 +2,6 @@
 #include "files/filesearch.h"
 
 #include <cstring>
-#include <limits>
 #include <optional>
 
 #include "datetime/dateformat.h"
@@ -33,7 +32,7 @@ bool takes(std::uint32_t flags, const FoundEntry& entry) {
 bool SearchState::start() {
     for (;; ++number) {
         std::optional<Token> item;
-        if (number > 0 && number < std::numeric_limits<std::int32_t>::max()) {
+        if (number > 0 && number < kAtEnd) {
             item = findToken(list, kListDelimiters, number);
         }
         if (!item) {
@@ -53,7 +52,7 @@ bool SearchState::start() {
 bool SearchState::next() {
     if (handle != -1) {
         if (step()) return true;
-        if (number < std::numeric_limits<std::int32_t>::max()) ++number;
+        if (number < kAtEnd) ++number;
     }
     return start();
 }
@@ -308,6 +307,7 @@ ENTRY(void, FindRelease)(void* block) noexcept {
     SearchBlock kept(block);
     if (!kept.load(state)) return;
     state.close();
+    state.number = SearchState::kAtEnd;  // what was found last can still be asked for
     kept.save(state);
 }
 

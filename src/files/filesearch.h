@@ -44,6 +44,8 @@ inline std::uint32_t foundSize(const platform::FoundEntry& entry) { return entry
 
 // A search and where it stands. It has an entry until its list is used up; the entry's name then is empty.
 struct SearchState {
+    static constexpr std::int32_t kAtEnd = 0x7FFFFFFF;  // the number of no pattern
+
     std::int32_t handle = -1;  // of the platform's search for the current pattern
     std::uint32_t flags = 0;
     std::int32_t number = 1;  // of the current pattern

@@ -43,6 +43,7 @@ FoundEntry entryOf(const MadeUpDisk::Node& node, const std::string& name) {
     putTime(entry.written, node.times.written);
     entry.sizeLow = static_cast<std::uint32_t>(node.data.size());
     name.copy(entry.name, kPathSize - 1);
+    node.shortName.copy(entry.shortName, sizeof entry.shortName - 1);
     return entry;
 }
 
@@ -404,7 +405,7 @@ std::int32_t MadeUpDisk::findFirst(const char* pattern, FoundEntry& entry) {
     std::string parent = parentOf(full), wanted = lastOf(full) == "*.*" ? "*" : lastOf(full);
     std::vector<FoundEntry> found;
     if (parent != "C:" && wanted == "*") {
-        for (const char* name : {".", ".."}) found.push_back(entryOf({name, true, "", 0, {}, {}}, name));
+        for (const char* name : {".", ".."}) found.push_back(entryOf({name, true, "", 0, {}, {}, {}}, name));
     }
     for (const auto& [key, node] : nodes_) {
         if (parentOf(key) == parent && matches(wanted.c_str(), lastOf(key).c_str())) {

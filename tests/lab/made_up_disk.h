@@ -29,7 +29,8 @@ class MadeUpDisk final : public platform::Files, public platform::Tree {
         std::string data;
         std::uint32_t attributes = platform::kArchive;
         platform::FileTimes times{1, 2, 3};
-        std::string target;  // of a link
+        std::string target;     // of a link
+        std::string shortName;  // empty if the name is a short one itself
     };
 
     // Names are "C:\dir\file"; directories on the way are made.
