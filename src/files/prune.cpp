@@ -150,11 +150,12 @@ class TreeWalk {
         return search.sawAll();
     }
 
-    // Calls visit in every subdirectory, with false for one that cannot be entered.
+    // Calls visit in every subdirectory, links among them; with false for one whose path cannot be used.
     template <class Visit>
     bool eachSubdirectory(Visit visit) {
         return each("*.*", [&](const FoundEntry& entry) {
-            if (isSubdirectory(entry)) visit(isPlainName(entry.name) && path_.appendDirectory(entry.name));
+            if (!isSubdirectory(entry)) return;
+            visit(entry, isPlainName(entry.name) && path_.appendDirectory(entry.name));
         });
     }
 
@@ -196,7 +197,7 @@ class Pruning : TreeWalk {
                 break;
         }
         bool good = true;
-        bool sawAll = eachSubdirectory([&](bool entered) {
+        bool sawAll = eachSubdirectory([&](const FoundEntry&, bool entered) {
             if (!entered || !prune(level + 1)) good = false;
         });
         if ((level != kTop || mode_ < kKeepTopFiles) && !eraseFiles("*.*")) good = false;
@@ -248,7 +249,9 @@ class FilePruning : TreeWalk {
                 break;
         }
         bool last = true;  // kept: an earlier subdirectory's failure is forgotten
-        bool good = eachSubdirectory([&](bool entered) { last = entered && prune(false); });
+        bool good = eachSubdirectory([&](const FoundEntry& entry, bool entered) {
+            if (!(entry.attributes & platform::kLink)) last = entered && prune(false);
+        });
         if (!last) good = false;
         for (auto item = nextToken(patterns_, kListDelimiters, 0); item;
              item = nextToken(patterns_, kListDelimiters, item->end())) {

@@ -62,7 +62,7 @@ bool MadeUpDisk::fails() {
 }
 
 std::string MadeUpDisk::absolute(const std::string& name) const {
-    std::string path = name;
+    std::string path = dropsEnds ? name.substr(0, name.find_last_not_of(" .") + 1) : name;
     std::replace(path.begin(), path.end(), '/', '\\');
     if (path.size() > 1 && path[1] == ':') {
         if (std::toupper(static_cast<unsigned char>(path[0])) != 'C') return "";

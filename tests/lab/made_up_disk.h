@@ -46,6 +46,7 @@ class MadeUpDisk final : public platform::Files, public platform::Tree {
     int calls = 0;                                // since the disk was made, or since the last reset
     std::size_t capacity = std::size_t{1} << 24;  // bytes in all files
     std::string directory = "C:\\";               // where names without a directory start
+    bool dropsEnds = false;                       // blanks and dots at a path's end, as Windows does
     platform::Process* process = nullptr;         // gets the reasons of failures
     std::set<std::int32_t> unclosable;
     std::vector<std::int32_t> closed;  // what close was called with
