@@ -1,0 +1,209 @@
+// Attributes of files, and the date and time at which they were last written: by name and by handle.
+#include "entries/fileattr.h"
+
+#include <optional>
+
+#include "datetime/dateformat.h"
+#include "datetime/timeofday.h"
+#include "files/open_file.h"
+#include "frame/text.h"
+#include "platform/platform.h"
+
+namespace vx {
+namespace {
+
+using platform::FileTime;
+using platform::Moment;
+
+constexpr std::uint32_t kReading = platform::kRead | platform::kDenyNone;
+
+// The library's bits are the platform's, but for the compressed one.
+constexpr std::uint32_t kSettable = platform::kReadOnly | platform::kHidden | platform::kSystem | platform::kArchive;
+constexpr std::uint32_t kSameBits = kSettable | platform::kDirectoryEntry;
+constexpr std::int32_t kArchiveBit = 32;
+constexpr std::int32_t kCompressedBit = 64;
+
+std::int32_t libraryAttributes(std::uint32_t attributes) {
+    return static_cast<std::int32_t>(attributes & kSameBits) |
+           (attributes & platform::kCompressed ? kCompressedBit : 0);
+}
+
+std::uint32_t platformAttributes(std::int32_t bits) {
+    if (bits == -1) return platform::kNoAttributes;
+    std::uint32_t attributes = static_cast<std::uint32_t>(bits) & kSettable;
+    return attributes != 0 ? attributes : std::uint32_t{platform::kNormal};
+}
+
+std::int32_t attributesOf(const char* name) {
+    std::uint32_t attributes = platform::current().tree->attributes(name ? name : emptyText);
+    return attributes != platform::kNoAttributes ? libraryAttributes(attributes) : -1;
+}
+
+std::int32_t attributesOf(std::int32_t handle) {
+    platform::FileInformation information;
+    return platform::current().files->information(handle, information) ? libraryAttributes(information.attributes) : 0;
+}
+
+bool changeAttributes(const char* name, std::uint32_t attributes, bool set) {
+    if (!name) name = emptyText;
+    platform::Tree& tree = *platform::current().tree;
+    std::uint32_t now = tree.attributes(name);
+    if (now == platform::kNoAttributes) return false;
+    return tree.setAttributes(name, set ? now | attributes : now & ~attributes);
+}
+
+// When a file was last written, as a stamp and in local time.
+struct Written {
+    FileTime stamp;
+    Moment local;
+
+    Date date() const { return {local.year, local.month, local.day}; }
+    TimeOfDay time() const { return {local.hour, local.minute, local.second}; }
+};
+
+std::optional<Written> writtenAt(std::int32_t handle) {
+    platform::FileInformation information;
+    if (!platform::current().files->information(handle, information)) return std::nullopt;
+    Written written{information.times.written, {}};
+    if (!platform::current().clock->toLocalTime(written.stamp, written.local)) return std::nullopt;
+    return written;
+}
+
+std::optional<Written> writtenAt(const char* name) {
+    OpenFile file = OpenFile::open(name, kReading);
+    return file ? writtenAt(file.handle()) : std::nullopt;
+}
+
+// What every getter does, by name and by handle alike.
+template <typename File>
+bool getDate(File file, std::int32_t* year, std::int32_t* month, std::int32_t* day) {
+    std::optional<Written> written = writtenAt(file);
+    storeDate(written ? written->date() : Date{}, year, month, day);
+    return written.has_value();
+}
+
+template <typename File>
+bool getTime(File file, std::int32_t* hour, std::int32_t* minute, std::int32_t* second) {
+    std::optional<Written> written = writtenAt(file);
+    storeTime(written ? written->time() : TimeOfDay{}, hour, minute, second);
+    return written.has_value();
+}
+
+template <typename File>
+std::int32_t getDayNumber(File file) {
+    std::optional<Written> written = writtenAt(file);
+    return written ? dayNumber(written->date()) : 0;
+}
+
+// A text that `put` makes of a time stamp; empty if there is none.
+template <typename File, typename Put>
+char* getText(File file, char* dest, Put put) {
+    if (!dest) return nullptr;
+    std::optional<Written> written = writtenAt(file);
+    return written ? put(*written, dest) : store(dest, {});
+}
+
+template <typename File>
+char* getDateText(File file, char* dest) {
+    return getText(file, dest, [](const Written& written, char* to) { return putDate(written.date(), to); });
+}
+
+template <typename File>
+char* getDateText(File file, const char* picture, char* dest) {
+    return getText(file, dest, [=](const Written& written, char* to) { return putDate(written.date(), picture, to); });
+}
+
+template <typename File>
+char* getTimeText(File file, char* dest) {
+    return getText(file, dest, [](const Written& written, char* to) { return putTime(written.time(), to); });
+}
+
+// kept: 0 leaves a field as it is, so midnight cannot be set; the platform's record has 16 bits a field.
+void change(std::uint16_t& field, std::int32_t value) {
+    if (value != 0) field = static_cast<std::uint16_t>(value);
+}
+
+// What is finer than local time shows stays. A stamp whose local time does not change is not worked out anew: where
+// clocks are put back, two stamps have that time.
+bool changedStamp(const Written& written, const Date& date, const TimeOfDay& time, FileTime& stamp) {
+    constexpr FileTime kStepsPerMillisecond = 10'000;
+    Moment local = written.local;
+    change(local.year, date.year);
+    change(local.month, date.month);
+    change(local.day, date.day);
+    change(local.hour, time.hour);
+    change(local.minute, time.minute);
+    change(local.second, time.second);
+    if (local == written.local) {
+        stamp = written.stamp;
+        return true;
+    }
+    if (!platform::current().clock->toFileTime(local, stamp)) return false;
+    stamp += written.stamp % kStepsPerMillisecond;
+    return true;
+}
+
+// kept: the file is opened for reading only. A system that wants more for setting times refuses, and the result is 0.
+bool setWritten(const char* name, const Date& date, const TimeOfDay& time) {
+    OpenFile file = OpenFile::open(name, kReading);
+    if (!file) return false;
+    std::optional<Written> written = writtenAt(file.handle());
+    FileTime stamp;
+    if (!written || !changedStamp(*written, date, time, stamp)) return false;
+    return platform::current().files->setTimes(file.handle(), {.written = stamp}) && file.close();
+}
+
+}  // namespace
+}  // namespace vx
+
+using namespace vx;
+
+ENTRY(int32_t, FGetAttr)(const char* name) noexcept { return attributesOf(name); }
+ENTRY(int32_t, FileAttr)(int32_t handle) noexcept { return attributesOf(handle); }
+ENTRY(int32_t, FSetAttr)(const char* name, int32_t bits, int32_t set) noexcept {
+    return changeAttributes(name, platformAttributes(bits), set != 0);
+}
+ENTRY(int32_t, FProtect)(const char* name) noexcept { return changeAttributes(name, platform::kReadOnly, true); }
+ENTRY(int32_t, FUnProtect)(const char* name) noexcept { return changeAttributes(name, platform::kReadOnly, false); }
+ENTRY(int32_t, FHide)(const char* name) noexcept { return changeAttributes(name, platform::kHidden, true); }
+ENTRY(int32_t, FUnHide)(const char* name) noexcept { return changeAttributes(name, platform::kHidden, false); }
+// kept: a file that is missing has changed.
+ENTRY(int32_t, FChanged)(const char* name) noexcept { return (attributesOf(name) & kArchiveBit) != 0; }
+
+ENTRY(int32_t, FileDosDate)(int32_t handle, int32_t* year, int32_t* month, int32_t* day) noexcept {
+    return getDate(handle, year, month, day);
+}
+ENTRY(int32_t, FileDosTime)(int32_t handle, int32_t* hour, int32_t* minute, int32_t* second) noexcept {
+    return getTime(handle, hour, minute, second);
+}
+ENTRY(int32_t, FGetDosDate)(const char* name, int32_t* year, int32_t* month, int32_t* day) noexcept {
+    return getDate(name, year, month, day);
+}
+ENTRY(int32_t, FGetDosTime)(const char* name, int32_t* hour, int32_t* minute, int32_t* second) noexcept {
+    return getTime(name, hour, minute, second);
+}
+
+ENTRY(int32_t, FileJDate)(int32_t handle) noexcept { return getDayNumber(handle); }
+ENTRY(int32_t, FGetJDate)(const char* name) noexcept { return getDayNumber(name); }
+
+ENTRY(char*, FileDate)(int32_t handle, char* dest) noexcept { return getDateText(handle, dest); }
+ENTRY(char*, FGetDate)(const char* name, char* dest) noexcept { return getDateText(name, dest); }
+ENTRY(char*, FileDatef)(int32_t handle, const char* picture, char* dest) noexcept {
+    return getDateText(handle, picture, dest);
+}
+ENTRY(char*, FGetDatef)(const char* name, const char* picture, char* dest) noexcept {
+    return getDateText(name, picture, dest);
+}
+ENTRY(char*, FileTime)(int32_t handle, char* dest) noexcept { return getTimeText(handle, dest); }
+ENTRY(char*, FGetTime)(const char* name, char* dest) noexcept { return getTimeText(name, dest); }
+
+ENTRY(int32_t, FSetDosDate)(const char* name, int32_t year, int32_t month, int32_t day) noexcept {
+    return setWritten(name, {year, month, day}, {});
+}
+ENTRY(int32_t, FSetDate)(const char* name, const char* text) noexcept {
+    return text && setWritten(name, dateOfText(text), {});
+}
+ENTRY(int32_t, FSetJDate)(const char* name, int32_t jd) noexcept { return setWritten(name, dateOfDay(jd), {}); }
+ENTRY(int32_t, FSetTime)(const char* name, const char* text) noexcept {
+    return text && setWritten(name, {}, timeOfText(text));
+}

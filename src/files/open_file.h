@@ -1,0 +1,56 @@
+// An open file that is closed when a call ends, and the error code that outlives the clean-up.
+#pragma once
+
+#include <cstdint>
+#include <utility>
+
+#include "frame/library.h"
+#include "platform/platform.h"
+
+namespace vx {
+
+// Gives the last error back as it was, whatever happens until this goes.
+class KeptError {
+ public:
+    KeptError() : code_(platform::current().process->lastError()) {}
+    ~KeptError() { platform::current().process->setLastError(code_); }
+    KeptError(const KeptError&) = delete;
+    KeptError& operator=(const KeptError&) = delete;
+
+ private:
+    std::uint32_t code_;
+};
+
+class OpenFile {
+ public:
+    explicit OpenFile(std::int32_t handle) : handle_(handle) {}
+
+    // A name that is NULL is an empty one, which no file has.
+    static OpenFile open(const char* name, std::uint32_t mode) { return OpenFile(files().open(text(name), mode)); }
+    static OpenFile create(const char* name) { return OpenFile(files().create(text(name), 0)); }
+
+    OpenFile(OpenFile&& other) noexcept : handle_(std::exchange(other.handle_, kNoHandle)) {}
+    OpenFile& operator=(OpenFile&&) = delete;
+    ~OpenFile() { close(); }
+
+    explicit operator bool() const { return handle_ != kNoHandle; }
+    std::int32_t handle() const { return handle_; }
+
+    // The last error stays what it was, unless the system refuses.
+    bool close() {
+        if (handle_ == kNoHandle) return true;
+        platform::Process& process = *platform::current().process;
+        std::uint32_t before = process.lastError();
+        bool closed = files().close(std::exchange(handle_, kNoHandle));
+        if (closed) process.setLastError(before);
+        return closed;
+    }
+
+ private:
+    static platform::Files& files() { return *platform::current().files; }
+    static const char* text(const char* name) { return name ? name : emptyText; }
+
+    std::int32_t handle_;
+};
+
+}  // namespace vx
