@@ -48,11 +48,20 @@ struct FileTimes {
     bool operator==(const FileTimes&) const = default;
 };
 
+// What tells one open file from another, whatever names they were opened by.
+struct FileIdentity {
+    std::uint64_t volume = 0;
+    std::uint64_t index = 0;  // 0 if the system does not tell
+
+    bool operator==(const FileIdentity&) const = default;
+};
+
 struct FileInformation {
     std::uint32_t attributes = 0;
     FileTimes times;
     std::uint32_t volumeSerial = 0;
     std::uint64_t size = 0;
+    FileIdentity identity;
 };
 
 class Files {

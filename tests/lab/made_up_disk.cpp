@@ -57,6 +57,7 @@ Result MadeUpDisk::refuse(Result result, std::uint32_t code) {
 
 bool MadeUpDisk::fails() {
     ++calls;
+    if (onCall) onCall();
     bool now = fault.atCall != 0 && (fault.lasts ? calls >= fault.atCall : calls == fault.atCall);
     return now && refuse(true, fault.code);
 }
@@ -308,7 +309,12 @@ bool MadeUpDisk::information(std::int32_t handle, FileInformation& information) 
     if (fails()) return false;
     Open* file = opened(handle);
     if (!file) return false;
-    information = {shownAttributes(*file->node), file->node->times, 0x1234ABCD, file->node->data.size()};
+    const Node& node = *file->node;
+    information = {.attributes = shownAttributes(node),
+                   .times = node.times,
+                   .volumeSerial = 0x1234ABCD,
+                   .size = node.data.size(),
+                   .identity = {1, reinterpret_cast<std::uintptr_t>(&node)}};
     return true;
 }
 

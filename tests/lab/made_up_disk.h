@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <set>
@@ -43,6 +44,7 @@ class MadeUpDisk final : public platform::Files, public platform::Tree {
     std::size_t openSearches() const { return searches_.size(); }
 
     Fault fault;
+    std::function<void()> onCall;                 // what others do to the disk before each call does its work
     int calls = 0;                                // since the disk was made, or since the last reset
     std::size_t capacity = std::size_t{1} << 24;  // bytes in all files
     std::string directory = "C:\\";               // where names without a directory start

@@ -21,6 +21,8 @@ class GivenTime {
     FILETIME time_;
 };
 
+std::uint64_t wide(DWORD high, DWORD low) { return static_cast<std::uint64_t>(high) << 32 | low; }
+
 OVERLAPPED placeAt(std::int64_t position) {
     OVERLAPPED place{};
     place.Offset = static_cast<DWORD>(position);
@@ -62,9 +64,12 @@ class WindowsFiles final : public Files {
 
     std::int32_t readAt(std::int32_t handle, std::int64_t position, void* to, std::uint32_t count) override {
         OVERLAPPED place = placeAt(position);
+        DWORD before = GetLastError();
         DWORD done = 0;
         if (ReadFile(handleOf(handle), to, count, &done, &place)) return static_cast<std::int32_t>(done);
-        return GetLastError() == ERROR_HANDLE_EOF ? 0 : -1;
+        if (GetLastError() != ERROR_HANDLE_EOF) return -1;
+        SetLastError(before);  // the end of the file is no failure
+        return 0;
     }
 
     std::int32_t writeAt(std::int32_t handle, std::int64_t position, const void* from, std::uint32_t count) override {
@@ -100,7 +105,8 @@ class WindowsFiles final : public Files {
                        .times = {fileTime(found.ftCreationTime), fileTime(found.ftLastAccessTime),
                                  fileTime(found.ftLastWriteTime)},
                        .volumeSerial = found.dwVolumeSerialNumber,
-                       .size = static_cast<std::uint64_t>(found.nFileSizeHigh) << 32 | found.nFileSizeLow};
+                       .size = wide(found.nFileSizeHigh, found.nFileSizeLow),
+                       .identity = {found.dwVolumeSerialNumber, wide(found.nFileIndexHigh, found.nFileIndexLow)}};
         return true;
     }
 
