@@ -46,6 +46,8 @@ class Store {
  public:
     explicit Store(const File& file) : file_(file), size_(file.size()) {}
 
+    explicit operator bool() const { return size_ >= 0; }
+
     // Where the value is then; 0 on failure.
     std::uint32_t add(std::string_view value) {
         std::int64_t need = std::max<std::int64_t>(static_cast<std::int64_t>(value.size()), kLeastCapacity);
@@ -65,11 +67,11 @@ class Store {
         return block && block->used > 0 && block->used <= block->capacity && isWhole(*block) ? block : std::nullopt;
     }
 
-    bool rewrite(Block block, std::string_view value, Overwrite& overwrite) const {
+    bool rewrite(Block block, std::string_view value) const {
         Scratch scratch;
         block.used = static_cast<std::uint32_t>(value.size());
         char* bytes = compose(scratch, block, value, kBlobHeaderSize + value.size());
-        return bytes && overwrite.write(file_, block.start, {bytes, kBlobHeaderSize + value.size()});
+        return bytes && overwrite(file_, block.start, {bytes, kBlobHeaderSize + value.size()});
     }
 
     void release(Block block) {
@@ -254,27 +256,19 @@ std::uint32_t readBlob(const Table& table, const Field& field, char* to) {
     return table.blob.read(start + static_cast<std::int64_t>(sizeof header), to, size);
 }
 
-namespace {
-
-bool rewriteBlob(Table& table, Field& field, const Store& store, const Block& block, std::string_view value) {
-    Overwrite overwrite;
-    if (!store.rewrite(block, value, overwrite)) return false;
-    if (referToBlob(table, field, static_cast<std::uint32_t>(block.start), value.size())) return true;
-    overwrite.undo();
-    return false;
-}
-
-}  // namespace
-
 bool writeBlob(Table& table, Field& field, std::string_view value) {
-    CompanionLock lock(table, table.blob, kBlobLock);
+    CompanionLock lock(table, table.blob, table.blobLock);
     constexpr auto kMost = static_cast<std::size_t>(platform::kLastPosition);
     if (!lock || !hasRoomForBlob(table, field) || value.size() > kMost) return false;
     Store store(table.blob);
+    if (!store) return false;
     std::optional<Block> old = store.blob(referenceIn(table, field));
-    if (old && !value.empty() && value.size() <= old->capacity) return rewriteBlob(table, field, store, *old, value);
+    if (old && !value.empty() && value.size() <= old->capacity) {
+        auto start = static_cast<std::uint32_t>(old->start);
+        return store.rewrite(*old, value) && referToBlob(table, field, start, value.size(), true);
+    }
     std::uint32_t start = value.empty() ? 0 : store.add(value);
-    if ((start == 0 && !value.empty()) || !referToBlob(table, field, start, value.size())) return false;
+    if ((start == 0 && !value.empty()) || !referToBlob(table, field, start, value.size(), false)) return false;
     // Only now that nothing refers to it.
     if (old) store.release(*old);
     return true;

@@ -25,16 +25,15 @@ std::string_view part(const Table& table, const Field& field, std::size_t from) 
 }
 
 // `bytes` are no longer than the field is wide.
-bool refer(Table& table, const Field& field, std::string_view bytes) {
+bool refer(Table& table, const Field& field, std::string_view bytes, bool keeps = false) {
     char before[2 * kNumberWidth];
     char* to = table.at(field);
     std::memcpy(before, to, bytes.size());
-    bool changedBefore = table.bufferChanged;
     std::memcpy(to, bytes.data(), bytes.size());
     table.bufferChanged = true;
-    if (writeBack(table)) return true;
+    if (writeBack(table) || keeps) return true;
+    // The file may have some of it: the record stays marked, to be written as it was.
     std::memcpy(to, before, bytes.size());
-    table.bufferChanged = changedBefore;
     return false;
 }
 
@@ -64,32 +63,28 @@ bool hasRoomForBlob(const Table& table, const Field& field) {
     return table.widthWithin(field) >= static_cast<std::int32_t>(2 * kNumberWidth);
 }
 
-bool referToBlob(Table& table, const Field& field, std::uint32_t offset, std::size_t size) {
+bool referToBlob(Table& table, const Field& field, std::uint32_t offset, std::size_t size, bool keeps) {
     char bytes[2 * kNumberWidth];
     std::memset(bytes, ' ', sizeof bytes);
     Decimal first(offset), second(size);
     std::memcpy(bytes, first.text, first.size);
     std::memcpy(bytes + kNumberWidth, second.text, second.size);
-    return refer(table, field, {bytes, sizeof bytes});
+    return refer(table, field, {bytes, sizeof bytes}, keeps);
 }
 
-bool Overwrite::write(const File& file, std::int64_t position, std::string_view bytes) {
-    char* before = scratch_.room(bytes.size());
-    if (!before) return false;
-    file_ = &file;
-    position_ = position;
-    before_ = before;
-    size_ = file.read(position, before, bytes.size());
+bool overwrite(const File& file, std::int64_t position, std::string_view bytes) {
+    Scratch scratch;
+    std::int64_t behind = file.size() - position;
+    char* before = scratch.room(bytes.size());
+    if (behind < 0 || !before) return false;
+    std::size_t size = std::min(bytes.size(), static_cast<std::size_t>(behind));
+    if (!file.readAll(position, before, size)) return false;
     if (file.write(position, bytes.data(), bytes.size())) return true;
-    undo();
-    return false;
-}
-
-void Overwrite::undo() const {
     platform::Process& process = *platform::current().process;
     std::uint32_t cause = process.lastError();
-    file_->write(position_, before_, size_);
+    file.write(position, before, size);
     process.setLastError(cause);
+    return false;
 }
 
 }  // namespace vx::dbf

@@ -29,25 +29,15 @@ std::int64_t referenceIn(const Table& table, const Field& field);
 // The size in a blob field.
 std::uint32_t blobSizeIn(const Table& table, const Field& field);
 
-// Have a field refer to a value, and write the record back; on failure the field is as it was. A field that is too
-// narrow is refused beforehand.
+// Have a field refer to a value, and write the record back; on failure the field is as it was, unless `keeps`: then
+// the record stays changed, like after any other put, until it can be written. A field that is too narrow is refused
+// beforehand.
 bool hasRoomFor(const Table& table, const Field& field, std::int64_t block);
 bool referToBlock(Table& table, const Field& field, std::int64_t block);
 bool hasRoomForBlob(const Table& table, const Field& field);
-bool referToBlob(Table& table, const Field& field, std::uint32_t offset, std::size_t size);
+bool referToBlob(Table& table, const Field& field, std::uint32_t offset, std::size_t size, bool keeps);
 
 // Writes over what is in a file. If that falls short, what was there is put back as far as possible.
-class Overwrite {
- public:
-    bool write(const File& file, std::int64_t position, std::string_view bytes);
-    void undo() const;  // of a write that succeeded as well; the error code stays
-
- private:
-    Scratch scratch_;
-    const File* file_ = nullptr;
-    std::int64_t position_ = 0;
-    const char* before_ = nullptr;
-    std::uint32_t size_ = 0;
-};
+bool overwrite(const File& file, std::int64_t position, std::string_view bytes);
 
 }  // namespace vx::dbf

@@ -207,6 +207,7 @@ bool createMemoFile(Table& table, const char* path) {
 std::unique_ptr<Table> createTable(const char* name, std::string_view text) {
     Structure structure(text);
     std::unique_ptr<Table> table(new (std::nothrow) Table);
+    if (view(name).empty()) return nullptr;  // it would make a file of no name but the extension
     if (!structure || !table || !layOut(*table, structure)) return nullptr;
     TablePath path(name);
     if (!createTableFile(*table, path.get())) return nullptr;
@@ -233,25 +234,31 @@ bool writeBlanks(const File& file, std::int64_t position, std::size_t recordSize
     return true;
 }
 
+// Takes records back that could not be written or counted; what cannot be done now is done with the next write.
+void takeBack(Table& table, std::int64_t start, std::int64_t end) {
+    if (!table.writable) return;
+    table.leftoverStart = start;
+    table.leftoverEnd = end;
+    cutLeftover(table);
+}
+
 // Counts the new records. Those of a shared table are there by the file's size alone, so a header that cannot be
-// written now is left for later; others are taken back.
+// written now is left for later; others are not counted at all.
 bool countRecords(Table& table, std::int64_t count) {
     Header before = table.header;
     table.header.setCount(static_cast<std::uint32_t>(count));
     if (writeHeader(table) || table.shared) return true;
-    std::int64_t end = table.positionOf(count + 1);
     table.header = before;
     platform::Process& process = *platform::current().process;
     std::uint32_t cause = process.lastError();
     table.headerChanged = !table.file.write(0, before.bytes, kHeaderSize);
     process.setLastError(cause);
-    if (!table.headerChanged) table.file.cutBack(table.positionOf(std::int64_t{before.count()} + 1), end);
     return false;
 }
 
 // The number of the first new record, 0 if they cannot be had.
 std::int64_t append(Table& table, std::uint32_t count) {
-    if (table.shared && !table.headerLocked) lockHeader(table);
+    lockHeader(table);
     if (!writeBack(table)) return 0;
     if (count == 0) {
         goTo(table, std::int64_t{table.count()} + 1);
@@ -262,11 +269,10 @@ std::int64_t append(Table& table, std::uint32_t count) {
     std::int64_t end = table.positionOf(first + count);
     std::int64_t start = table.positionOf(first);
     if (end > std::int64_t{platform::kLastPosition} + 1) return 0;
-    if (!writeBlanks(table.file, start, table.recordSize(), count)) {
-        table.file.cutBack(start, end);
+    if (!writeBlanks(table.file, start, table.recordSize(), count) || !countRecords(table, first + count - 1)) {
+        takeBack(table, start, end);
         return 0;
     }
-    if (!countRecords(table, first + count - 1)) return 0;
     goToBlanks(table, first, count);
     return first;
 }

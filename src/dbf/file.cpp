@@ -20,9 +20,9 @@ File File::open(const char* path, std::uint32_t mode) { return File(files().open
 File File::create(const char* path) { return File(files().create(path, 0)); }
 
 bool File::close() {
-    if (isOpen() && !files().close(handle_)) return false;
+    bool done = !isOpen() || files().close(handle_);
     handle_ = kNoHandle;
-    return true;
+    return done;
 }
 
 std::uint32_t File::read(std::int64_t position, void* to, std::size_t count) const {
@@ -38,13 +38,15 @@ bool File::write(std::int64_t position, const void* from, std::size_t count) con
     return done >= 0 && static_cast<std::size_t>(done) == count;
 }
 
-void File::cutBack(std::int64_t end, std::int64_t most) const {
+bool File::cutBack(std::int64_t end, std::int64_t most) const {
     platform::Process& process = *platform::current().process;
     std::uint32_t cause = process.lastError();
     std::int64_t now = size();
-    if (now > end && now <= most && files().seek(handle_, static_cast<std::int32_t>(end), platform::kFromStart) >= 0)
-        files().truncate(handle_);
+    bool done = now >= 0 && (now <= end || now > most);
+    if (!done && now >= 0 && files().seek(handle_, static_cast<std::int32_t>(end), platform::kFromStart) >= 0)
+        done = files().truncate(handle_);
     process.setLastError(cause);
+    return done;
 }
 
 }  // namespace vx::dbf

@@ -28,7 +28,7 @@ class File {
 
     bool isOpen() const { return handle_ != kNoHandle; }
 
-    // True as well if it is not open; the file stays open on failure.
+    // True as well if it is not open. After a failure nobody knows whose the handle is: it is not used again.
     bool close();
 
     // How many bytes arrived: fewer at the end of the file, and on failure.
@@ -46,8 +46,8 @@ class File {
     bool unlock(std::uint32_t offset, std::uint32_t length) const { return files().unlock(handle_, offset, length); }
 
     // After a write that failed: ends the file at `end` again if it grew, unless it reaches beyond `most`. The error
-    // code stays the failure's.
-    void cutBack(std::int64_t end, std::int64_t most) const;
+    // code stays the failure's. Whether nothing is left behind.
+    bool cutBack(std::int64_t end, std::int64_t most) const;
 
  private:
     static platform::Files& files() { return *platform::current().files; }

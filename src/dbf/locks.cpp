@@ -5,11 +5,9 @@
 namespace vx::dbf {
 namespace {
 
-constexpr std::uint32_t kHeaderLock = 1'000'000'000;
 constexpr std::uint32_t kRecordLocks = 1'000'000'000;  // and the record's number
 constexpr std::uint32_t kTableLock = 1'000'000'001;
 constexpr std::uint32_t kTableLockLength = 2'000'000'000;
-constexpr std::uint32_t kCountLock = 3'000'000'002;  // behind all others
 constexpr int kHeaderAttempts = 4;
 
 constexpr std::uint32_t kPatience = 2000;  // milliseconds
@@ -27,41 +25,37 @@ bool insist(Try once) {
     return true;
 }
 
-bool hold(Table& table, std::uint32_t offset, std::uint32_t length) {
-    table.lock = {offset, length, table.file.lock(offset, length)};
-    return table.lock.held;
-}
-
-// Of records that are known to be written.
-bool giveBack(Table& table) {
-    table.lock.held = !(table.file.commit() && table.file.unlock(table.lock.offset, table.lock.length));
-    return !table.lock.held;
+// The one before was given back.
+bool hold(Table& table, std::int64_t offset, std::uint32_t length) {
+    table.lock = {static_cast<std::uint32_t>(offset), length};
+    return table.lock.take(table.file);
 }
 
 }  // namespace
 
-bool unlock(Table& table) { return !table.lock.held || (writeBack(table) && giveBack(table)); }
+bool unlock(Table& table) {
+    return !table.lock.held || (writeBack(table) && table.file.commit() && table.lock.giveBack(table.file));
+}
 
 bool lockTable(Table& table) { return !table.shared || (unlock(table) && hold(table, kTableLock, kTableLockLength)); }
 
 bool lockRecords(Table& table, std::uint32_t count) {
     if (!table.shared) return true;
     if (count == 0 || table.noRecord || !unlock(table)) return false;
-    return hold(table, static_cast<std::uint32_t>(kRecordLocks + table.number), count);
+    return hold(table, kRecordLocks + table.number, count);
 }
 
 bool lockHeader(Table& table) {
-    if (!table.shared || table.headerLocked) return true;
-    for (int i = 0; i < kHeaderAttempts && !table.headerLocked; ++i)
-        table.headerLocked = table.file.lock(kHeaderLock, 1);
-    return table.headerLocked;
+    for (int i = 0; i < kHeaderAttempts; ++i) {
+        if (!table.shared || table.headerLock.take(table.file)) return true;
+    }
+    return false;
 }
 
 void unlockHeader(Table& table) {
-    if (!table.headerLocked) return;
+    if (!table.headerLock.held) return;
     table.file.commit();
-    table.file.unlock(kHeaderLock, 1);
-    table.headerLocked = false;
+    table.headerLock.giveBack(table.file);
 }
 
 // Whoever holds the lock of the number behind the last record is appending; once it is there, the count is another.
@@ -71,27 +65,25 @@ bool claimRecords(Table& table, std::uint32_t count) {
     return insist([&] {
         if (!recount(table)) return false;
         std::uint32_t before = table.count();
-        if (!hold(table, static_cast<std::uint32_t>(kRecordLocks + std::int64_t{before} + 1), count)) return false;
+        if (!hold(table, kRecordLocks + std::int64_t{before} + 1, count)) return false;
         if (recount(table) && table.count() == before) return true;
-        table.lock.held = !table.file.unlock(table.lock.offset, table.lock.length);
+        table.lock.giveBack(table.file);
         return false;
     });
 }
 
 CountLock::CountLock(Table& table)
-    : table_(table), had_(!table.shared || insist([&] { return table.file.lock(kCountLock, 1); })) {}
+    : table_(table), had_(!table.shared || insist([&] { return table.countLock.take(table.file); })) {}
 
-CountLock::~CountLock() {
-    if (had_ && table_.shared) table_.file.unlock(kCountLock, 1);
-}
+CountLock::~CountLock() { table_.countLock.giveBack(table_.file); }
 
-CompanionLock::CompanionLock(const Table& table, const File& file, std::uint32_t offset)
-    : file_(file), offset_(offset), locks_(table.shared), had_(!locks_ || file.lock(offset, 1)) {}
+CompanionLock::CompanionLock(const Table& table, const File& file, Region& region)
+    : file_(file), region_(region), had_(!table.shared || region.take(file)) {}
 
 CompanionLock::~CompanionLock() {
-    if (!locks_ || !had_) return;
+    if (!region_.held) return;
     file_.commit();
-    file_.unlock(offset_, 1);
+    region_.giveBack(file_);
 }
 
 }  // namespace vx::dbf

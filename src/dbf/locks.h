@@ -42,7 +42,7 @@ class CountLock {
 // Held for a change of the memo or blob file.
 class CompanionLock {
  public:
-    CompanionLock(const Table& table, const File& file, std::uint32_t offset);
+    CompanionLock(const Table& table, const File& file, Region& region);
     ~CompanionLock();
     CompanionLock(const CompanionLock&) = delete;
     CompanionLock& operator=(const CompanionLock&) = delete;
@@ -51,12 +51,8 @@ class CompanionLock {
 
  private:
     const File& file_;
-    std::uint32_t offset_;
-    bool locks_;
+    Region& region_;
     bool had_;
 };
-
-inline constexpr std::uint32_t kMemoLock = 1'000'000'000;
-inline constexpr std::uint32_t kBlobLock = 2'000'000'000;
 
 }  // namespace vx::dbf

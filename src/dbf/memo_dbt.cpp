@@ -39,7 +39,7 @@ std::uint32_t sizeOfDbtMemo(const Table& table, std::int64_t block) {
 }
 
 bool writeDbtMemo(Table& table, Field& field, std::string_view text) {
-    CompanionLock lock(table, table.memo, kMemoLock);
+    CompanionLock lock(table, table.memo, table.memoLock);
     std::int64_t end = lock ? table.memo.size() : -1;
     if (end < 0) return false;
     // kept: at the end of a block, one whole block stays unused
@@ -53,7 +53,7 @@ bool writeDbtMemo(Table& table, Field& field, std::string_view text) {
     std::memcpy(bytes, text.data(), text.size());
     bytes[text.size()] = kMemoEnd;
     std::int64_t most = position + static_cast<std::int64_t>(text.size()) + 1;
-    if (table.memo.write(position, bytes, text.size() + 1) && referToBlock(table, field, block)) return true;
+    if (table.memo.write(position, bytes, text.size() + 1)) return referToBlock(table, field, block);
     table.memo.cutBack(end, most);
     return false;
 }

@@ -48,9 +48,8 @@ std::int64_t roomOf(const Table& table, const Block& block) {
 
 bool rewrite(Table& table, std::int64_t number, const Block& block, std::string_view text) {
     Scratch scratch;
-    Overwrite overwrite;
     char* bytes = compose(scratch, be32(block.header), text);
-    if (!bytes || !overwrite.write(table.memo, positionOf(table, number), {bytes, kFptBlockHeaderSize + text.size()}))
+    if (!bytes || !overwrite(table.memo, positionOf(table, number), {bytes, kFptBlockHeaderSize + text.size()}))
         return false;
     table.bufferChanged = true;
     return true;
@@ -80,8 +79,7 @@ bool append(Table& table, Field& field, std::string_view text) {
         table.memo.cutBack(end, position + size);
         return false;
     }
-    Overwrite overwrite;
-    return overwrite.write(table.memo, 0, {next, sizeof next}) && referToBlock(table, field, block);
+    return overwrite(table.memo, 0, {next, sizeof next}) && referToBlock(table, field, block);
 }
 
 }  // namespace
@@ -108,7 +106,7 @@ std::uint32_t sizeOfFptMemo(const Table& table, std::int64_t block) {
 }
 
 bool writeFptMemo(Table& table, Field& field, std::string_view text) {
-    CompanionLock lock(table, table.memo, kMemoLock);
+    CompanionLock lock(table, table.memo, table.memoLock);
     if (!lock) return false;
     std::int64_t number = referenceIn(table, field);
     Block old;

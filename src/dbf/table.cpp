@@ -197,10 +197,16 @@ bool writeHeader(Table& table) {
     return !table.headerChanged;
 }
 
+bool cutLeftover(Table& table) {
+    if (table.leftoverEnd != 0 && !table.file.cutBack(table.leftoverStart, table.leftoverEnd)) return false;
+    table.leftoverEnd = 0;
+    return true;
+}
+
 bool writeBack(Table& table) {
-    if (!writeBuffer(table)) return false;
+    if (!writeBuffer(table) || !cutLeftover(table)) return false;
     if (!table.headerChanged) return true;
-    bool mine = !table.headerLocked && lockHeader(table);
+    bool mine = !table.headerLock.held && lockHeader(table);
     bool done = writeHeader(table);
     if (mine) unlockHeader(table);
     return done;

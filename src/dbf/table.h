@@ -43,10 +43,17 @@ struct Field {
     std::string_view nameText() const { return {name, strnlen(name, kNameRoom - 1)}; }
 };
 
+// A range of bytes of one of the files that this handle locks or may lock. One that cannot be given back stays held.
 struct Region {
     std::uint32_t offset = 0;
     std::uint32_t length = 0;
     bool held = false;
+
+    bool take(const File& from) { return held = held || from.lock(offset, length); }
+    bool giveBack(const File& to) {
+        held = held && !to.unlock(offset, length);
+        return !held;
+    }
 };
 
 // Today's date, asked for once in a quarter of an hour: no time zone has its midnight inside of one.
@@ -88,8 +95,15 @@ struct Table {
     bool bufferChanged = false;
     bool headerChanged = false;
 
-    Region lock;  // the table or record lock; at most one
-    bool headerLocked = false;
+    // What an append that failed may have left behind the records, until the file can be cut back.
+    std::int64_t leftoverStart = 0;
+    std::int64_t leftoverEnd = 0;
+
+    Region lock;                          // the table or record lock; at most one
+    Region headerLock{1'000'000'000, 1};  // the record count and the date
+    Region countLock{3'000'000'002, 1};   // behind all others: for the moment in which a header is written
+    Region memoLock{1'000'000'000, 1};    // of the memo file
+    Region blobLock{2'000'000'000, 1};    // of the blob file
     KeptDate today;
 
     TableHook arrived = nullptr;
@@ -131,7 +145,7 @@ bool makeBuffer(Table& table);
 // Null if the file is no table, or it or one of its companions cannot be opened.
 std::unique_ptr<Table> openTable(const char* name, std::uint32_t mode);
 
-// Writes what has changed and closes the files. False if that fails: the table then stays as open as it still is.
+// Writes what has changed and closes the files. False if that fails: what is still open stays so.
 bool closeTable(Table& table);
 
 void goTo(Table& table, std::int64_t number);
@@ -144,6 +158,9 @@ bool recount(Table& table);
 
 // Writes what has changed: the records in the buffer, then the header. What cannot be written stays marked.
 bool writeBack(Table& table);
+
+// Cuts off what an append that failed has left.
+bool cutLeftover(Table& table);
 
 // Writes the header, stamped with today's date.
 bool writeHeader(Table& table);
