@@ -1,12 +1,25 @@
 // Open files of the system itself: the platform's own interface, before any stand-in takes its place.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <atomic>
 #include <cstdint>
+#include <random>
+#include <set>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "tests/seam/seam.h"
 #include "tests/support/workplace.h"
+
+#if !defined(_WIN32)
+#include <signal.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#endif
 
 namespace vx::test {
 namespace {
@@ -20,52 +33,508 @@ class SystemFiles : public testing::Test {
     Workplace place;
 
     std::uint32_t error() { return system.process->lastError(); }
-    void clearError() { system.process->setLastError(0); }
+    std::int32_t open(const std::string& name, std::uint32_t mode) {
+        system.process->setLastError(0);
+        return files.open(place.path(name).c_str(), mode);
+    }
+    std::int32_t create(const std::string& name, std::uint32_t attributes = 0) {
+        system.process->setLastError(0);
+        return files.create(place.path(name).c_str(), attributes);
+    }
+    std::uint32_t attributes(const std::string& name) { return system.tree->attributes(place.path(name).c_str()); }
+    void setAttributes(const std::string& name, std::uint32_t bits) {
+        ASSERT_TRUE(system.tree->setAttributes(place.path(name).c_str(), bits)) << name << error();
+    }
 
     std::string read(std::int32_t handle, std::uint32_t count) {
         std::string text(count, '~');
         std::int32_t done = files.read(handle, text.data(), count);
-        return done < 0 ? "failed" : text.substr(0, static_cast<std::size_t>(done));
+        return done < 0 ? "<" + std::to_string(error()) + ">" : text.substr(0, static_cast<std::size_t>(done));
     }
     std::int32_t write(std::int32_t handle, const std::string& text) {
         return files.write(handle, text.data(), static_cast<std::uint32_t>(text.size()));
     }
 };
 
-TEST_F(SystemFiles, WhatIsWrittenIsReadBack) {
-    std::int32_t handle = files.create(place.path("new").c_str(), 0);
+// A file in memory: what any order of calls has to give.
+struct Model {
+    std::string data;
+    std::int64_t position = 0;
+
+    std::string read(std::size_t count) {
+        std::size_t start = std::min(static_cast<std::size_t>(position), data.size());
+        std::string text = data.substr(start, count);
+        position += static_cast<std::int64_t>(text.size());
+        return text;
+    }
+    void writeAt(std::int64_t at, const std::string& text) {
+        std::size_t start = static_cast<std::size_t>(at);
+        if (text.empty()) return;
+        data.resize(std::max(data.size(), start + text.size()));
+        data.replace(start, text.size(), text);
+    }
+    std::int64_t seek(std::int64_t offset, int origin) {
+        std::int64_t base[] = {0, position, static_cast<std::int64_t>(data.size())};
+        std::int64_t to = base[origin] + offset;
+        if (to < 0 || to > kLastPosition) return -1;
+        return position = to;
+    }
+};
+
+TEST_F(SystemFiles, AnyOrderOfCallsActsAsOnAFileInMemory) {
+    std::int32_t handle = create("f");
     ASSERT_NE(handle, -1) << error();
-    EXPECT_EQ(write(handle, "one two three"), 13);
-    EXPECT_EQ(files.write(handle, "x", 0), 0);
-    EXPECT_EQ(files.size(handle), 13);
-    EXPECT_EQ(files.seek(handle, 4, kFromStart), 4);
-    EXPECT_EQ(read(handle, 3), "two");
-    EXPECT_EQ(files.seek(handle, 1, kFromCurrent), 8);
-    EXPECT_EQ(read(handle, 100), "three");
-    EXPECT_EQ(read(handle, 100), "");
-    EXPECT_EQ(files.seek(handle, -5, kFromEnd), 8);
-    EXPECT_TRUE(files.truncate(handle));
-    EXPECT_EQ(files.size(handle), 8);
-    char at[4];
-    EXPECT_EQ(files.readAt(handle, 6, at, 4), 2);
-    EXPECT_EQ(files.readAt(handle, 8, at, 4), 0) << "the end is no failure";
-    EXPECT_EQ(files.writeAt(handle, 10, "end", 3), 3);
+    Model model;
+    std::mt19937 random(7);
+    auto below = [&](std::uint32_t limit) { return random() % limit; };
+    for (int step = 0; step < 3000; ++step) {
+        std::string text(below(300), static_cast<char>('a' + below(26)));
+        std::uint32_t count = below(300);
+        std::int64_t at = below(2000);
+        switch (below(8)) {
+            case 0: {
+                ASSERT_EQ(files.seek(handle, static_cast<std::int32_t>(at), kFromStart), model.seek(at, 0)) << step;
+                break;
+            }
+            case 1: {
+                std::int32_t origin = static_cast<std::int32_t>(below(3));
+                std::int32_t far[] = {-3000, -1, 0, 1, 50, 0x7FFFFFFF, -0x7FFFFFFF - 1};
+                std::int32_t offset = far[below(7)];
+                ASSERT_EQ(files.seek(handle, offset, origin), model.seek(offset, origin)) << step << " " << offset;
+                if (model.position > 3000) files.seek(handle, 0, kFromStart), model.position = 0;
+                break;
+            }
+            case 2:
+            case 3:
+                ASSERT_EQ(write(handle, text), static_cast<std::int32_t>(text.size())) << step;
+                model.writeAt(model.position, text);
+                model.position += static_cast<std::int64_t>(text.size());
+                break;
+            case 4:
+                ASSERT_EQ(read(handle, count), model.read(count)) << step;
+                break;
+            case 5: {
+                std::string expected = Model{model.data, at}.read(count), got(count, '~');
+                std::int32_t done = files.readAt(handle, at, got.data(), count);
+                ASSERT_EQ(got.substr(0, static_cast<std::size_t>(done)), expected) << step;
+                break;
+            }
+            case 6:
+                ASSERT_EQ(files.writeAt(handle, at, text.data(), static_cast<std::uint32_t>(text.size())),
+                          static_cast<std::int32_t>(text.size()));
+                model.writeAt(at, text);
+                break;
+            case 7:
+                if (below(3) != 0) break;
+                ASSERT_TRUE(files.truncate(handle)) << step;
+                model.data.resize(static_cast<std::size_t>(model.position));
+                break;
+        }
+#if defined(_WIN32)
+        files.seek(handle, static_cast<std::int32_t>(model.position), kFromStart);  // which readAt may have moved
+#endif
+        ASSERT_EQ(files.seek(handle, 0, kFromCurrent), model.position) << step;
+        ASSERT_EQ(files.size(handle), static_cast<std::int64_t>(model.data.size())) << step;
+    }
     EXPECT_TRUE(files.flush(handle));
     EXPECT_TRUE(files.close(handle));
-    EXPECT_EQ(place.get("new"), std::string("one two \0\0end", 13));
+    EXPECT_EQ(place.get("f"), model.data);
 }
 
 TEST_F(SystemFiles, ClosedAndMadeUpHandlesAreInvalid) {
-    std::int32_t stale = files.create(place.path("f").c_str(), 0);
+    std::int32_t stale = create("f");
     EXPECT_TRUE(files.close(stale));
-    for (std::int32_t handle : {stale, 0, -1, 7, 0x7FFFFFF0}) {
-        clearError();
+    for (std::int32_t handle : {stale, 0, -1, 0x7FFFFFF0, -4}) {
         char byte;
-        EXPECT_EQ(files.read(handle, &byte, 1), -1) << handle;
+        FileInformation information;
+        bool refused[] = {files.read(handle, &byte, 1) == -1,
+                          files.write(handle, "x", 1) == -1,
+                          files.seek(handle, 0, kFromStart) == -1,
+                          files.readAt(handle, 0, &byte, 1) == -1,
+                          files.writeAt(handle, 0, "x", 1) == -1,
+                          files.size(handle) == -1,
+                          !files.truncate(handle),
+                          !files.flush(handle),
+                          !files.lock(handle, 0, 1),
+                          !files.unlock(handle, 0, 1),
+                          !files.information(handle, information),
+                          !files.setTimes(handle, {})};
+        EXPECT_EQ(std::count(std::begin(refused), std::end(refused), true), std::ssize(refused)) << handle;
         EXPECT_EQ(error(), kInvalidHandle) << handle;
-        EXPECT_FALSE(files.close(handle)) << handle;
+    }
+    EXPECT_FALSE(files.close(stale));
+}
+
+TEST_F(SystemFiles, OpeningTellsWhyNot) {
+    place.put("file", "text");
+    place.put("fixed", "text");
+    setAttributes("fixed", kReadOnly);
+    system.tree->createDirectory(place.path("dir").c_str());
+    struct Row {
+        std::string name;
+        std::uint32_t mode, opened, created;  // the errors, 0 for none
+    };
+    const Row rows[] = {
+        {place.path("file"), kReadWrite, 0, 0},
+        {place.path("FILE"), kRead, 0, 0},
+        {place.path("dir\\..\\file"), kRead, 0, 0},
+        {place.path("none\\..\\file"), kRead, 0, 0},
+        {place.path("missing"), kRead, kFileNotFound, 0},
+        {place.path("missing\\x"), kRead, kPathNotFound, kPathNotFound},
+        {place.path("file\\x"), kRead, kPathNotFound, kPathNotFound},
+        {place.path("dir"), kRead, kAccessDenied, kAccessDenied},
+        {place.path("dir"), kReadWrite, kAccessDenied, kAccessDenied},
+        {place.path("fixed"), kRead, 0, kAccessDenied},
+        {place.path("fixed"), kWrite, kAccessDenied, kAccessDenied},
+        {place.path("fi*"), kRead, kInvalidName, kInvalidName},
+        {place.path("f?le"), kRead, kInvalidName, kInvalidName},
+        {place.path(std::string(300, 'x')), kRead, kFilenameTooLong, kFilenameTooLong},
+        {"Q:\\x", kRead, kPathNotFound, kPathNotFound},
+        {"", kRead, kPathNotFound, kPathNotFound},
+    };
+    for (const Row& row : rows) {
+        for (bool creates : {false, true}) {
+            system.process->setLastError(0);
+            std::int32_t handle = creates ? files.create(row.name.c_str(), 0) : files.open(row.name.c_str(), row.mode);
+            std::uint32_t expected = creates ? row.created : row.opened;
+            EXPECT_EQ(handle == -1 ? error() : 0, expected) << row.name << " " << row.mode << creates;
+            EXPECT_TRUE(handle == -1 || files.close(handle)) << row.name;
+        }
+        system.tree->erase(place.path("missing").c_str());
+    }
+    setAttributes("fixed", kNormal);
+}
+
+TEST_F(SystemFiles, AHandleDoesWhatItWasOpenedFor) {
+    place.put("f", "text");
+    std::int32_t reader = open("f", kRead), writer = open("f", kWrite);
+    EXPECT_EQ(read(reader, 9), "text");
+    EXPECT_EQ(write(reader, "x"), -1);
+    EXPECT_EQ(error(), kAccessDenied);
+    EXPECT_FALSE(files.truncate(reader));
+    EXPECT_EQ(error(), kAccessDenied);
+    EXPECT_EQ(read(writer, 1), "<5>");
+    EXPECT_EQ(write(writer, "T"), 1);
+    EXPECT_TRUE(files.close(reader) && files.close(writer));
+    EXPECT_EQ(place.get("f"), "Text");
+}
+
+TEST_F(SystemFiles, CreatingSetsAttributesAndSparesWhatIsHidden) {
+    struct Row {
+        std::uint32_t before, given, after;  // before: kNoAttributes if there is no file; after: 0 if refused
+    };
+    const Row rows[] = {
+        {kNoAttributes, 0, kArchive},
+        {kNoAttributes, kReadOnly, kReadOnly | kArchive},
+        {kNoAttributes, kHidden, kHidden | kArchive},
+        {kNoAttributes, kReadOnly | kHidden | kSystem, kReadOnly | kHidden | kSystem | kArchive},
+        {kArchive, 0, kArchive},
+        {kNormal, 0, kArchive},
+        {kArchive, kReadOnly, kReadOnly | kArchive},
+        {kHidden, 0, 0},
+        {kHidden, kHidden, kHidden | kArchive},
+        {kSystem, kHidden, 0},
+        {kSystem, kSystem | kHidden, kSystem | kHidden | kArchive},
+        {kReadOnly, 0, 0},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(testing::Message() << row.before << " " << row.given);
+        if (row.before != kNoAttributes) {
+            place.put("f", "before");
+            setAttributes("f", row.before);
+        }
+        std::int32_t handle = create("f", row.given);
+        EXPECT_EQ(handle == -1 ? error() : 0, row.after ? 0u : std::uint32_t{kAccessDenied});
+        if (handle != -1) {
+            EXPECT_EQ(write(handle, "new"), 3);
+            EXPECT_TRUE(files.close(handle));
+        }
+        EXPECT_EQ(attributes("f"), row.after ? row.after : row.before);
+        EXPECT_EQ(place.get("f"), row.after ? "new" : "before");
+        setAttributes("f", kNormal);
+        EXPECT_TRUE(system.tree->erase(place.path("f").c_str())) << error();
     }
 }
+
+TEST_F(SystemFiles, SharingModes) {
+    place.put("f");
+    const std::uint32_t accesses[] = {kRead, kWrite, kReadWrite};
+    const std::uint32_t shares[] = {kShareCompatible, kExclusive, kDenyWrite, kDenyRead, kDenyNone};
+    auto stands = [](std::uint32_t first, std::uint32_t second) {
+        bool reads = (second & 3) != kWrite, writes = (second & 3) != kRead;
+        std::uint32_t share = first & 0x70;
+        return !(reads && (share == kExclusive || share == kDenyRead)) &&
+               !(writes && (share == kExclusive || share == kDenyWrite));
+    };
+    for (std::uint32_t a : accesses) {
+        for (std::uint32_t b : shares) {
+            std::int32_t first = open("f", a | b);
+            ASSERT_NE(first, -1) << a << b;
+            for (std::uint32_t c : accesses) {
+                for (std::uint32_t d : shares) {
+                    std::int32_t second = open("f", c | d);
+                    bool both = stands(a | b, c | d) && stands(c | d, a | b);
+                    EXPECT_EQ(second == -1 ? error() : 0, both ? 0u : std::uint32_t{kSharingViolation})
+                        << std::hex << (a | b) << " " << (c | d);
+                    EXPECT_TRUE(second == -1 || files.close(second));
+                }
+            }
+            EXPECT_TRUE(files.close(first));
+        }
+    }
+    std::int32_t only = open("f", kRead | kDenyWrite);
+    EXPECT_EQ(create("f"), -1);
+    EXPECT_EQ(error(), kSharingViolation);
+    EXPECT_TRUE(files.close(only));
+}
+
+TEST_F(SystemFiles, RegionLocksAgainstAModel) {
+    place.put("f", "text");
+    struct Range {
+        int owner;
+        std::uint64_t start, length;
+    };
+    std::vector<Range> held;
+    std::vector<std::int32_t> handles = {open("f", kReadWrite), open("f", kReadWrite), open("f", kRead),
+                                         open("f", kRead), open("f", kWrite)};
+    std::mt19937 random(3);
+    const std::uint32_t starts[] = {0, 1, 2, 3, 4, 8, 1000, 0x7FFFFFFF, 0x80000000, 0xFFFFFFFF};
+    const std::uint32_t lengths[] = {1, 2, 3, 5, 0x80000000, 0xFFFFFFFF};
+    for (int step = 0; step < 3000; ++step) {
+        int owner = static_cast<int>(random() % handles.size());
+        std::uint32_t start = starts[random() % std::size(starts)], length = lengths[random() % std::size(lengths)];
+        std::int32_t& handle = handles[static_cast<std::size_t>(owner)];
+        auto isIt = [&](const Range& r) { return r.owner == owner && r.start == start && r.length == length; };
+        auto overlaps = [&](const Range& r) {
+            return start < r.start + r.length && r.start < start + std::uint64_t{length};
+        };
+        if (random() % 40 == 0) {
+            EXPECT_TRUE(files.close(handle));
+            handle = open("f", owner < 2 ? kReadWrite : owner < 4 ? kRead : kWrite);
+            ASSERT_NE(handle, -1);
+            std::erase_if(held, [&](const Range& r) { return r.owner == owner; });
+        } else if (!held.empty() && random() % 2) {
+            if (random() % 4) {
+                const Range& known = held[random() % held.size()];
+                owner = known.owner, start = static_cast<std::uint32_t>(known.start);
+                length = static_cast<std::uint32_t>(known.length);
+            }
+            bool known = std::any_of(held.begin(), held.end(), isIt);
+            ASSERT_EQ(files.unlock(handles[static_cast<std::size_t>(owner)], start, length), known) << step;
+            EXPECT_TRUE(known || error() == kNotLocked) << step;
+            std::erase_if(held, isIt);
+        } else {
+            bool free = std::none_of(held.begin(), held.end(), overlaps);
+            ASSERT_EQ(files.lock(handle, start, length), free) << step << " " << owner << " " << start << " " << length;
+            EXPECT_TRUE(free || error() == kLockViolation) << step;
+            if (free) held.push_back({owner, start, length});
+        }
+    }
+    for (std::int32_t handle : handles) EXPECT_TRUE(files.close(handle));
+}
+
+TEST_F(SystemFiles, ALockOfNoLengthLocksNothing) {
+    place.put("f", "text");
+    std::int32_t handle = open("f", kReadWrite), other = open("f", kReadWrite);
+    EXPECT_TRUE(files.lock(handle, 1, 0));
+    EXPECT_TRUE(files.lock(other, 0, 9));
+    EXPECT_TRUE(files.unlock(other, 0, 9));
+    EXPECT_TRUE(files.unlock(handle, 1, 0));
+    EXPECT_TRUE(files.close(handle) && files.close(other));
+}
+
+TEST_F(SystemFiles, TimesAreKeptToTheStep) {
+    place.put("f", "12345");
+    std::int32_t handle = open("f", kReadWrite);
+    FileInformation before, after;
+    ASSERT_TRUE(files.information(handle, before));
+    EXPECT_EQ(before.size, 5u);
+    EXPECT_EQ(before.attributes, kArchive);
+    constexpr FileTime kSome = 125'911'584'001'234'567;  // in the year 2000
+    ASSERT_TRUE(files.setTimes(handle, {.created = 0, .accessed = 0, .written = kSome})) << error();
+    ASSERT_TRUE(files.information(handle, after));
+    EXPECT_EQ(after.times.written, kSome);
+    EXPECT_EQ(after.times.accessed, before.times.accessed);
+    ASSERT_TRUE(files.setTimes(handle, {.created = 0, .accessed = kSome + 1, .written = 0}));
+    ASSERT_TRUE(files.information(handle, after));
+    EXPECT_EQ(after.times.written, kSome);
+    EXPECT_EQ(after.times.accessed, kSome + 1);
+    EXPECT_EQ(after.volumeSerial, before.volumeSerial);
+    EXPECT_TRUE(files.close(handle));
+}
+
+TEST_F(SystemFiles, ManyFilesAtOnce) {
+    std::vector<std::int32_t> handles;
+    for (int i = 0; i < 1500; ++i) {
+        handles.push_back(create("f" + std::to_string(i % 50)));
+        ASSERT_GT(handles.back(), 0) << i << " " << error();
+        EXPECT_EQ(handles.back() % 4, 0);
+        write(handles.back(), std::to_string(i));
+        files.seek(handles.back(), 0, kFromStart);
+    }
+    EXPECT_EQ(std::set(handles.begin(), handles.end()).size(), handles.size());
+    for (std::size_t i = 1450; i < 1500; ++i) EXPECT_EQ(read(handles[i], 9), std::to_string(i));
+    for (std::int32_t handle : handles) EXPECT_TRUE(files.close(handle));
+}
+
+TEST_F(SystemFiles, ThreadsOpenAndClose) {
+    std::atomic<int> done = 0;
+    auto run = [&](int thread) {
+        for (int i = 0; i < 300; ++i) {
+            std::string name = "t" + std::to_string(thread), text = name + " " + std::to_string(i);
+            std::int32_t handle = create(name);
+            bool written = write(handle, text) == static_cast<std::int32_t>(text.size());
+            bool back = files.seek(handle, 0, kFromStart) == 0 && read(handle, 99) == text;
+            done += written && back && files.close(handle);
+        }
+    };
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 4; ++i) threads.emplace_back(run, i);
+    for (std::thread& thread : threads) thread.join();
+    EXPECT_EQ(done, 1200);
+}
+
+#if !defined(_WIN32)
+
+// Another process that does something with the library and then sleeps until it is killed.
+class OtherProcess {
+ public:
+    template <typename Work>
+    explicit OtherProcess(Work work) {
+        int ends[2];
+        if (::pipe(ends) != 0) return;
+        id_ = ::fork();
+        if (id_ == 0) {
+            char done = work() ? 1 : 0;
+            (void)!::write(ends[1], &done, 1);
+            for (;;) ::pause();
+        }
+        char done = 0;
+        ready = ::read(ends[0], &done, 1) == 1 && done == 1;
+        ::close(ends[0]);
+        ::close(ends[1]);
+    }
+    ~OtherProcess() { kill(); }
+    void kill() {
+        if (id_ <= 0) return;
+        ::kill(id_, SIGKILL);
+        ::waitpid(id_, nullptr, 0);
+        id_ = -1;
+    }
+    bool ready = false;
+
+ private:
+    pid_t id_ = -1;
+};
+
+TEST_F(SystemFiles, OtherProcessesSeeSharingModesAndLocksUntilTheyEnd) {
+    place.put("f", "text");
+    std::int32_t mine = open("f", kReadWrite);
+    OtherProcess other([&] {
+        std::int32_t handle = open("f", kReadWrite | kDenyNone);
+        return handle != -1 && files.lock(handle, 10, 5);
+    });
+    ASSERT_TRUE(other.ready);
+    EXPECT_FALSE(files.lock(mine, 14, 1));
+    EXPECT_EQ(error(), kLockViolation);
+    EXPECT_TRUE(files.lock(mine, 15, 1));
+    EXPECT_TRUE(files.close(mine));
+    EXPECT_EQ(open("f", kRead | kExclusive), -1);
+    EXPECT_EQ(error(), kSharingViolation);
+    EXPECT_FALSE(system.tree->erase(place.path("f").c_str()));
+    EXPECT_EQ(error(), kSharingViolation);
+    other.kill();
+    std::int32_t alone = open("f", kReadWrite | kExclusive);
+    ASSERT_NE(alone, -1) << error();
+    EXPECT_TRUE(files.lock(alone, 0, 100));
+    OtherProcess late([&] { return open("f", kRead) == -1 && error() == kSharingViolation; });
+    EXPECT_TRUE(late.ready);
+    EXPECT_TRUE(files.close(alone));
+}
+
+TEST_F(SystemFiles, ProcessesThatOpenForThemselvesNeverHaveAFileTogether) {
+    place.put("f");
+    auto work = [&] {
+        for (int i = 0; i < 200; ++i) {
+            std::int32_t handle = open("f", kReadWrite | kExclusive);
+            if (handle == -1) continue;
+            std::int32_t inside = create("inside");
+            FileInformation information;
+            bool alone = files.information(inside, information) && files.close(inside) &&
+                         system.tree->erase(place.path("inside").c_str());
+            if (!alone || !files.close(handle)) return false;
+        }
+        return true;
+    };
+    OtherProcess a(work);
+    EXPECT_TRUE(a.ready);
+    pid_t ids[2];
+    for (pid_t& id : ids) {
+        id = ::fork();
+        if (id == 0) ::_exit(work() ? 0 : 1);
+    }
+    for (pid_t id : ids) {
+        int status = -1;
+        ::waitpid(id, &status, 0);
+        EXPECT_EQ(status, 0);
+    }
+}
+
+TEST_F(SystemFiles, WhatFallsShortTellsWhy) {
+    std::int32_t full = files.open("C:\\dev\\full", kReadWrite);
+    EXPECT_EQ(write(full, "x"), -1);
+    EXPECT_EQ(error(), kDiskFull);
+    EXPECT_TRUE(files.close(full));
+
+    std::int32_t handle = create("f");
+    rlimit before;
+    ::getrlimit(RLIMIT_FSIZE, &before);
+    auto handler = ::signal(SIGXFSZ, SIG_IGN);
+    rlimit low{.rlim_cur = 10, .rlim_max = before.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &low);
+    EXPECT_EQ(write(handle, "0123456789abc"), 10);
+    std::uint32_t reason = error();
+    EXPECT_EQ(write(handle, "more"), -1);
+    EXPECT_EQ(files.seek(handle, 0, kFromCurrent), 10);
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    ::signal(SIGXFSZ, handler);
+    EXPECT_EQ(reason, kFileTooLarge);
+    EXPECT_TRUE(files.close(handle));
+}
+
+TEST_F(SystemFiles, PositionsEndAt31Bits) {
+    std::int32_t handle = create("f");
+    EXPECT_EQ(files.seek(handle, 0x7FFFFFFF, kFromStart), 0x7FFFFFFF);
+    EXPECT_EQ(files.seek(handle, 1, kFromCurrent), -1);
+    EXPECT_EQ(error(), kInvalidParameter);
+    EXPECT_EQ(write(handle, "x"), -1);
+    EXPECT_EQ(error(), kInvalidParameter);
+    EXPECT_EQ(files.seek(handle, -2, kFromCurrent), 0x7FFFFFFD);
+    EXPECT_EQ(write(handle, "abc"), 2) << "up to there";
+    EXPECT_EQ(files.size(handle), 0x7FFFFFFF);
+    EXPECT_EQ(files.seek(handle, 1, kFromEnd), -1);
+    EXPECT_EQ(files.seek(handle, -2, kFromEnd), 0x7FFFFFFD);
+    EXPECT_EQ(read(handle, 9), "ab");
+    EXPECT_EQ(files.seek(handle, 5, 3), -1);
+    EXPECT_EQ(files.seek(handle, 5, -1), -1);
+    EXPECT_TRUE(files.close(handle));
+}
+
+TEST_F(SystemFiles, APipeDoesNotHang) {
+    ASSERT_EQ(::mkfifo(place.native("pipe").c_str(), 0600), 0);
+    ASSERT_EQ(open("pipe", kWrite), -1) << "nobody reads";
+    std::int32_t reader = open("pipe", kRead);
+    ASSERT_NE(reader, -1);
+    EXPECT_EQ(read(reader, 9), "");
+    std::int32_t writer = open("pipe", kWrite);
+    EXPECT_EQ(write(writer, "text"), 4);
+    EXPECT_EQ(read(reader, 9), "text");
+    EXPECT_TRUE(files.close(writer));
+    EXPECT_EQ(read(reader, 9), "") << "the end, for no one writes any more";
+    EXPECT_TRUE(files.close(reader));
+}
+
+#endif
 
 }  // namespace
 }  // namespace vx::test

@@ -99,7 +99,7 @@ std::int32_t LinuxFiles::handOut(Descriptor descriptor, bool reads, bool writes)
 // Opens a file with the access that the mode asks for. A file that is only written is opened for reading, too, where
 // that may be: marks are read locks.
 Descriptor openPath(const char* path, std::uint32_t mode, struct stat& state) {
-    bool writes = (mode & kReadWrite) != 0 || (mode & kWrite) != 0;
+    bool writes = (mode & (kWrite | kReadWrite)) != 0;
     bool onlyWrites = writes && !(mode & kReadWrite);
     auto openFor = [&](int access) {
         return uninterrupted([&] { return ::openat(AT_FDCWD, path, access | kOpenFlags); });
@@ -108,8 +108,11 @@ Descriptor openPath(const char* path, std::uint32_t mode, struct stat& state) {
     if (!descriptor && onlyWrites && errno == EACCES) descriptor = Descriptor(openFor(O_WRONLY));
     if (!descriptor || ::fstat(descriptor.get(), &state) != 0) return Descriptor();
     if (S_ISREG(state.st_mode) || S_ISDIR(state.st_mode)) return descriptor;
-    // A pipe's reader would never see the end of what it also writes.
-    if (onlyWrites && S_ISFIFO(state.st_mode)) descriptor = Descriptor(openFor(O_WRONLY));
+    // A pipe that is open for both never lacks its reader.
+    if (onlyWrites && S_ISFIFO(state.st_mode)) {
+        descriptor.reset();
+        descriptor = Descriptor(openFor(O_WRONLY));
+    }
     if (descriptor) ::fcntl(descriptor.get(), F_SETFL, ::fcntl(descriptor.get(), F_GETFL) & ~O_NONBLOCK);
     return descriptor;
 }

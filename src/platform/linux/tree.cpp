@@ -9,8 +9,10 @@
 
 #include "platform/linux/file_state.h"
 #include "platform/linux/last_error.h"
+#include "platform/linux/moving.h"
 #include "platform/linux/names.h"
 #include "platform/linux/search.h"
+#include "platform/linux/sharing.h"
 #include "platform/platform.h"
 
 namespace vx::platform {
@@ -38,6 +40,59 @@ bool findPlace(SystemName& path) {
             break;
     }
     return true;
+}
+
+// Keeps others from opening a file until this goes out of scope. Refused, with the reason, while it is open.
+class Hold {
+ public:
+    Hold(const char* path, const struct stat& state) {
+        if (!S_ISREG(state.st_mode)) return;
+        for (int attempt = 1;; ++attempt) {
+            descriptor_ = Descriptor(openAnyhow(path));
+            // What may not be opened is held by nobody that this could find.
+            if (!descriptor_ || placeMarks(descriptor_.get(), kDeniesReading | kDeniesWriting)) return;
+            if (attempt == kClaimAttempts) break;
+            descriptor_.reset();
+            pauseBetweenClaims();
+        }
+        refused_ = true;
+        setLastError(kSharingViolation);
+    }
+    bool refused() const { return refused_; }
+
+ private:
+    static int openAnyhow(const char* path) {
+        constexpr int kFlags = O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;
+        int descriptor = ::openat(AT_FDCWD, path, O_RDONLY | kFlags);
+        return descriptor >= 0 || errno != EACCES ? descriptor : ::openat(AT_FDCWD, path, O_WRONLY | kFlags);
+    }
+
+    Descriptor descriptor_;
+    bool refused_ = false;
+};
+
+// The name that a move gives: the one as it is written, also where that is the moved entry's own in another case.
+bool findTarget(const char* name, const SystemName& from, SystemName& target) {
+    if (!target.valid() || !target.makeAbsolute()) return false;
+    char written[kPathSize];
+    bool named = SystemName(name).splitLast(written);
+    switch (target.look()) {
+        case SystemName::Found::kOnlyDirectory:
+            return true;
+        case SystemName::Found::kNowhere:
+            return failedCall();
+        case SystemName::Found::kThere:
+            break;
+    }
+    char found[kPathSize];
+    if (!named || target.view() != from.view() || !target.splitLast(found)) return failed(false, kAlreadyExists);
+    return target.add(written) || failed(false, kFilenameTooLong);
+}
+
+bool isCurrentDirectory(const struct stat& state) {
+    struct stat current;
+    return ::fstatat(AT_FDCWD, ".", &current, 0) == 0 && current.st_dev == state.st_dev &&
+           current.st_ino == state.st_ino;
 }
 
 class LinuxTree final : public Tree {
@@ -77,16 +132,19 @@ bool LinuxTree::erase(const char* name) {
     if (!find(path, state)) return false;
     bool isLink = S_ISLNK(state.st_mode);
     if (!isLink && (S_ISDIR(state.st_mode) || isReadOnly(state.st_mode))) return failed(false, kAccessDenied);
-    return ::unlinkat(AT_FDCWD, path.text(), 0) == 0 || failedCall();
+    Hold hold(path.text(), state);
+    return !hold.refused() && (::unlinkat(AT_FDCWD, path.text(), 0) == 0 || failedCall());
 }
 
 bool LinuxTree::move(const char* from, const char* to) {
     SystemName path(from);
     struct stat state;
-    if (!find(path, state)) return false;
+    if (!path.valid() || !path.makeAbsolute() || !find(path, state)) return false;
     SystemName target(to);
-    if (!findPlace(target)) return false;
-    return ::renameat2(AT_FDCWD, path.text(), AT_FDCWD, target.text(), RENAME_NOREPLACE) == 0 || failedCall();
+    if (!findTarget(to, path, target)) return false;
+    if (target.view() == path.view()) return true;
+    Hold hold(path.text(), state);
+    return !hold.refused() && moveEntry(path.text(), state, target.text());
 }
 
 bool LinuxTree::createDirectory(const char* name) {
@@ -107,6 +165,7 @@ bool LinuxTree::removeDirectory(const char* name) {
     }
     if (!S_ISDIR(state.st_mode)) return failed(false, kDirectory);
     if (isReadOnly(state.st_mode)) return failed(false, kAccessDenied);
+    if (isCurrentDirectory(state)) return failed(false, kSharingViolation);
     return ::unlinkat(AT_FDCWD, path.text(), AT_REMOVEDIR) == 0 || failedCall();
 }
 

@@ -1,0 +1,131 @@
+#include "platform/linux/moving.h"
+
+#include <fcntl.h>
+#include <limits.h>
+#include <sys/xattr.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <memory>
+#include <new>
+
+#include "platform/linux/descriptor.h"
+#include "platform/linux/file_state.h"
+#include "platform/linux/last_error.h"
+
+namespace vx::platform {
+namespace {
+
+constexpr std::size_t kBlockSize = std::size_t{1} << 16;
+
+bool succeeded(long result) { return result == 0 || failed(false, systemErrorCode()); }
+
+bool remove(const char* path) { return succeeded(::unlinkat(AT_FDCWD, path, 0)); }
+
+// Ends a move that has made the target. If the source stays, the target goes.
+bool removeSource(const char* from, const char* to) {
+    if (remove(from)) return true;
+    std::uint32_t reason = lastError();
+    remove(to);
+    return failed(false, reason);
+}
+
+bool writeAll(int to, const char* from, std::size_t count) {
+    while (count != 0) {
+        ssize_t done = uninterrupted([&] { return ::write(to, from, count); });
+        if (done < 0) return false;
+        from += done;
+        count -= static_cast<std::size_t>(done);
+    }
+    return true;
+}
+
+// False, with errno, on failure.
+bool copyContent(int from, int to) {
+    ssize_t done;
+    do {
+        done = ::copy_file_range(from, nullptr, to, nullptr, std::size_t{1} << 30, 0);
+    } while (done > 0);
+    if (done == 0) return true;
+    std::unique_ptr<char[]> block(new (std::nothrow) char[kBlockSize]);
+    if (!block) {
+        errno = ENOMEM;
+        return false;
+    }
+    // On from where the faster way ended: both share the files' positions.
+    while ((done = uninterrupted([&] { return ::read(from, block.get(), kBlockSize); })) > 0) {
+        if (!writeAll(to, block.get(), static_cast<std::size_t>(done))) return false;
+    }
+    return done == 0;
+}
+
+// Owner and attributes as far as the other file system and the rights go; the times have to be kept.
+bool copyState(int from, const struct stat& state, int to) {
+    FileInformation information;
+    if (!readState(from, information)) return false;
+    if (::fchown(to, state.st_uid, state.st_gid) != 0 && errno != EPERM && errno != EINVAL) return false;
+    writeAttributes(to, information.attributes & ~std::uint32_t{kReadOnly});
+    ::fchmod(to, state.st_mode & 07777);
+    timespec times[] = {state.st_atim, state.st_mtim};
+    return ::futimens(to, times) == 0;
+}
+
+bool copyFile(const char* from, const char* to) {
+    Descriptor source(::openat(AT_FDCWD, from, O_RDONLY | O_NOFOLLOW | O_CLOEXEC));
+    struct stat state;
+    if (!source || ::fstat(source.get(), &state) != 0) return failed(false, systemErrorCode());
+    Descriptor target(::openat(AT_FDCWD, to, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+    if (!target) return failed(false, systemErrorCode());
+    bool done = copyContent(source.get(), target.get()) && copyState(source.get(), state, target.get()) &&
+                ::fsync(target.get()) == 0;
+    if (done) return true;
+    std::uint32_t reason = systemErrorCode();
+    remove(to);
+    return failed(false, reason);
+}
+
+bool copyLink(const char* from, const char* to) {
+    char target[PATH_MAX];
+    ssize_t length = ::readlinkat(AT_FDCWD, from, target, sizeof target - 1);
+    if (length < 0) return failed(false, systemErrorCode());
+    target[length] = '\0';
+    return succeeded(::symlinkat(target, AT_FDCWD, to));
+}
+
+bool moveToOtherSystem(const char* from, const struct stat& state, const char* to) {
+    bool isLink = S_ISLNK(state.st_mode);
+    if (!isLink && !S_ISREG(state.st_mode)) return failed(false, kAccessDenied);
+    if (!(isLink ? copyLink(from, to) : copyFile(from, to))) return false;
+    return removeSource(from, to);
+}
+
+// For file systems that cannot rename without replacing: a second name is refused where there is one already.
+bool moveByLink(const char* from, const struct stat& state, const char* to) {
+    if (!S_ISDIR(state.st_mode)) {
+        if (::linkat(AT_FDCWD, from, AT_FDCWD, to, 0) == 0) return removeSource(from, to);
+        if (errno == EEXIST) return failed(false, kAlreadyExists);
+    }
+    struct stat taken;
+    if (::fstatat(AT_FDCWD, to, &taken, AT_SYMLINK_NOFOLLOW) == 0) return failed(false, kAlreadyExists);
+    if (::renameat(AT_FDCWD, from, AT_FDCWD, to) == 0) return true;
+    // A directory into itself.
+    return failed(false, errno == EINVAL ? std::uint32_t{kAccessDenied} : systemErrorCode());
+}
+
+}  // namespace
+
+bool moveEntry(const char* from, const struct stat& state, const char* to) {
+    if (::renameat2(AT_FDCWD, from, AT_FDCWD, to, RENAME_NOREPLACE) == 0) return true;
+    switch (errno) {
+        case EXDEV:
+            return moveToOtherSystem(from, state, to);
+        case EINVAL:
+        case ENOSYS:
+            return moveByLink(from, state, to);
+        default:
+            return failed(false, systemErrorCode());
+    }
+}
+
+}  // namespace vx::platform
