@@ -169,16 +169,30 @@ bool LinuxTree::removeDirectory(const char* name) {
     return ::unlinkat(AT_FDCWD, path.text(), AT_REMOVEDIR) == 0 || failedCall();
 }
 
+// A matter of texts alone, so that also other drives and servers have full paths.
 std::uint32_t LinuxTree::fullPath(const char* name, char* path, std::uint32_t room) {
-    SystemName full(name);
+    const char* rest = name ? name : "";
+    Start start = takeStart(rest);
+    char rooted[kPathSize + 1];
+    if (start == Start::kOtherDrive) {
+        std::snprintf(rooted, sizeof rooted, "\\%s", isSeparator(name[2]) ? name + 3 : name + 2);
+    }
+    SystemName full(start == Start::kServer ? name + 1 : start == Start::kOtherDrive ? rooted : name);
     if (!full.valid() || !full.makeAbsolute()) return 0;
-    char text[PATH_MAX + 3];
+    char text[PATH_MAX + 4];
     std::size_t length = toDriveForm(full.view(), text, sizeof text - 1);
     if (length == 0) return failed(0u, kPathNotFound);
-    if (full.asDirectory() && text[length - 1] != '\\') text[length++] = '\\';
-    text[length] = '\0';
+    char* begin = text;
+    if (start == Start::kOtherDrive) begin[0] = name[0];
+    if (start == Start::kServer) {
+        begin += 1;
+        begin[0] = '\\';
+        --length;
+    }
+    if (full.asDirectory() && begin[length - 1] != '\\') begin[length++] = '\\';
+    begin[length] = '\0';
     if (length >= room) return static_cast<std::uint32_t>(length + 1);
-    std::memcpy(path, text, length + 1);
+    std::memcpy(path, begin, length + 1);
     return static_cast<std::uint32_t>(length);
 }
 
