@@ -1,0 +1,141 @@
+// Drives and directories of the system itself: the platform's own interface, before any stand-in takes its place.
+// Nothing here sets a label.
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+
+#include "tests/seam/seam.h"
+#include "tests/support/workplace.h"
+
+#if !defined(_WIN32)
+#include <sys/statvfs.h>
+#endif
+
+namespace vx::test {
+namespace {
+
+using namespace platform;
+
+class SystemVolumes : public testing::Test {
+ protected:
+    Platform system = *door()->platform;
+    Volumes& volumes = *system.volumes;
+    Workplace place;
+
+    std::uint32_t error() { return system.process->lastError(); }
+    std::string here() {
+        char path[kPathSize];
+        return volumes.currentDirectory(0, path, sizeof path) ? path : "<" + std::to_string(error()) + ">";
+    }
+};
+
+TEST_F(SystemVolumes, TheDriveOfTheWorkplaceExists) {
+    std::string root = place.path().substr(0, 3);
+    int number = root[0] - 'A' + 1;
+    EXPECT_TRUE(volumes.logicalDrives() >> (number - 1) & 1);
+    EXPECT_EQ(volumes.driveKind(root.c_str()), kFixedDrive);
+    EXPECT_EQ(volumes.driveKind("B:\\"), kNoRootDirectory);
+    VolumeInformation volume{};
+    ASSERT_TRUE(volumes.information(root.c_str(), volume)) << error();
+    EXPECT_STRNE(volume.fileSystem, "");
+    DiskSpace space{};
+    ASSERT_TRUE(volumes.space(root.c_str(), space)) << error();
+    EXPECT_GT(space.bytesPerSector, 0u);
+    EXPECT_GT(space.sectorsPerCluster, 0u);
+    EXPECT_LE(space.freeClusters, space.totalClusters);
+    std::uint64_t bytes = 0;
+    EXPECT_TRUE(volumes.freeBytes(root.c_str(), bytes));
+    EXPECT_GT(bytes, 0u);
+    EXPECT_FALSE(volumes.space("B:\\", space));
+    EXPECT_EQ(error(), kPathNotFound);
+    EXPECT_FALSE(volumes.freeBytes("B:\\", bytes));
+    EXPECT_FALSE(volumes.information("B:\\", volume));
+}
+
+TEST_F(SystemVolumes, TheCurrentDirectoryAndDrive) {
+    std::string before = here(), target = place.path();
+    ASSERT_TRUE(volumes.changeDirectory(target.c_str())) << error();
+    EXPECT_EQ(here(), target);
+    std::int32_t drive = target[0] - 'A' + 1;
+    EXPECT_EQ(volumes.currentDrive(), drive);
+    EXPECT_TRUE(volumes.setCurrentDrive(drive));
+    EXPECT_FALSE(volumes.setCurrentDrive(2));
+    EXPECT_FALSE(volumes.setCurrentDrive(0));
+    EXPECT_FALSE(volumes.setCurrentDrive(27));
+    char path[kPathSize] = "untouched";
+    EXPECT_FALSE(volumes.currentDirectory(drive, path, target.size()));
+    EXPECT_FALSE(volumes.currentDirectory(2, path, sizeof path));
+    EXPECT_STREQ(path, "untouched");
+    EXPECT_TRUE(volumes.currentDirectory(drive, path, target.size() + 1));
+    EXPECT_EQ(path, target);
+
+    system.tree->createDirectory("Sub");
+    place.put("file");
+    EXPECT_TRUE(volumes.changeDirectory("SUB"));
+#if defined(_WIN32)  // Wine shows a directory as it was written
+    EXPECT_EQ(here(), target + "\\SUB");
+#else
+    EXPECT_EQ(here(), target + "\\Sub");
+#endif
+    for (const char* name : {"missing", "..\\file", ""}) EXPECT_FALSE(volumes.changeDirectory(name)) << name;
+    EXPECT_TRUE(volumes.changeDirectory(".."));
+    EXPECT_EQ(here(), target);
+    EXPECT_TRUE(volumes.changeDirectory(before.c_str()));
+}
+
+#if !defined(_WIN32)
+
+TEST_F(SystemVolumes, SpaceIsTheSystems) {
+    for (const char* path : {"/", "/proc", "/dev/shm"}) {
+        struct statvfs expected;
+        DiskSpace space;
+        if (::statvfs(path, &expected) != 0) continue;
+        ASSERT_TRUE(volumes.space((std::string("C:") + path).c_str(), space)) << path;
+        EXPECT_EQ(std::uint64_t{space.totalClusters} * space.sectorsPerCluster * space.bytesPerSector,
+                  std::uint64_t{expected.f_blocks} * expected.f_frsize)
+            << path;
+    }
+    EXPECT_EQ(volumes.logicalDrives(), 4u);
+}
+
+TEST_F(SystemVolumes, SerialNumbersAgree) {
+    VolumeInformation volume;
+    ASSERT_TRUE(volumes.information(place.path().c_str(), volume));
+    std::int32_t handle = system.files->create(place.path("f").c_str(), 0);
+    FileInformation file;
+    ASSERT_TRUE(system.files->information(handle, file));
+    EXPECT_TRUE(system.files->close(handle));
+    EXPECT_NE(file.volumeSerial, 0u);
+    EXPECT_EQ(file.volumeSerial, volume.serial);
+}
+
+TEST_F(SystemVolumes, ThereAreNoLabels) {
+    VolumeInformation volume;
+    ASSERT_TRUE(volumes.information("C:\\", volume));
+    EXPECT_STREQ(volume.label, "");
+    EXPECT_FALSE(volumes.setLabel("C:\\", "X"));
+    EXPECT_TRUE(error() == kAccessDenied || error() == kWriteProtect);
+    EXPECT_FALSE(volumes.setLabel("C:\\proc", nullptr));
+}
+
+TEST_F(SystemVolumes, SystemDirectoriesAreThoseOfTheEnvironment) {
+    char path[40] = "untouched";
+    ::unsetenv("SystemRoot");
+    EXPECT_EQ(volumes.systemDirectory(path, sizeof path), 0u);
+    EXPECT_EQ(volumes.windowsDirectory(path, sizeof path), 0u);
+    ::setenv("SystemRoot", "C:\\winnt\\", 1);
+    EXPECT_EQ(volumes.windowsDirectory(path, 8), 0u);
+    EXPECT_STREQ(path, "untouched");
+    EXPECT_EQ(volumes.windowsDirectory(path, 9), 8u);
+    EXPECT_STREQ(path, "C:\\winnt");
+    EXPECT_EQ(volumes.systemDirectory(path, sizeof path), 17u);
+    EXPECT_STREQ(path, "C:\\winnt\\System32");
+    ::unsetenv("SystemRoot");
+}
+
+#endif
+
+}  // namespace
+}  // namespace vx::test
