@@ -1,7 +1,11 @@
 // The tree of names on Windows.
 #include <windows.h>
 
+#include <algorithm>
 #include <cstring>
+#include <mutex>
+#include <new>
+#include <vector>
 
 #include "platform/platform.h"
 
@@ -22,6 +26,36 @@ bool canBeGivenBack(const FoundEntry& entry) { return std::strchr(entry.name, '?
 bool isDirectoryLink(std::uint32_t attributes) {
     return attributes != kNoAttributes && (attributes & kLink) && (attributes & kDirectoryEntry);
 }
+
+// The searches that are open. For the system a search handle is an address, which it follows wherever it leads: one
+// that comes out of a caller's memory must be one of these.
+class OpenSearches {
+ public:
+    bool add(HANDLE search) {
+        std::lock_guard lock(changing_);
+        try {
+            open_.push_back(search);
+        } catch (const std::bad_alloc&) {
+            return false;
+        }
+        return true;
+    }
+    bool contains(HANDLE search) {
+        std::lock_guard lock(changing_);
+        return std::find(open_.begin(), open_.end(), search) != open_.end();
+    }
+    bool remove(HANDLE search) {
+        std::lock_guard lock(changing_);
+        auto found = std::find(open_.begin(), open_.end(), search);
+        if (found == open_.end()) return false;
+        open_.erase(found);
+        return true;
+    }
+
+ private:
+    std::mutex changing_;
+    std::vector<HANDLE> open_;
+};
 
 class WindowsTree final : public Tree {
  public:
@@ -44,22 +78,36 @@ class WindowsTree final : public Tree {
     std::int32_t findFirst(const char* pattern, FoundEntry& entry) override {
         HANDLE search = FindFirstFileA(pattern, record(entry));
         if (search == INVALID_HANDLE_VALUE) return -1;
-        std::int32_t handle = static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(search));
-        if (canBeGivenBack(entry) || findNext(handle, entry)) return handle;
+        bool found = canBeGivenBack(entry) || goOn(search, entry);
         DWORD reason = GetLastError();
+        if (found && open_.add(search)) return static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(search));
         FindClose(search);
-        SetLastError(reason == ERROR_NO_MORE_FILES ? ERROR_FILE_NOT_FOUND : reason);
+        bool nothing = !found && reason == ERROR_NO_MORE_FILES;
+        SetLastError(found ? ERROR_NOT_ENOUGH_MEMORY : nothing ? ERROR_FILE_NOT_FOUND : reason);
         return -1;
     }
 
     bool findNext(std::int32_t search, FoundEntry& entry) override {
-        while (FindNextFileA(handleOf(search), record(entry))) {
+        return open_.contains(handleOf(search)) ? goOn(handleOf(search), entry) : refuse();
+    }
+
+    bool findClose(std::int32_t search) override {
+        return open_.remove(handleOf(search)) ? FindClose(handleOf(search)) : refuse();
+    }
+
+ private:
+    static bool goOn(HANDLE search, FoundEntry& entry) {
+        while (FindNextFileA(search, record(entry))) {
             if (canBeGivenBack(entry)) return true;
         }
         return false;
     }
+    static bool refuse() {
+        SetLastError(ERROR_INVALID_HANDLE);
+        return false;
+    }
 
-    bool findClose(std::int32_t search) override { return FindClose(handleOf(search)); }
+    OpenSearches open_;
 };
 
 WindowsTree tree;
