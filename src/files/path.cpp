@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <atomic>
 #include <chrono>
+#include <iterator>
 
 #include "entries/path.h"
 #include "platform/platform.h"
@@ -190,9 +191,13 @@ std::size_t makeTemporaryName(const char* pattern, char* to) {
 
 constexpr int kMostTries = 100;
 
+// Any existing name is refused, also one that FCreatef would not see; the handle is closed at detach like its.
 std::int32_t createNew(const char* name, std::uint32_t attributes) {
-    if (platform::current().tree->attributes(name) != platform::kNoAttributes) return -1;
-    return platform::current().files->create(name, attributes);
+    if (platform::current().tree->attributes(name) != platform::kNoAttributes) return kNoHandle;
+    std::int32_t handle = platform::current().files->create(name, attributes);
+    auto* slot = std::find(std::begin(library.handles), std::end(library.handles), kNoHandle);
+    if (slot != std::end(library.handles)) *slot = handle;
+    return handle;
 }
 
 // A file that has the name of a directory refuses to become one, with the system's reason.

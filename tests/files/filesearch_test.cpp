@@ -74,7 +74,6 @@ TEST_F(Disk, MakesDirectoriesAndFilesAndFindsThem) {
         std::int32_t handle = lib().FUnique((deep + "\\u?????.*").c_str(), 0, name);
         EXPECT_NE(handle, -1);
         made.push_back(name.text());
-//FCLOSE
     }
     EXPECT_EQ(all(deep + "\\u*", 512).size(), 3u);
     std::string last = made.back().substr(deep.size() + 1);

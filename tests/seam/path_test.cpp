@@ -1,6 +1,8 @@
 // Full paths, chains of directories, new files under temporary names, and double-byte paths, on a made-up disk.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
 #include <set>
 #include <string>
 #include <vector>
@@ -110,6 +112,9 @@ TEST_F(PathSeam, NewFilesUnderTemporaryNames) {
         ASSERT_TRUE(node) << dest.text();
         EXPECT_EQ(node->attributes & 7, 1u);
         names.insert(dest.text());
+        auto* slot = std::find(std::begin(door()->library->handles), std::end(door()->library->handles), handle);
+        ASSERT_NE(slot, std::end(door()->library->handles)) << "recorded";
+        *slot = kNoHandle;
         EXPECT_TRUE(fake.disk.close(handle));
     }
     EXPECT_EQ(names.size(), 20u);
@@ -119,6 +124,8 @@ TEST_F(PathSeam, NewFilesUnderTemporaryNames) {
     Dest dest(32);
     EXPECT_EQ(lib().FUnique("C:\\tmp\\taken", 0, dest), -1);
     EXPECT_STREQ(dest, "");
+    fake.disk.find("C:\\tmp\\taken")->attributes = 0;
+    EXPECT_EQ(lib().FUnique("C:\\tmp\\taken", 0, dest), -1);
     EXPECT_EQ(fake.disk.find("C:\\tmp\\taken")->data, "kept");
     EXPECT_EQ(lib().FUnique("C:\\nowhere\\*", 0, dest), -1);
     EXPECT_EQ(lib().FUnique("C:\\tmp\\*", 0, nullptr), -1);
@@ -129,7 +136,7 @@ TEST_F(PathSeam, NewFilesUnderTemporaryNames) {
     for (int tries = 0; tries < 10 && handle == -1; ++tries) handle = lib().FUnique("C:\\tmp\\d?", 0, dest);
     EXPECT_NE(handle, -1);
     EXPECT_STREQ(dest, "C:\\tmp\\d3");
-    fake.disk.close(handle);
+    std::fill(std::begin(door()->library->handles), std::end(door()->library->handles), kNoHandle);
 }
 
 // 0x81 is a lead byte here; what follows it is half a character, whatever it looks like.
