@@ -70,18 +70,25 @@ std::vector<Need> needsOf(const Plan& plan) {
     return needs;
 }
 
+template <class What>
+void Recall::keepOne(std::vector<What>& kept, What what) {
+    if (kept.size() < kMost)
+        kept.push_back(std::move(what));
+    else
+        kept[turn_++ % kMost] = std::move(what);
+}
+
 void Recall::keep(const Plan& plan, std::int64_t result, const std::vector<std::string>& after) {
-    auto keepOne = [this](auto& kept, auto what) {
-        if (kept.size() < kMost)
-            kept.push_back(std::move(what));
-        else
-            kept[turn_++ % kMost] = std::move(what);
-    };
     if (plan.entry->result == Result::kHandle) keepOne(handles_, result);
-    if (plan.entry->result == Result::kTable) keepOne(tables_, result);
+    if (plan.entry->result == Result::kTable) keepTable(result);
     for (std::size_t i = 0; i < after.size(); ++i) {
         if (plan.entry->arguments[i].kind == Kind::kBlock && !plan.inputs[i].null) keepOne(blocks_, after[i]);
     }
+}
+
+// Those that are none need no calls of their own: others are made up.
+void Recall::keepTable(std::int64_t table) {
+    if (table != 0) keepOne(tables_, table);
 }
 
 std::string Recall::block(std::size_t size, Random& random) const {

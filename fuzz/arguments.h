@@ -42,14 +42,18 @@ bool isPointer(catalog::Kind kind);
 class Recall {
  public:
     void keep(const Plan& plan, std::int64_t result, const std::vector<std::string>& after);
+    void keepTable(std::int64_t table);
 
     std::int64_t handle(Random& random) const { return one(handles_, random); }
     std::int64_t table(Random& random) const { return one(tables_, random); }
+    const std::vector<std::int64_t>& tables() const { return tables_; }
     // A block of that size; empty if there is none.
     std::string block(std::size_t size, Random& random) const;
 
  private:
     static constexpr std::size_t kMost = 16;
+    template <class What>
+    void keepOne(std::vector<What>& kept, What what);
     static std::int64_t one(const std::vector<std::int64_t>& kept, Random& random);
 
     std::vector<std::int64_t> handles_;

@@ -23,6 +23,10 @@ class Caller {
     // Handles and blocks of earlier calls are no longer used.
     void forget() { recall_ = {}; }
 
+    // Tables that calls go on with: one that is open already, and all that there are.
+    void adopt(std::uint32_t table) { recall_.keepTable(table); }
+    const std::vector<std::int64_t>& tables() const { return recall_.tables(); }
+
     const std::string& complaint() const { return complaint_; }
     std::uint64_t callsMade() const { return callsMade_; }
     bool printing = false;  // tells each call before it is made

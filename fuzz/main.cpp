@@ -113,12 +113,17 @@ bool runRound(std::uint64_t seed, std::uint64_t round, std::vector<const catalog
     Random random = turn.randomFor("the round");
     world.renew(random);
     caller.forget();
+    for (const char* name : world.putTables()) {
+        for (std::int32_t mode : {2, 66}) caller.adopt(test::lib().DbfOpen(name, mode));  // alone, shared
+    }
     for (; turn.pass < kPasses; ++turn.pass) {
         shuffle(entries, random);
         for (const catalog::Entry* entry : entries) {
             if (!caller.tryEntry(*entry, turn)) return false;
         }
     }
+    // The files of tables are on this round's disk.
+    for (std::int64_t table : caller.tables()) test::lib().DbfClose(static_cast<std::uint32_t>(table));
     return true;
 }
 

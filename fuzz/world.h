@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
 #include "fuzz/random.h"
 #include "tests/lab/fakes.h"
@@ -15,6 +16,9 @@ class World {
     // Fresh fakes, at times with failures, and the state that the library has after loading: what a round does depends
     // on its number alone.
     void renew(Random& random);
+
+    // Puts small tables of all kinds on the made-up disk; their names.
+    std::vector<const char*> putTables();
 
  private:
     void takeState();

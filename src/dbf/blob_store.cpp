@@ -251,8 +251,7 @@ std::uint32_t readBlob(const Table& table, const Field& field, char* to) {
     if (!table.blob.isOpen() || start < static_cast<std::int64_t>(kBlobFileHeaderSize)) return 0;
     if (!table.blob.readAll(start, header, sizeof header) || le16(header) != kBlobMagic) return 0;
     // No more than the field says: that is what a caller makes room for.
-    std::uint32_t size = le32(header + 12);
-    if (std::uint32_t told = blobSizeIn(table, field)) size = std::min(size, told);
+    std::uint32_t size = std::min(le32(header + 12), blobSizeIn(table, field));
     return table.blob.read(start + static_cast<std::int64_t>(sizeof header), to, size);
 }
 

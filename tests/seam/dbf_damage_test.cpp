@@ -1,0 +1,140 @@
+// Damaged tables: each byte of small ones changed, and each file cut at every length. Whatever is in them, all that can
+// be done with a table ends, in buffers of the documented sizes, and the files do not grow beyond measure.
+#include <algorithm>
+#include <map>
+
+#include "tests/seam/tables.h"
+
+namespace vx::test {
+namespace {
+
+using FileSet = std::map<std::string, std::string>;
+
+class Damage : public TableTest {
+ protected:
+    static constexpr int kMostCalls = 3000;
+    static constexpr std::size_t kMostBytes = std::size_t{1} << 22;
+
+    // A table of a version with its companions.
+    static FileSet seed(int version) {
+        bool fox = version == 0xF5, blobs = (version & 0x40) && !fox, memos = version & 0x80;
+        std::vector<lab::FieldBytes> fields = {{"T", 'C', 4}, {"N", 'N', 5, 2}, {"X", 'X', 2}};
+        if (memos) fields.push_back({"M", 'M', 10});
+        if (blobs) fields.push_back({"B", 'B', 20});
+        std::vector<std::string> records;
+        for (int i = 1; i <= 3; ++i) {
+            records.push_back(" abcd 1.25xy" + (memos ? lab::memoReference(fox ? 7 + i : i) : "") +
+                              (blobs ? lab::blobReference(i == 3 ? 212 : 64, i == 3 ? 50 : 3) : ""));
+        }
+        FileSet files{{"T.DBF", lab::tableBytes(version, fields, records)}};
+        if (memos && !fox) files["T.DBT"] = lab::dbtBytes({"one", "two"}).substr(0, 1100);
+        if (fox) files["T.FPT"] = lab::fptBytes({"one", std::string(70, 'x')});
+        if (blobs) {
+            std::string blob = lab::bloBytes({"one", std::string(60, 'f'), std::string(50, 'y')});
+            // The second one is free.
+            blob.replace(2, 4, lab::little(128, 4)).replace(128, 20, lab::blobHeader(286, 0, 0, 60));
+            files["T.BLO"] = blob.replace(286 + 8, 4, lab::little(128, 4));
+        }
+        return files;
+    }
+
+    void readAndPut(std::uint32_t table, bool dbt) {
+        int fields = std::min(lib().DbfFieldCount(table), 40);
+        for (int i = 1; i <= fields; ++i) {
+            Dest name(11), type(2);
+            lib().DbfFieldName(table, i, name);
+            lib().DbfFieldPos(table, name);
+            lib().DbfFieldOff(table, i);
+            char letter = *lib().DbfFieldType(table, i, type);
+            std::size_t room = letter == 'M' && dbt ? kValueRoom - 1 : lib().DbfFieldSize(table, i);
+            if (letter != 'M' && letter != 'B') room = static_cast<std::size_t>(lib().DbfFieldLen(table, i));
+            // A blob's size is what the record says; there is never more of it than the file holds.
+            room = std::min(room, letter == 'B' ? kMostBytes : room) + 1;
+            ASSERT_LE(room, kMostBytes + 1);
+            Dest value(room);
+            ASSERT_LE(lib().strdbfFieldGet(table, i, value), room);
+            lib().DbfFieldPut(table, i, i % 2 ? "a new value, longer than it was" : "7");
+        }
+        recordOf(table);
+    }
+
+    void useAll(const FileSet& files, std::int32_t mode) {
+        for (auto& [name, content] : files) disk.put(name, content);
+        int before = disk.calls;
+        std::uint32_t table = lib().DbfOpen("T", mode);
+        if (table) {
+            bool dbt = static_cast<unsigned char>(bytes("T.DBF")[0]) != 0xF5;
+            for (int i = 0; i < 4; ++i) {
+                readAndPut(table, dbt);
+                lib().DbfIsDeleted(table) ? lib().DbfRecall(table) : lib().DbfDelete(table);
+                lib().DbfSkip(table, 1);
+            }
+            for (int record : {0, INT32_MAX, -3, static_cast<int>(lib().DbfLastrec(table))})
+                lib().DbfGoto(table, record);
+            readAndPut(table, dbt);
+            if (lib().DbfAppend(table, 2) > 0) readAndPut(table, dbt);
+            lib().DbfClose(table);
+        }
+        ASSERT_EQ(disk.openFiles(), 0u);
+        ASSERT_LE(disk.calls - before, kMostCalls);
+    }
+
+    void SetUp() override { disk.capacity = kMostBytes; }
+};
+
+constexpr int kVersions[] = {0x03, 0x23, 0x43, 0x63, 0x83, 0xA3, 0xC3, 0xE3, 0xF5};
+
+TEST_F(Damage, EachByteChanged) {
+    int tables = 0;
+    for (int version : kVersions) {
+        FileSet files = seed(version);
+        for (auto& [name, content] : files) {
+            // The companions of one version are those of all others, too.
+            if (name != "T.DBF" && version != 0xE3 && version != 0xF5) continue;
+            const std::string sound = content;
+            for (std::size_t at = 0; at < sound.size(); ++at) {
+                for (int value : {0x00, 0xFF, sound[at] ^ 0x80, sound[at] ^ 0x01, sound[at] + 1, sound[at] + 0x20}) {
+                    content[at] = static_cast<char>(value);
+                    ASSERT_NO_FATAL_FAILURE(useAll(files, ++tables % 2 ? kPrivateMode : kSharedMode))
+                        << std::hex << version << " " << name << " at " << at << ": " << (value & 0xFF);
+                }
+                content = sound;
+            }
+        }
+    }
+    EXPECT_GT(tables, 10000);
+}
+
+TEST_F(Damage, TwoBytesChanged) {
+    RandomTexts random(11);
+    std::vector<FileSet> seeds = {seed(0xE3), seed(0xF5)};
+    for (int i = 0; i < 10000; ++i) {
+        FileSet files = seeds[static_cast<std::size_t>(i % 2)];
+        for (int change = 0; change < 2; ++change) {
+            auto file = std::next(files.begin(), random.number(0, static_cast<int>(files.size()) - 1));
+            // Most often where numbers are.
+            int end = static_cast<int>(file->second.size()) - 1;
+            auto at = static_cast<std::size_t>(random.number(0, random.number(0, 1) ? std::min(end, 300) : end));
+            file->second[at] = static_cast<char>(random.number(0, 255));
+        }
+        ASSERT_NO_FATAL_FAILURE(useAll(files, i % 4 < 2 ? kPrivateMode : kSharedMode)) << i;
+    }
+}
+
+TEST_F(Damage, CutAtEveryLength) {
+    for (int version : kVersions) {
+        FileSet files = seed(version);
+        for (auto& [name, content] : files) {
+            const std::string sound = content;
+            for (std::size_t size = 0; size <= sound.size(); ++size) {
+                content = sound.substr(0, size);
+                for (std::int32_t mode : {kPrivateMode, kSharedMode, 0})
+                    ASSERT_NO_FATAL_FAILURE(useAll(files, mode)) << std::hex << version << " " << name << " " << size;
+            }
+            content = sound;
+        }
+    }
+}
+
+}  // namespace
+}  // namespace vx::test
