@@ -268,7 +268,7 @@ std::int64_t append(Table& table, std::uint32_t count) {
     std::int64_t first = std::int64_t{table.count()} + 1;
     std::int64_t end = table.positionOf(first + count);
     std::int64_t start = table.positionOf(first);
-    if (end > std::int64_t{platform::kLastPosition} + 1) return 0;
+    if (end > platform::kLastPosition) return 0;
     if (!writeBlanks(table.file, start, table.recordSize(), count) || !countRecords(table, first + count - 1)) {
         takeBack(table, start, end);
         return 0;

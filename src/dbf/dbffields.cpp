@@ -44,54 +44,65 @@ std::int32_t findField(std::uint32_t handle, const char* name) {
 
 bool isCompanion(char type) { return type == 'M' || type == 'B' || type == 'V'; }
 
-bool isTerminated(char type) { return std::strchr("CDLNF", type) != nullptr && type != '\0'; }
+bool isTerminated(char type) {
+    switch (type) {
+        case 'C':
+        case 'D':
+        case 'F':
+        case 'L':
+        case 'N':
+            return true;
+        default:
+            return false;
+    }
+}
 
 std::uint32_t getMemo(const Table& table, const Field& field, char* to) {
     std::int64_t block = referenceIn(table, field);
     bool dbt = table.memoStyle == MemoStyle::kDbt;
     std::uint32_t size = dbt ? readDbtMemo(table, block, to) : readFptMemo(table, block, to);
     to[size] = '\0';
-    return static_cast<std::uint32_t>(strnlen(to, size));
-}
-
-// How many bytes the value has; a text ends at a NUL that is in it.
-std::uint32_t getStored(const Table& table, const Field& field, char* to) {
-    auto size = static_cast<std::uint32_t>(table.widthWithin(field));
-    if (table.noRecord) {
-        std::memset(to, ' ', size);
-    } else {
-        std::memcpy(to, table.at(field), size);
-    }
-    if (!isTerminated(field.type)) return size;
-    to[size] = '\0';
-    return static_cast<std::uint32_t>(strnlen(to, size));
-}
-
-std::uint32_t getValue(Table& table, Field& field, char* to) {
-    std::uint32_t size = 0;
-    if (!isCompanion(field.type)) {
-        size = getStored(table, field, to);
-    } else if (table.noRecord) {
-        *to = '\0';
-    } else if (field.type == 'M') {
-        size = getMemo(table, field, to);
-    } else if (field.type == 'B') {
-        size = readBlob(table, field, to);
-        if (size == 0) *to = '\0';
-    } else if (field.compute) {
-        size = field.compute(table, field, to);
-    } else {
-        *to = '\0';
-    }
-    if (field.notify) field.notify(table, field, kFieldRead);
     return size;
 }
 
+std::uint32_t getStored(const Table& table, const Field& field, char* to) {
+    auto size = static_cast<std::size_t>(table.widthWithin(field));
+    if (table.noRecord) {
+        std::memset(to, ' ', size);
+    } else {
+        moveBytes(to, table.at(field), size);
+    }
+    if (isTerminated(field.type)) to[size] = '\0';
+    return static_cast<std::uint32_t>(size);
+}
+
+std::uint32_t getOther(Table& table, Field& field, char* to) {
+    std::uint32_t size = 0;
+    if (!table.noRecord && field.type == 'M') return getMemo(table, field, to);
+    if (!table.noRecord && field.type == 'B') size = readBlob(table, field, to);
+    if (!table.noRecord && field.type == 'V' && field.compute) size = field.compute(table, field, to);
+    if (size == 0) *to = '\0';
+    return size;
+}
+
+// How many bytes the value has. Without a table and a field it is an empty text.
 std::uint32_t getValue(const Place& place, char* to) {
     if (!to) return 0;
-    if (place) return getValue(*place.table, *place.field, to);
-    *to = '\0';
-    return 0;
+    if (!place) {
+        *to = '\0';
+        return 0;
+    }
+    std::uint32_t size = isCompanion(place.field->type) ? getOther(*place.table, *place.field, to)
+                                                        : getStored(*place.table, *place.field, to);
+    if (place.field->notify) place.field->notify(*place.table, *place.field, kFieldRead);
+    return size;
+}
+
+// The same for texts up to a NUL that is in them.
+std::uint32_t lengthOfValue(const Place& place, char* to) {
+    std::uint32_t size = getValue(place, to);
+    bool isText = place && (isTerminated(place.field->type) || place.field->type == 'M');
+    return isText && to ? static_cast<std::uint32_t>(strnlen(to, size)) : size;
 }
 
 void putPadded(char* to, std::size_t width, std::string_view value) {
@@ -226,7 +237,7 @@ ENTRY(char*, DbfFieldGet)(uint32_t handle, int32_t number, char* buffer) noexcep
 }
 
 ENTRY(uint32_t, strdbfFieldGet)(uint32_t handle, int32_t number, char* buffer) noexcept {
-    return getValue({handle, number}, buffer);
+    return lengthOfValue({handle, number}, buffer);
 }
 
 ENTRY(char*, DbfField)(uint32_t handle, const char* name, char* buffer) noexcept {
@@ -235,7 +246,7 @@ ENTRY(char*, DbfField)(uint32_t handle, const char* name, char* buffer) noexcept
 }
 
 ENTRY(uint32_t, strdbfField)(uint32_t handle, const char* name, char* buffer) noexcept {
-    return getValue({handle, findField(handle, name)}, buffer);
+    return lengthOfValue({handle, findField(handle, name)}, buffer);
 }
 
 ENTRY(int32_t, DbfFieldPut)(uint32_t handle, int32_t number, const char* value) noexcept {

@@ -5,10 +5,10 @@
 namespace vx::dbf {
 namespace {
 
-// Nothing of a table lies behind the last position.
+// Nothing of a table ends behind the last position.
 bool reaches(std::int64_t position, std::size_t count) {
-    return position >= 0 && count <= platform::kLastPosition && position <= platform::kLastPosition &&
-           position + static_cast<std::int64_t>(count) <= std::int64_t{platform::kLastPosition} + 1;
+    return position >= 0 && position <= platform::kLastPosition &&
+           count <= static_cast<std::uint64_t>(platform::kLastPosition - position);
 }
 
 }  // namespace
@@ -26,8 +26,8 @@ bool File::close() {
 }
 
 std::uint32_t File::read(std::int64_t position, void* to, std::size_t count) const {
-    if (position < 0 || position > platform::kLastPosition || count == 0) return 0;
-    if (!reaches(position, count)) count = static_cast<std::size_t>(platform::kLastPosition + 1 - position);
+    if (position < 0 || position >= platform::kLastPosition || count == 0) return 0;
+    if (!reaches(position, count)) count = static_cast<std::size_t>(platform::kLastPosition - position);
     std::int32_t done = files().readAt(handle_, position, to, static_cast<std::uint32_t>(count));
     return done > 0 ? static_cast<std::uint32_t>(done) : 0;
 }

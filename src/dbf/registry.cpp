@@ -30,12 +30,12 @@ constinit std::mutex changing;
 constinit std::uint32_t made = 0;  // chunks
 constinit std::uint32_t firstFree = kNone;
 
-Slot* slotAt(std::uint32_t index) {
+inline Slot* slotAt(std::uint32_t index) {
     Chunk* chunk = chunks[index / kChunkSize].load(std::memory_order_acquire);
     return chunk ? &(*chunk)[index % kChunkSize] : nullptr;
 }
 
-Slot* slotOf(std::uint32_t handle) {
+inline Slot* slotOf(std::uint32_t handle) {
     if (handle >> 31) return nullptr;
     Slot* slot = slotAt(handle & ((1u << kIndexBits) - 1));
     return slot && handle != 0 && slot->handle.load(std::memory_order_acquire) == handle ? slot : nullptr;
