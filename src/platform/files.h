@@ -85,8 +85,8 @@ class Files {
     // The new position, -1 if it would be negative or beyond kLastPosition; it then is where it was.
     virtual std::int32_t seek(std::int32_t handle, std::int32_t offset, std::int32_t origin) = 0;
 
-    // read and write at a position, in one system call. Where the handle stands afterwards is left open: who shows the
-    // position to others puts it back.
+    // read and write at a position, in one system call; reading goes beyond kLastPosition, too. Where the handle stands
+    // afterwards is left open: who shows the position to others puts it back.
     virtual std::int32_t readAt(std::int32_t handle, std::int64_t position, void* to, std::uint32_t count) = 0;
     virtual std::int32_t writeAt(std::int32_t handle, std::int64_t position, const void* from, std::uint32_t count) = 0;
 

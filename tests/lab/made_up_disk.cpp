@@ -314,7 +314,7 @@ bool MadeUpDisk::information(std::int32_t handle, FileInformation& information) 
                    .times = node.times,
                    .volumeSerial = 0x1234ABCD,
                    .size = node.data.size(),
-                   .identity = {1, reinterpret_cast<std::uintptr_t>(&node)}};
+                   .identity = {1, tellsIdentity ? reinterpret_cast<std::uintptr_t>(&node) : 0}};
     return true;
 }
 
@@ -331,6 +331,7 @@ bool MadeUpDisk::setTimes(std::int32_t handle, const FileTimes& times) {
 
 std::uint32_t MadeUpDisk::attributes(const char* name) {
     if (fails()) return kNoAttributes;
+    if (!*name) return refuse(kNoAttributes, kPathNotFound);
     if (absolute(name) == "C:") return kDirectoryEntry;
     auto found = at(name);
     return found == nodes_.end() ? refuse(kNoAttributes, kFileNotFound) : shownAttributes(*found->second);

@@ -45,6 +45,7 @@ class MadeUpDisk final : public platform::Files, public platform::Tree {
 
     Fault fault;
     std::function<void()> onCall;                 // what others do to the disk before each call does its work
+    bool tellsIdentity = true;                    // of open files
     int calls = 0;                                // since the disk was made, or since the last reset
     std::size_t capacity = std::size_t{1} << 24;  // bytes in all files
     std::string directory = "C:\\";               // where names without a directory start

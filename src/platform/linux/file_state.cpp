@@ -76,6 +76,7 @@ void fill(const File& file, const struct statx& state, FileInformation& informat
     times.created = state.stx_mask & STATX_BTIME ? fileTimeOf(state.stx_btime)
                                                  : std::min(times.written, fileTimeOf(state.stx_ctime));
     information.size = S_ISDIR(mode) ? 0 : state.stx_size;
+    information.identity = {std::uint64_t{state.stx_dev_major} << 32 | state.stx_dev_minor, state.stx_ino};
 }
 
 // What a file may be written by again after it was read-only: who reads it, as far as new files allow.

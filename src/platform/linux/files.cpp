@@ -200,7 +200,8 @@ std::int32_t LinuxFiles::read(std::int32_t handle, void* to, std::uint32_t count
     OpenFile* file = opened(handle);
     if (!file) return -1;
     std::int64_t position = file->position.load(std::memory_order_relaxed);
-    std::int32_t done = readAt(handle, position, to, count);
+    if (position >= kLastPosition) return failed(-1, kInvalidParameter);
+    std::int32_t done = readAt(handle, position, to, allowed(position, count));
     if (done > 0) file->position.store(position + done, std::memory_order_relaxed);
     return done;
 }
@@ -218,8 +219,8 @@ std::int32_t LinuxFiles::readAt(std::int32_t handle, std::int64_t position, void
     OpenFile* file = opened(handle);
     if (!file) return -1;
     if (!file->reads) return failed(-1, kAccessDenied);
-    if (position < 0 || position >= kLastPosition) return failed(-1, kInvalidParameter);
-    ssize_t done = readFrom(file->descriptor.load(std::memory_order_relaxed), position, to, allowed(position, count));
+    if (position < 0) return failed(-1, kInvalidParameter);
+    ssize_t done = readFrom(file->descriptor.load(std::memory_order_relaxed), position, to, count);
     return done >= 0 ? static_cast<std::int32_t>(done) : failedCall();
 }
 

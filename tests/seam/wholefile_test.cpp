@@ -1,0 +1,385 @@
+// Whole files on a made-up disk: everything that can fail does, at every call.
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "tests/seam/seam.h"
+#include "tests/support/text.h"
+#include "tests/support/workplace.h"
+
+namespace vx::test {
+namespace {
+
+constexpr char kSource[] = "C:\\DATA\\SOURCE";
+constexpr char kTarget[] = "C:\\DATA\\TARGET";
+constexpr std::uint32_t kCause = 777;
+const platform::FileTimes kStamps{111, 222, 333};
+
+std::string content(std::size_t size, unsigned seed = 1) {
+    std::string text(size, '\0');
+    std::mt19937 engine(seed);
+    for (char& c : text) c = static_cast<char>(engine());
+    return text;
+}
+
+std::string enciphered(std::string text, std::size_t block = 32768) {
+    for (std::size_t i = 0; i < text.size(); ++i) text[i] = static_cast<char>(text[i] ^ "kTRAVO"[i % block % 6]);
+    return text;
+}
+
+class WholeFile : public testing::Test {
+ protected:
+    lab::FakePlatform fake{door()};
+    lab::MadeUpDisk& disk = fake.disk;
+    std::uint32_t& error = fake.process.error;
+
+    // An empty text where there is no file.
+    std::string get(const std::string& name) { return disk.find(name) ? disk.find(name)->data : ""; }
+
+    // Lets each call fail in turn, and each transfer fall short, until the run is over. `check` gets whether the call
+    // that failed was reached, after which the reason must be told by a run that `failed`.
+    void faults(const std::function<void()>& prepare, const std::function<int()>& run,
+                const std::function<bool(int result)>& failed) {
+        for (bool fallsShort : {false, true}) {
+            int n = 0;
+            do {
+                SCOPED_TRACE(testing::Message() << (fallsShort ? "short at call " : "fails at call ") << ++n);
+                disk.fault = {};
+                for (const std::string& name : disk.names()) {
+                    if (name.back() != '\\') disk.erase(name.c_str());
+                }
+                prepare();
+                disk.calls = 0;
+                disk.fault = {.atCall = n, .fallsShort = fallsShort, .code = kCause};
+                std::size_t open = disk.openFiles();
+                error = 5;
+                int result = run();
+                if (failed(result)) {
+                    EXPECT_EQ(error, kCause);
+                    EXPECT_LE(n, disk.calls) << "failed by itself";
+                }
+                EXPECT_EQ(disk.openFiles(), open);
+                EXPECT_EQ(disk.openSearches(), 0u);
+            } while (n <= disk.calls && n < 200);
+            EXPECT_LT(n, 200);
+            EXPECT_GT(n, 1);
+        }
+    }
+};
+
+TEST_F(WholeFile, FailedCopiesLeaveNothing) {
+    const std::string whole = content(1'200'000);
+    for (bool older : {false, true}) {
+        auto prepare = [&] {
+            disk.put(kSource, whole).times = kStamps;
+            if (older) disk.put(kTarget, "older");
+        };
+        faults(
+            prepare, [] { return lib().FCcopy(kSource, kTarget); },
+            [&](int result) {
+                EXPECT_EQ(get(kSource), whole);
+                bool done = result == static_cast<int>(whole.size());
+                EXPECT_TRUE(done || result == -1) << result;
+                bool untouched = older && get(kTarget) == "older";
+                EXPECT_TRUE(done ? get(kTarget) == whole : untouched || !disk.find(kTarget));
+                return !done;
+            });
+        EXPECT_EQ(disk.find(kTarget)->times, kStamps);
+    }
+}
+
+TEST_F(WholeFile, CopiesOfBytesEndWhereTheyFail) {
+    const std::string whole = content(700'000);
+    std::int32_t from = 0, to = 0;
+    auto prepare = [&] {
+        for (std::int32_t handle : {from, to}) disk.close(handle);
+        disk.put(kSource, whole);
+        from = disk.open(kSource, platform::kRead);
+        to = disk.create(kTarget, 0);
+    };
+    for (int count : {0, -1, 1, 524288, 524289, 600'000, 700'000, 2'147'483'647}) {
+        std::size_t expected = std::min(whole.size(), static_cast<std::size_t>(std::max(count, 0)));
+        prepare();
+        EXPECT_EQ(lib().FCopyByte(from, to, count), static_cast<int>(expected)) << count;
+        EXPECT_EQ(get(kTarget), whole.substr(0, expected));
+        for (std::int32_t handle : {from, to}) {
+            EXPECT_EQ(disk.seek(handle, 0, platform::kFromCurrent), static_cast<int>(expected));
+            disk.close(handle);
+        }
+        disk.erase(kTarget);
+    }
+    EXPECT_EQ(lib().FCopyByte(from, 4444, 1), -1);
+    disk.put(kSource, whole);
+    for (int n = 1; n <= 5; ++n) {
+        prepare();
+        disk.calls = 0;
+        disk.fault = {.atCall = n, .code = kCause};
+        EXPECT_EQ(lib().FCopyByte(from, to, 600'000), n <= 4 ? -1 : 600'000) << n;
+        EXPECT_EQ(disk.openFiles(), 2u);
+        disk.fault = {};
+    }
+}
+
+TEST_F(WholeFile, FullDisks) {
+    const std::string whole = content(900'000);
+    for (std::size_t room : {0, 1, 600'000, 899'999}) {
+        for (auto call : {lib().FCcopy, lib().FEncrypt}) {
+            disk.put(kSource, whole);
+            disk.put(kTarget, "older");
+            disk.capacity = whole.size() + room;
+            EXPECT_EQ(call(kSource, kTarget), call == lib().FCcopy ? -1 : 0) << room;
+            EXPECT_EQ(error, platform::kDiskFull);
+            EXPECT_FALSE(disk.find(kTarget));
+            EXPECT_EQ(get(kSource), whole);
+        }
+    }
+    std::int32_t handle = disk.create(kTarget, 0);
+    disk.capacity = whole.size() + 10;
+    EXPECT_EQ(lib().FReplicate(handle, "abc", 9), 4) << "the one that failed counts";
+    EXPECT_EQ(lib().FReplicate(handle, "x", 1), 1);
+    EXPECT_EQ(lib().FReplicate(handle, "", 5), 5);
+    EXPECT_EQ(lib().FReplicate(handle, nullptr, -5), -5);
+    EXPECT_EQ(lib().FReplicate(handle, "x", -5), 0);
+    EXPECT_EQ(lib().FReplicate(4444, "x", 5), 1);
+    EXPECT_EQ(get(kTarget), "abcabcabcx");
+    disk.close(handle);
+    for (int n = 1; n <= 4; ++n) {
+        for (bool fallsShort : {false, true}) {
+            handle = disk.create(kTarget, 0);
+            disk.calls = 0;
+            disk.fault = {.atCall = n, .fallsShort = fallsShort, .code = kCause};
+            EXPECT_EQ(lib().FReplicate(handle, "ab", 3), std::min(n, 3));
+            EXPECT_EQ(get(kTarget).size(), n > 3 ? 6u : 2u * n - (fallsShort ? 1 : 2));
+            disk.fault = {};
+            disk.close(handle);
+        }
+    }
+}
+
+TEST_F(WholeFile, NoFileIsCopiedOntoItself) {
+    for (bool known : {true, false}) {
+        disk.tellsIdentity = known;
+        for (const char* same : {kSource, "c:/data/source", "C:\\DATA\\.\\X\\..\\Source", "source"}) {
+            disk.directory = "C:\\DATA";
+            disk.put(kSource, "precious");
+            EXPECT_EQ(lib().FCcopy(kSource, same), -1) << same;
+            EXPECT_EQ(error, platform::kSharingViolation);
+            EXPECT_EQ(get(kSource), "precious");
+            EXPECT_EQ(lib().FMove(same, "C:\\DATA", 1), -1) << same;
+            EXPECT_EQ(get(kSource), "precious");
+            EXPECT_EQ(lib().FEncrypt(kSource, same), 1) << same;
+            EXPECT_EQ(get(kSource), enciphered("precious"));
+        }
+        EXPECT_EQ(lib().FCcopy(kSource, kTarget), 8);
+        EXPECT_EQ(lib().FCcopy(kSource, kTarget), 8) << "replaced";
+    }
+    disk.put(kTarget, "kept").attributes = platform::kReadOnly;
+    EXPECT_EQ(lib().FCcopy(kSource, kTarget), -1);
+    EXPECT_EQ(error, platform::kAccessDenied);
+    EXPECT_EQ(get(kTarget), "kept");
+    EXPECT_EQ(disk.openFiles(), 0u);
+}
+
+TEST_F(WholeFile, Moves) {
+    constexpr char kMoved[] = "C:\\NEW\\DEEP\\SOURCE";
+    const std::string whole = content(1000);
+    auto prepare = [&] { disk.put(kSource, whole).times = kStamps; };
+    for (int flag : {0, 1, 2, -1}) {
+        faults(
+            prepare, [flag] { return lib().FMove(kSource, "C:\\NEW\\DEEP", flag); },
+            [&](int result) {
+                EXPECT_TRUE(result == 0 || result == -1 || (result == 1 && flag == 1)) << result;
+                EXPECT_EQ(disk.find(kSource) == nullptr, result == 0 && flag == 1);
+                EXPECT_TRUE(get(kMoved) == whole || (result == -1 && !disk.find(kMoved)));
+                return result != 0;
+            });
+        EXPECT_EQ(disk.find(kMoved)->times, kStamps);
+    }
+    disk.fault = {};
+    prepare();
+    struct Row {
+        std::optional<std::uint64_t> free;
+        const char* directory;
+        int result;
+        std::uint32_t error;
+    };
+    fake.volumes.drives['F'].error = platform::kNotReady;
+    for (const auto& [free, directory, result, code] :
+         {Row{1000, "C:\\A", 0, 0}, Row{999, "C:\\B", -1, platform::kDiskFull}, Row{999, "B", -1, platform::kDiskFull},
+          Row{std::uint64_t{5} << 32, "C:\\D", 0, 0}, Row{1000, "F:\\E", -1, platform::kNotReady},
+          Row{1000, "", -1, platform::kSharingViolation}, Row{1000, "C:", -1, platform::kSharingViolation},
+          Row{1000, "C:\\DATA\\SOURCE", -1, platform::kAlreadyExists}, Row{1000, "C:\\Smith, John", 0, 0},
+          Row{1000, nullptr, -1, platform::kSharingViolation}}) {
+        disk.directory = "C:\\DATA";
+        disk.putDirectory("C:\\Smith, John");
+        fake.volumes.bytesFree = free;
+        EXPECT_EQ(lib().FMove(kSource, directory, 0), result) << directory;
+        EXPECT_EQ(result == 0 ? 0 : error, code) << directory;
+    }
+    for (const char* gone : {"C:\\B", "C:\\DATA\\B", "C:\\DATA\\ John"}) EXPECT_FALSE(disk.find(gone)) << gone;
+    EXPECT_EQ(get("C:\\Smith, John\\SOURCE"), whole);
+    EXPECT_EQ(get("C:\\D\\SOURCE"), whole);
+}
+
+TEST_F(WholeFile, ComparingWhatFails) {
+    const std::string whole = content(150'000);
+    auto prepare = [&] {
+        disk.put(kSource, whole);
+        disk.put(kTarget, whole + "more");
+    };
+    faults(
+        prepare, [] { return lib().FCompare(kSource, kTarget); },
+        [](int result) {
+            EXPECT_TRUE(result == 150'001 || result == -1) << result;
+            return result == -1;
+        });
+    disk.fault = {};
+    error = 5;
+    EXPECT_EQ(lib().FCompare(kSource, kTarget), 150'001);
+    EXPECT_EQ(error, 0u) << "cleared";
+    disk.onCall = [&] {
+        if (disk.calls > 5) disk.find(kTarget)->data.resize(100'000);
+    };
+    disk.calls = 0;
+    EXPECT_EQ(lib().FCompare(kSource, kTarget), -1) << "it shrinks while it is read";
+    EXPECT_EQ(lib().FCcopy(kTarget, "C:\\DATA\\THIRD"), 100'000);
+    EXPECT_EQ(get("C:\\DATA\\THIRD"), whole.substr(0, 100'000));
+    EXPECT_EQ(disk.openFiles(), 0u);
+}
+
+TEST_F(WholeFile, ReadingToTheEnd) {
+    faults([&] { disk.put(kSource, content(600'000)); }, [] { return lib().FileTest(kSource); },
+           [&](int result) { return result == 0; });
+    disk.fault = {};
+    EXPECT_EQ(lib().FileTest("C:\\MISSING"), 0);
+    EXPECT_EQ(lib().FileTest(nullptr), 0);
+    disk.put(kSource);
+    error = 5;
+    EXPECT_EQ(lib().FileTest(kSource), 1) << "an older reason does not count";
+
+    faults([&] { disk.put("C:\\DATA\\A.TXT", "12345"); }, [] { return lib().FileSize("C:\\DATA\\*.TXT"); },
+           [&](int result) { return result != 5; });
+    faults([&] { disk.put(kSource, "123"); }, [] { return lib().FileSize(kSource); },
+           [&](int result) { return result != 3; });
+}
+
+TEST_F(WholeFile, Wiping) {
+    const std::string whole = content(70'000);
+    faults([&] { disk.put(kSource, whole); }, [] { return lib().WipeFile(kSource); },
+           [&](int result) {
+               EXPECT_EQ(disk.find(kSource) == nullptr, result == 1);
+               EXPECT_EQ(get(kSource).size(), result == 1 ? 0 : whole.size());
+               return result == 0;
+           });
+    disk.fault = {};
+    for (std::size_t size : {1, 1023, 1024, 1025, 70'000}) {
+        disk.put(kSource, content(size, 3));
+        std::string passes, last;
+        disk.onCall = [&] {
+            lab::MadeUpDisk::Node* node = disk.find(kSource);
+            if (!node || node->data == last) return;
+            last = node->data;
+            if (last == std::string(size, last[0])) passes += last[0];
+        };
+        EXPECT_EQ(lib().WipeFile(kSource), 1) << size;
+        EXPECT_EQ(passes.substr(passes.size() - 6), std::string("\0\xFF\0\xFF\0\xFF", 6)) << size;
+        disk.onCall = {};
+    }
+    disk.put(kSource);
+    EXPECT_EQ(lib().WipeFile(kSource), 1) << "empty";
+    for (const char* name : {"C:\\MISSING", "C:\\DATA", "", static_cast<const char*>(nullptr)}) {
+        EXPECT_EQ(lib().WipeFile(name), 0);
+    }
+    disk.put(kSource, "kept").attributes = platform::kReadOnly;
+    EXPECT_EQ(lib().WipeFile(kSource), 0);
+    EXPECT_EQ(get(kSource), "kept");
+    disk.put(kTarget, "through a link").attributes = platform::kArchive | platform::kLink;
+    disk.calls = 0;
+    EXPECT_EQ(lib().WipeFile(kTarget), 1);
+    EXPECT_FALSE(disk.find(kTarget));
+    EXPECT_EQ(disk.calls, 2) << "its attributes, and erasing it";
+}
+
+TEST_F(WholeFile, Encrypting) {
+    const std::string whole = content(100'001);
+    auto prepare = [&] {
+        disk.put(kSource, whole);
+        disk.put(kTarget, "older");
+    };
+    faults(
+        prepare, [] { return lib().FEncrypt(kSource, kTarget); },
+        [&](int result) {
+            EXPECT_EQ(get(kSource), whole);
+            std::string made = get(kTarget);
+            EXPECT_TRUE(result == 1 ? made == enciphered(whole) : made == "older" || !disk.find(kTarget));
+            return result == 0;
+        });
+    for (const char* place : {"", " \t", kSource}) {
+        faults(
+            prepare, [place] { return lib().FDecrypt(kSource, place); },
+            [&](int result) {
+                EXPECT_EQ(get(kSource).size(), whole.size());
+                EXPECT_EQ(get(kTarget), "older");
+                EXPECT_TRUE(result == 0 || get(kSource) == enciphered(whole));
+                return result == 0;
+            });
+    }
+    disk.fault = {};
+    prepare();
+    error = 5;
+    EXPECT_EQ(lib().FEncrypt(kSource, nullptr), 0) << "no blank target";
+    EXPECT_EQ(lib().FEncrypt(nullptr, kTarget), 0);
+    EXPECT_EQ(get(kSource), whole);
+    EXPECT_EQ(get(kTarget), "older");
+    EXPECT_EQ(lib().FEncrypt(kSource, kTarget), 1);
+    EXPECT_EQ(error, 0u);
+}
+
+TEST_F(WholeFile, NamesAndDrives) {
+    disk.put(kSource, "one");
+    disk.put(kTarget, "two");
+    EXPECT_EQ(lib().FRename(kSource, kTarget), -1);
+    EXPECT_EQ(error, platform::kAlreadyExists);
+    EXPECT_EQ(get(kTarget), "two");
+    EXPECT_EQ(lib().FRename(kSource, "C:\\MOVED"), 0);
+    EXPECT_EQ(lib().FRename(nullptr, "C:\\X") + lib().FRename("C:\\MOVED", nullptr), -2);
+    EXPECT_EQ(lib().FErase("C:\\MOVED"), 0);
+    EXPECT_EQ(lib().FErase("C:\\MOVED"), -1);
+    EXPECT_EQ(error, platform::kFileNotFound);
+    EXPECT_EQ(lib().FErase(nullptr), -1);
+
+    std::int32_t handle = disk.open(kTarget, platform::kRead);
+    auto& drives = fake.volumes.drives;
+    const std::uint32_t serial = std::exchange(drives['C'].serial, 1u);
+    EXPECT_EQ(lib().FileDrive(handle), -1);
+    drives['A'].serial = serial;
+    EXPECT_EQ(lib().FileDrive(handle), 0);
+    drives['F'].serial = serial;
+    EXPECT_EQ(lib().FileDrive(handle), 5) << "the first drive is the last to be asked";
+    EXPECT_EQ(lib().FRemote(handle), 0) << "no drive is told as remote";
+    drives = {{'C', {.serial = serial}}};
+    EXPECT_EQ(lib().FileDrive(handle), 2);
+    drives.clear();
+    EXPECT_EQ(lib().FileDrive(handle), -1);
+    EXPECT_EQ(lib().FileDrive(4444), -1);
+    EXPECT_EQ(fake.process.errorMode, 0u);
+}
+
+// What FileTest reads by, short of reading two gigabytes.
+TEST(FilesOnDisk, AreReadBeyondTheLastPosition) {
+    constexpr std::int64_t kBeyond = platform::kLastPosition + 2;
+    Workplace place;
+    platform::Files& files = *door()->platform->files;
+    place.put("large");
+    std::filesystem::resize_file(place.native("large"), kBeyond + 3);
+    std::int32_t handle = files.open(place.path("large").c_str(), platform::kRead);
+    door()->platform->process->setLastError(5);
+    char bytes[10];
+    EXPECT_EQ(files.readAt(handle, kBeyond, bytes, 10), 3);
+    EXPECT_EQ(files.readAt(handle, kBeyond + 3, bytes, 10), 0);
+    EXPECT_EQ(door()->platform->process->lastError(), 5u) << "the end of the file is no failure";
+    files.close(handle);
+}
+
+}  // namespace
+}  // namespace vx::test
