@@ -1796,6 +1796,532 @@ VEXLOR32_API int32_t VEXLOR32_CALL _dbfrecordput(uint32_t table, const void *dat
 #endif
 
 
+/* ---- File attributes and time stamps ---- */
+
+/* The attributes of a file or directory.
+ *   name     text; NULL counts as empty
+ *   returns  -1 if there is no such file */
+VEXLOR32_API int32_t VEXLOR32_CALL FGetAttr(const char *name);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fgetattr(const char *name);
+VEXLOR32_API int32_t VEXLOR32_CALL fgetattr(const char *name);
+#endif
+
+/* The attributes of an open file.
+ *   handle   file handle
+ *   returns  0 on failure */
+VEXLOR32_API int32_t VEXLOR32_CALL FileAttr(int32_t handle);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fileattr(int32_t handle);
+VEXLOR32_API int32_t VEXLOR32_CALL fileattr(int32_t handle);
+#endif
+
+/* Adds attributes to a file, or removes them.
+ *   name     text; NULL counts as empty
+ *   bits     the attributes to change
+ *   set      0 removes them, any other adds them
+ *   returns  1 if so, else 0
+ * The directory and compressed bits are passed over: with 16 nothing changes. */
+VEXLOR32_API int32_t VEXLOR32_CALL FSetAttr(const char *name, int32_t bits, int32_t set);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fsetattr(const char *name, int32_t bits, int32_t set);
+VEXLOR32_API int32_t VEXLOR32_CALL fsetattr(const char *name, int32_t bits, int32_t set);
+#endif
+
+/* Makes a file read-only.
+ *   name     text; NULL counts as empty
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL FProtect(const char *name);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fprotect(const char *name);
+VEXLOR32_API int32_t VEXLOR32_CALL fprotect(const char *name);
+#endif
+
+/* Makes a file writable.
+ *   name     text; NULL counts as empty
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL FUnProtect(const char *name);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _funprotect(const char *name);
+VEXLOR32_API int32_t VEXLOR32_CALL funprotect(const char *name);
+#endif
+
+/* Hides a file.
+ *   name     text; NULL counts as empty
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL FHide(const char *name);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fhide(const char *name);
+VEXLOR32_API int32_t VEXLOR32_CALL fhide(const char *name);
+#endif
+
+/* Shows a hidden file.
+ *   name     text; NULL counts as empty
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL FUnHide(const char *name);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _funhide(const char *name);
+VEXLOR32_API int32_t VEXLOR32_CALL funhide(const char *name);
+#endif
+
+/* Whether a file has the archive attribute.
+ *   name     text; NULL counts as empty
+ *   returns  1 if so, else 0
+ * A file that is missing counts as changed. */
+VEXLOR32_API int32_t VEXLOR32_CALL FChanged(const char *name);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fchanged(const char *name);
+VEXLOR32_API int32_t VEXLOR32_CALL fchanged(const char *name);
+#endif
+
+/* The date on which an open file was last written; zeros on failure.
+ *   handle   file handle
+ *   year     receives a number; NULL is skipped
+ *   month    receives a number; NULL is skipped
+ *   day      receives a number; NULL is skipped
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL FileDosDate(int32_t handle, int32_t *year, int32_t *month, int32_t *day);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _filedosdate(int32_t handle, int32_t *year, int32_t *month, int32_t *day);
+VEXLOR32_API int32_t VEXLOR32_CALL filedosdate(int32_t handle, int32_t *year, int32_t *month, int32_t *day);
+#endif
+
+/* The time at which an open file was last written; zeros on failure.
+ *   handle   file handle
+ *   hour     receives a number; NULL is skipped
+ *   minute   receives a number; NULL is skipped
+ *   second   receives a number; NULL is skipped
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL FileDosTime(int32_t handle, int32_t *hour, int32_t *minute, int32_t *second);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _filedostime(int32_t handle, int32_t *hour, int32_t *minute, int32_t *second);
+VEXLOR32_API int32_t VEXLOR32_CALL filedostime(int32_t handle, int32_t *hour, int32_t *minute, int32_t *second);
+#endif
+
+/* The date on which a file was last written; zeros on failure.
+ *   name     text; NULL counts as empty
+ *   year     receives a number; NULL is skipped
+ *   month    receives a number; NULL is skipped
+ *   day      receives a number; NULL is skipped
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL FGetDosDate(const char *name, int32_t *year, int32_t *month, int32_t *day);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fgetdosdate(const char *name, int32_t *year, int32_t *month, int32_t *day);
+VEXLOR32_API int32_t VEXLOR32_CALL fgetdosdate(const char *name, int32_t *year, int32_t *month, int32_t *day);
+#endif
+
+/* The time at which a file was last written; zeros on failure.
+ *   name     text; NULL counts as empty
+ *   hour     receives a number; NULL is skipped
+ *   minute   receives a number; NULL is skipped
+ *   second   receives a number; NULL is skipped
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL FGetDosTime(const char *name, int32_t *hour, int32_t *minute, int32_t *second);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fgetdostime(const char *name, int32_t *hour, int32_t *minute, int32_t *second);
+VEXLOR32_API int32_t VEXLOR32_CALL fgetdostime(const char *name, int32_t *hour, int32_t *minute, int32_t *second);
+#endif
+
+/* The date on which an open file was last written.
+ *   handle   file handle
+ *   returns  a day number, 0 on failure */
+VEXLOR32_API int32_t VEXLOR32_CALL FileJDate(int32_t handle);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _filejdate(int32_t handle);
+VEXLOR32_API int32_t VEXLOR32_CALL filejdate(int32_t handle);
+#endif
+
+/* The date on which a file was last written.
+ *   name     text; NULL counts as empty
+ *   returns  a day number, 0 on failure */
+VEXLOR32_API int32_t VEXLOR32_CALL FGetJDate(const char *name);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fgetjdate(const char *name);
+VEXLOR32_API int32_t VEXLOR32_CALL fgetjdate(const char *name);
+#endif
+
+/* The date on which an open file was last written, like 12/31/1999; empty on failure.
+ *   handle   file handle
+ *   dest     destination; room: 32; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL FileDate(int32_t handle, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _filedate(int32_t handle, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL filedate(int32_t handle, char *dest);
+#endif
+
+/* As FileDate, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strfiledate(int32_t handle, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrFileDate(int32_t handle, char *dest);
+#endif
+
+/* The date on which a file was last written, like 12/31/1999; empty on failure.
+ *   name     text; NULL counts as empty
+ *   dest     destination; room: 32; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL FGetDate(const char *name, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _fgetdate(const char *name, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL fgetdate(const char *name, char *dest);
+#endif
+
+/* As FGetDate, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strfgetdate(const char *name, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrFGetDate(const char *name, char *dest);
+#endif
+
+/* The date on which an open file was last written, as a picture shows it; empty on failure.
+ *   handle   file handle
+ *   picture  text; NULL counts as empty
+ *   dest     destination; room: len(picture) * 11 + 1; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL FileDatef(int32_t handle, const char *picture, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _filedatef(int32_t handle, const char *picture, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL filedatef(int32_t handle, const char *picture, char *dest);
+#endif
+
+/* As FileDatef, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strfiledatef(int32_t handle, const char *picture, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrFileDatef(int32_t handle, const char *picture, char *dest);
+#endif
+
+/* The date on which a file was last written, as a picture shows it; empty on failure.
+ *   name     text; NULL counts as empty
+ *   picture  text; NULL counts as empty
+ *   dest     destination; room: len(picture) * 11 + 1; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL FGetDatef(const char *name, const char *picture, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _fgetdatef(const char *name, const char *picture, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL fgetdatef(const char *name, const char *picture, char *dest);
+#endif
+
+/* As FGetDatef, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strfgetdatef(const char *name, const char *picture, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrFGetDatef(const char *name, const char *picture, char *dest);
+#endif
+
+/* The time at which an open file was last written, as the user's locale writes it; empty on failure.
+ *   handle   file handle
+ *   dest     destination; room: 64; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL FileTime(int32_t handle, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _filetime(int32_t handle, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL filetime(int32_t handle, char *dest);
+#endif
+
+/* As FileTime, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strfiletime(int32_t handle, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrFileTime(int32_t handle, char *dest);
+#endif
+
+/* The time at which a file was last written, as the user's locale writes it; empty on failure.
+ *   name     text; NULL counts as empty
+ *   dest     destination; room: 64; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL FGetTime(const char *name, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _fgettime(const char *name, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL fgettime(const char *name, char *dest);
+#endif
+
+/* As FGetTime, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strfgettime(const char *name, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrFGetTime(const char *name, char *dest);
+#endif
+
+/* Changes the date on which a file was last written.
+ *   name     text; NULL counts as empty
+ *   year     0 keeps it
+ *   month    0 keeps it
+ *   day      0 keeps it
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL FSetDosDate(const char *name, int32_t year, int32_t month, int32_t day);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fsetdosdate(const char *name, int32_t year, int32_t month, int32_t day);
+VEXLOR32_API int32_t VEXLOR32_CALL fsetdosdate(const char *name, int32_t year, int32_t month, int32_t day);
+#endif
+
+/* Changes the date on which a file was last written.
+ *   name     text; NULL counts as empty
+ *   date     a text like 12/31/1999; NULL changes nothing
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL FSetDate(const char *name, const char *date);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fsetdate(const char *name, const char *date);
+VEXLOR32_API int32_t VEXLOR32_CALL fsetdate(const char *name, const char *date);
+#endif
+
+/* Changes the date on which a file was last written.
+ *   name     text; NULL counts as empty
+ *   jd       a day number; 0 changes nothing
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL FSetJDate(const char *name, int32_t jd);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fsetjdate(const char *name, int32_t jd);
+VEXLOR32_API int32_t VEXLOR32_CALL fsetjdate(const char *name, int32_t jd);
+#endif
+
+/* Changes the time at which a file was last written.
+ *   name     text; NULL counts as empty
+ *   time     a text like 23:59:59; NULL changes nothing
+ *   returns  1 if so, else 0
+ * An hour, minute or second of 0 stays what it was: 00:00:00 changes nothing. */
+VEXLOR32_API int32_t VEXLOR32_CALL FSetTime(const char *name, const char *time);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fsettime(const char *name, const char *time);
+VEXLOR32_API int32_t VEXLOR32_CALL fsettime(const char *name, const char *time);
+#endif
+
+
+/* ---- File search ---- */
+
+/* Begins a search: the name of the first entry taken, empty if there is none.
+ *   state    NULL: nothing is found; room: 1115
+ *   list     NULL: nothing is found, and the block stays as it is
+ *   flags    unsigned number
+ *   dest     NULL: no search is begun; room: 514
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL FindFirst(void *state, const char *list, uint32_t flags, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL findfirst(void *state, const char *list, uint32_t flags, char *dest);
+#endif
+
+/* As FindFirst, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strfindfirst(void *state, const char *list, uint32_t flags, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrFindFirst(void *state, const char *list, uint32_t flags, char *dest);
+#endif
+
+/* The name of the next entry that a search takes, empty at the end.
+ *   state    memory block of the caller; room: 1115
+ *   dest     NULL: the search stays where it is; room: 514
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL FindNext(void *state, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL findnext(void *state, char *dest);
+#endif
+
+/* As FindNext, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strfindnext(void *state, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrFindNext(void *state, char *dest);
+#endif
+
+/* Ends a search.
+ *   state    memory block of the caller; room: 1115
+ *   returns  nothing */
+VEXLOR32_API void VEXLOR32_CALL FindRelease(void *state);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API void VEXLOR32_CALL findrelease(void *state);
+VEXLOR32_API void VEXLOR32_CALL _findrelease(void *state);
+#endif
+
+/* The current entry's name with the pattern's drive and directory, whatever the flags say.
+ *   state    bytes, read only; room: 1115
+ *   dest     destination; room: 514; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL FindName(const void *state, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _findname(const void *state, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL findname(const void *state, char *dest);
+#endif
+
+/* As FindName, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strfindname(const void *state, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrFindName(const void *state, char *dest);
+#endif
+
+/* The current entry's size.
+ *   state    bytes, read only; room: 1115
+ *   returns  low 32 bits less the high ones; 0 without an entry */
+VEXLOR32_API uint32_t VEXLOR32_CALL FindSize(const void *state);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _findsize(const void *state);
+VEXLOR32_API uint32_t VEXLOR32_CALL findsize(const void *state);
+#endif
+
+/* The current entry's attributes: 1 read-only, 2 hidden, 4 system, 16 directory, 32 archive, 64 compressed.
+ *   state    bytes, read only; room: 1115
+ *   returns  -1 without an entry */
+VEXLOR32_API int32_t VEXLOR32_CALL FindAttr(const void *state);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _findattr(const void *state);
+VEXLOR32_API int32_t VEXLOR32_CALL findattr(const void *state);
+#endif
+
+/* The date of the current entry's last change.
+ *   state    bytes, read only; room: 1115
+ *   year     receives a number; NULL is skipped
+ *   month    receives a number; NULL is skipped
+ *   day      receives a number; NULL is skipped
+ *   returns  0 without an entry, and the outputs are 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL FindDosDate(const void *state, int32_t *year, int32_t *month, int32_t *day);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _finddosdate(const void *state, int32_t *year, int32_t *month, int32_t *day);
+VEXLOR32_API int32_t VEXLOR32_CALL finddosdate(const void *state, int32_t *year, int32_t *month, int32_t *day);
+#endif
+
+/* The time of the current entry's last change.
+ *   state    bytes, read only; room: 1115
+ *   hour     receives a number; NULL is skipped
+ *   minute   receives a number; NULL is skipped
+ *   second   receives a number; NULL is skipped
+ *   returns  0 without an entry, and the outputs are 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL FindDosTime(const void *state, int32_t *hour, int32_t *minute, int32_t *second);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _finddostime(const void *state, int32_t *hour, int32_t *minute, int32_t *second);
+VEXLOR32_API int32_t VEXLOR32_CALL finddostime(const void *state, int32_t *hour, int32_t *minute, int32_t *second);
+#endif
+
+/* The date of the current entry's last change.
+ *   state    bytes, read only; room: 1115
+ *   returns  a day number, 0 without an entry */
+VEXLOR32_API int32_t VEXLOR32_CALL FindJDate(const void *state);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _findjdate(const void *state);
+VEXLOR32_API int32_t VEXLOR32_CALL findjdate(const void *state);
+#endif
+
+/* The date of the current entry's last change like 12/31/1999.
+ *   state    bytes, read only; room: 1115
+ *   dest     destination; room: 32; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL FindDate(const void *state, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _finddate(const void *state, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL finddate(const void *state, char *dest);
+#endif
+
+/* As FindDate, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strfinddate(const void *state, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrFindDate(const void *state, char *dest);
+#endif
+
+/* The date of the current entry's last change as a picture shows it.
+ *   state    bytes, read only; room: 1115
+ *   picture  text; NULL counts as empty
+ *   dest     destination; room: len(picture) * 11 + 1; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL FindDatef(const void *state, const char *picture, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _finddatef(const void *state, const char *picture, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL finddatef(const void *state, const char *picture, char *dest);
+#endif
+
+/* As FindDatef, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strfinddatef(const void *state, const char *picture, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrFindDatef(const void *state, const char *picture, char *dest);
+#endif
+
+/* The time of the current entry's last change as the user's locale writes it.
+ *   state    bytes, read only; room: 1115
+ *   dest     destination; room: 64; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL FindTime(const void *state, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _findtime(const void *state, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL findtime(const void *state, char *dest);
+#endif
+
+/* As FindTime, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strfindtime(const void *state, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrFindTime(const void *state, char *dest);
+#endif
+
+/* Whether every pattern finds something, and what it finds first is taken.
+ *   list     an empty one gives 1; NULL counts as empty
+ *   flags    unsigned number
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsFile(const char *list, uint32_t flags);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _isfile(const char *list, uint32_t flags);
+VEXLOR32_API int32_t VEXLOR32_CALL isfile(const char *list, uint32_t flags);
+#endif
+
+/* The sizes of all entries that a search takes.
+ *   list     text; NULL counts as empty
+ *   flags    unsigned number
+ *   returns  modulo 2^32 */
+VEXLOR32_API uint32_t VEXLOR32_CALL DirSize(const char *list, uint32_t flags);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _dirsize(const char *list, uint32_t flags);
+VEXLOR32_API uint32_t VEXLOR32_CALL dirsize(const char *list, uint32_t flags);
+#endif
+
+/* The number of entries that a search takes.
+ *   list     text; NULL counts as empty
+ *   flags    unsigned number
+ *   returns  a signed number
+ * A pattern that finds nothing makes it -1 when a later one finds something, and a pattern that has come to its end
+ * ends the count. */
+VEXLOR32_API int32_t VEXLOR32_CALL FileCount(const char *list, uint32_t flags);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _filecount(const char *list, uint32_t flags);
+VEXLOR32_API int32_t VEXLOR32_CALL filecount(const char *list, uint32_t flags);
+#endif
+
+/* The full name of the first entry found in the listed directories or below them; empty if there is none.
+ *   name         may have wildcards; NULL counts as empty
+ *   directories  separated by semicolons; an empty list is the current directory; NULL counts as empty
+ *   dest         destination; room: 260; NULL: nothing is written
+ *   returns      dest */
+VEXLOR32_API char *VEXLOR32_CALL FileFind(const char *name, const char *directories, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _filefind(const char *name, const char *directories, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL filefind(const char *name, const char *directories, char *dest);
+#endif
+
+/* As FileFind, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strfilefind(const char *name, const char *directories, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrFileFind(const char *name, const char *directories, char *dest);
+#endif
+
+/* Deletes the files that a search without flags takes.
+ *   list     text; NULL counts as empty
+ *   returns  the number of files deleted */
+VEXLOR32_API int32_t VEXLOR32_CALL FEraseAll(const char *list);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _feraseall(const char *list);
+VEXLOR32_API int32_t VEXLOR32_CALL feraseall(const char *list);
+#endif
+
+/* Deletes the files that match in a directory and in all below it.
+ *   path     of a directory; empty is the current one; NULL counts as empty
+ *   list     patterns of names, without directories; an empty one deletes nothing; NULL counts as empty
+ *   returns  0 or -1
+ * -1 when a file could not be deleted. Of the directories right below one, only the last one's result counts. */
+VEXLOR32_API int32_t VEXLOR32_CALL FPrune(const char *path, const char *list);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fprune(const char *path, const char *list);
+VEXLOR32_API int32_t VEXLOR32_CALL fprune(const char *path, const char *list);
+#endif
+
+/* Deletes a tree of files and directories.
+ *   path     of a directory; empty is the current one; NULL counts as empty
+ *   mode     0 deletes all; 1 keeps the directory itself; 2 and 3 also its own files; 4 also all directories
+ *   returns  0, or -1 if something could not be deleted
+ * Read-only files stay, and so do those hidden or system ones that lack the archive attribute. */
+VEXLOR32_API int32_t VEXLOR32_CALL Prune(const char *path, int32_t mode);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _prune(const char *path, int32_t mode);
+VEXLOR32_API int32_t VEXLOR32_CALL prune(const char *path, int32_t mode);
+#endif
+
+
 /* ---- Library frame ---- */
 
 /* Development probe; always succeeds.
@@ -2505,6 +3031,121 @@ VEXLOR32_API char *VEXLOR32_CALL strjustify(const char *text, int32_t width, int
 VEXLOR32_API uint32_t VEXLOR32_CALL strstrjustify(const char *text, int32_t width, int32_t mode, const char *fill, char *dest);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API uint32_t VEXLOR32_CALL StrStrJustify(const char *text, int32_t width, int32_t mode, const char *fill, char *dest);
+#endif
+
+
+/* ---- Line navigation ---- */
+
+/* Reads the next line, without its end; empty at the end of the file and on failure.
+ *   handle   file handle
+ *   buffer   NULL: the line is skipped; room: 2049
+ *   returns  buffer
+ * The carriage return before the line feed goes, too, except when the line has nothing else. */
+VEXLOR32_API char *VEXLOR32_CALL FReadLine(int32_t handle, char *buffer);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _freadline(int32_t handle, char *buffer);
+VEXLOR32_API char *VEXLOR32_CALL freadline(int32_t handle, char *buffer);
+#endif
+
+/* As FReadLine, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strfreadline(int32_t handle, char *buffer);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrFReadLine(int32_t handle, char *buffer);
+#endif
+
+/* Skips the rest of the line.
+ *   handle   file handle
+ *   returns  the position of the next line; -1 on failure */
+VEXLOR32_API int32_t VEXLOR32_CALL FAdvance(int32_t handle);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fadvance(int32_t handle);
+VEXLOR32_API int32_t VEXLOR32_CALL fadvance(int32_t handle);
+#endif
+
+/* Goes to the start of the line.
+ *   handle   file handle
+ *   returns  its position; -1 on failure
+ * In a file's first line the position stays where it is, and the result is 0; when the 2048 bytes before have no line
+ * feed, the position stays, and the result is 2048 less. */
+VEXLOR32_API int32_t VEXLOR32_CALL FBol(int32_t handle);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fbol(int32_t handle);
+VEXLOR32_API int32_t VEXLOR32_CALL fbol(int32_t handle);
+#endif
+
+/* Goes to the start of the line before this one.
+ *   handle   file handle
+ *   returns  its position; -1 when there is none, or on failure
+ * Goes to the start of the line as FBol does, two bytes back, and to the start of the line there: an empty line that
+ * ends with a line feed alone is passed over. */
+VEXLOR32_API int32_t VEXLOR32_CALL FRewind(int32_t handle);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _frewind(int32_t handle);
+VEXLOR32_API int32_t VEXLOR32_CALL frewind(int32_t handle);
+#endif
+
+/* Goes to the start of the file.
+ *   handle   file handle
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL FTop(int32_t handle);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _ftop(int32_t handle);
+VEXLOR32_API int32_t VEXLOR32_CALL ftop(int32_t handle);
+#endif
+
+/* Goes to the end of the file.
+ *   handle   file handle
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL FBot(int32_t handle);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fbot(int32_t handle);
+VEXLOR32_API int32_t VEXLOR32_CALL fbot(int32_t handle);
+#endif
+
+/* Goes to a line.
+ *   handle   file handle
+ *   n        signed number
+ *   origin   0: line n of the file; 1: n lines forward, or back if below 0; 2: line n from the end, whatever its
+ *            sign; any other: stay
+ *   returns  the position; -1 on failure
+ * For origin 2 and n = 0 the position is the end of the file, and the result is 1, as FBot gives it. */
+VEXLOR32_API int32_t VEXLOR32_CALL FSeekLine(int32_t handle, int32_t n, int32_t origin);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fseekline(int32_t handle, int32_t n, int32_t origin);
+VEXLOR32_API int32_t VEXLOR32_CALL fseekline(int32_t handle, int32_t n, int32_t origin);
+#endif
+
+/* The number of lines from the position to the end; the position stays.
+ *   handle   file handle
+ *   returns  -1 on failure */
+VEXLOR32_API int32_t VEXLOR32_CALL FLineCount(int32_t handle);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _flinecount(int32_t handle);
+VEXLOR32_API int32_t VEXLOR32_CALL flinecount(int32_t handle);
+#endif
+
+/* Finds a text from the position on and goes there; the position stays if there is none.
+ *   handle   file handle
+ *   text     up to 32767 bytes; not found if empty or longer; NULL counts as empty
+ *   mode     0 compares exactly; 1: the file's bytes are taken in upper case, any other in lower case, the text
+ *            always as it is
+ *   returns  the position where it begins; -2 if there is none, -1 on failure */
+VEXLOR32_API int32_t VEXLOR32_CALL FLocate(int32_t handle, const char *text, int32_t mode);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _flocate(int32_t handle, const char *text, int32_t mode);
+VEXLOR32_API int32_t VEXLOR32_CALL flocate(int32_t handle, const char *text, int32_t mode);
+#endif
+
+/* The number of occurrences, without overlap, of a text from the position to the end; the position stays.
+ *   handle   file handle
+ *   text     up to 32767 bytes; -1 if empty, 0 if longer; NULL counts as empty
+ *   mode     0 compares exactly; 1: the file's bytes are taken in upper case, any other in lower case, the text
+ *            always as it is
+ *   returns  -1 on failure */
+VEXLOR32_API int32_t VEXLOR32_CALL FStrCount(int32_t handle, const char *text, int32_t mode);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fstrcount(int32_t handle, const char *text, int32_t mode);
+VEXLOR32_API int32_t VEXLOR32_CALL fstrcount(int32_t handle, const char *text, int32_t mode);
 #endif
 
 
@@ -4399,6 +5040,169 @@ VEXLOR32_API int32_t VEXLOR32_CALL StrEmpty(const char *text);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _strempty(const char *text);
 VEXLOR32_API int32_t VEXLOR32_CALL strempty(const char *text);
+#endif
+
+
+/* ---- Whole files ---- */
+
+/* Copies a file, with its time stamps.
+ *   source   text; NULL counts as empty
+ *   target   text; NULL counts as empty
+ *   returns  the number of bytes copied, -1 on failure
+ * A target that exists is replaced. A copy that fails leaves none. A file is not copied onto itself, and none of more
+ * than 2147483647 bytes. */
+VEXLOR32_API int32_t VEXLOR32_CALL FCcopy(const char *source, const char *target);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fcopy(const char *source, const char *target);
+VEXLOR32_API int32_t VEXLOR32_CALL fcopy(const char *source, const char *target);
+VEXLOR32_API int32_t VEXLOR32_CALL fccopy(const char *source, const char *target);
+VEXLOR32_API int32_t VEXLOR32_CALL _fccopy(const char *source, const char *target);
+#endif
+
+/* Copies bytes from one open file to another, from where they stand.
+ *   source   file handle
+ *   target   file handle
+ *   count    signed number
+ *   returns  the number of bytes copied, fewer at the end of the source; -1 on failure */
+VEXLOR32_API int32_t VEXLOR32_CALL FCopyByte(int32_t source, int32_t target, int32_t count);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fcopybyte(int32_t source, int32_t target, int32_t count);
+VEXLOR32_API int32_t VEXLOR32_CALL fcopybyte(int32_t source, int32_t target, int32_t count);
+#endif
+
+/* Moves or copies a file into a directory, which is made if it is not there.
+ *   source     text; NULL counts as empty
+ *   directory  text; NULL counts as empty
+ *   erase      1 erases the source, any other keeps it
+ *   returns    0 when all went well, -1 on failure, 1 if only the source could not be erased
+ * The file must fit the free space of the drive, also where it replaces another. */
+VEXLOR32_API int32_t VEXLOR32_CALL FMove(const char *source, const char *directory, int32_t erase);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fmove(const char *source, const char *directory, int32_t erase);
+VEXLOR32_API int32_t VEXLOR32_CALL fmove(const char *source, const char *directory, int32_t erase);
+#endif
+
+/* Compares two files byte by byte.
+ *   first    text; NULL counts as empty
+ *   second   text; NULL counts as empty
+ *   returns  0 if they are equal, the position of the first difference from 1, -1 on failure
+ * Where one file is the start of the other, they differ behind its last byte. */
+VEXLOR32_API int32_t VEXLOR32_CALL FCompare(const char *first, const char *second);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fcompare(const char *first, const char *second);
+VEXLOR32_API int32_t VEXLOR32_CALL fcompare(const char *first, const char *second);
+#endif
+
+/* Overwrites a file six times and erases it.
+ *   name     text; NULL counts as empty
+ *   returns  1 if so, else 0
+ * Of a symbolic link, the link is erased and nothing else. */
+VEXLOR32_API int32_t VEXLOR32_CALL WipeFile(const char *name);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _wipefile(const char *name);
+VEXLOR32_API int32_t VEXLOR32_CALL wipefile(const char *name);
+#endif
+
+/* Whether a file can be read from start to end.
+ *   name     text; NULL counts as empty
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL FileTest(const char *name);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _filetest(const char *name);
+VEXLOR32_API int32_t VEXLOR32_CALL filetest(const char *name);
+#endif
+
+/* Renames a file or directory, or moves a file.
+ *   name     text; NULL counts as empty
+ *   to       where no file may be yet; NULL counts as empty
+ *   returns  0, or -1 on failure */
+VEXLOR32_API int32_t VEXLOR32_CALL FRename(const char *name, const char *to);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _frename(const char *name, const char *to);
+VEXLOR32_API int32_t VEXLOR32_CALL frename(const char *name, const char *to);
+#endif
+
+/* Erases a file.
+ *   name     text; NULL counts as empty
+ *   returns  0, or -1 on failure */
+VEXLOR32_API int32_t VEXLOR32_CALL FErase(const char *name);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _ferase(const char *name);
+VEXLOR32_API int32_t VEXLOR32_CALL ferase(const char *name);
+#endif
+
+/* The size of a file.
+ *   name     text; NULL counts as empty
+ *   returns  -1 on failure
+ * Of a file that cannot be opened, the size that a search for the name finds, which may have wildcards. */
+VEXLOR32_API int32_t VEXLOR32_CALL FileSize(const char *name);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _filesize(const char *name);
+VEXLOR32_API int32_t VEXLOR32_CALL filesize(const char *name);
+#endif
+
+/* Writes a text to an open file many times.
+ *   handle   file handle
+ *   text     text; NULL counts as empty
+ *   count    signed number
+ *   returns  the number of writes, with the last one that fell short; the count as given for an empty text */
+VEXLOR32_API int32_t VEXLOR32_CALL FReplicate(int32_t handle, const char *text, int32_t count);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _freplicate(int32_t handle, const char *text, int32_t count);
+VEXLOR32_API int32_t VEXLOR32_CALL freplicate(int32_t handle, const char *text, int32_t count);
+#endif
+
+/* Encrypts a file.
+ *   source   text; NULL counts as empty
+ *   target   blank to change the source itself; NULL counts as empty
+ *   returns  1 if so, else 0
+ * Done twice, it gives the file back. A target that exists is replaced. */
+VEXLOR32_API int32_t VEXLOR32_CALL FEncrypt(const char *source, const char *target);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fencrypt(const char *source, const char *target);
+VEXLOR32_API int32_t VEXLOR32_CALL fencrypt(const char *source, const char *target);
+#endif
+
+/* Decrypts a file that FEncrypt has made.
+ *   source   text; NULL counts as empty
+ *   target   blank to change the source itself; NULL counts as empty
+ *   returns  1 if so, else 0
+ * The same operation as FEncrypt. */
+VEXLOR32_API int32_t VEXLOR32_CALL FDecrypt(const char *source, const char *target);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fdecrypt(const char *source, const char *target);
+VEXLOR32_API int32_t VEXLOR32_CALL fdecrypt(const char *source, const char *target);
+#endif
+
+/* Makes a path of a pattern, whose ? and * take the characters of a name.
+ *   pattern  a path with wildcards in its name and extension; NULL counts as empty
+ *   name     text; NULL counts as empty
+ *   dest     destination; room: min(len(pattern) + len(name) + 1, 770); NULL: name is changed in place and needs that
+ *            room
+ *   returns  dest, or name when dest is NULL
+ * The drive and the directory are those of the pattern, or those of the name where it has none. */
+VEXLOR32_API char *VEXLOR32_CALL FMerge(const char *pattern, const char *name, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _fmerge(const char *pattern, const char *name, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL fmerge(const char *pattern, const char *name, char *dest);
+#endif
+
+/* Whether an open file is on a network drive, as IsRemote tells: never.
+ *   handle   file handle
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL FRemote(int32_t handle);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fremote(int32_t handle);
+VEXLOR32_API int32_t VEXLOR32_CALL fremote(int32_t handle);
+#endif
+
+/* The drive that has the volume which an open file is on.
+ *   handle   file handle
+ *   returns  from 0 for A; -1 if there is none */
+VEXLOR32_API int32_t VEXLOR32_CALL FileDrive(int32_t handle);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _filedrive(int32_t handle);
+VEXLOR32_API int32_t VEXLOR32_CALL filedrive(int32_t handle);
 #endif
 
 
