@@ -1,0 +1,109 @@
+// Who may open a file that another handle, of this process or of another one, has open.
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <thread>
+
+#include "tests/support/child.h"
+#include "tests/support/library.h"
+#include "tests/support/workplace.h"
+
+namespace vx::test {
+namespace {
+
+constexpr std::int32_t kAccesses[] = {0, 1, 2};
+constexpr std::int32_t kShares[] = {0x00, 0x10, 0x20, 0x30, 0x40};
+constexpr std::uint32_t kSharingViolation = 32;
+
+bool reads(std::int32_t mode) { return (mode & 3) != 1; }
+bool writes(std::int32_t mode) { return (mode & 3) != 0; }
+bool deniesRead(std::int32_t mode) { return (mode & 0x70) == 0x10 || (mode & 0x70) == 0x30; }
+bool deniesWrite(std::int32_t mode) { return (mode & 0x70) == 0x10 || (mode & 0x70) == 0x20; }
+
+bool bothMay(std::int32_t one, std::int32_t other) {
+    auto suffers = [](std::int32_t by, std::int32_t from) {
+        return (deniesRead(from) && reads(by)) || (deniesWrite(from) && writes(by));
+    };
+    return !suffers(one, other) && !suffers(other, one);
+}
+
+template <typename Done>
+bool waitFor(Done done) {
+    for (int i = 0; i < 4000 && !done(); ++i) std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    return done();
+}
+
+// Opens a file, says so by making another one, and keeps it open until a third is there.
+const Role holder("hold", [](const Arguments& arguments) {
+    const auto& [file, mode, ready, done] =
+        std::tie(arguments.at(0), arguments.at(1), arguments.at(2), arguments.at(3));
+    std::int32_t handle = lib().FOpen(file.c_str(), std::stoi(mode));
+    std::ofstream(ready) << handle;
+    if (handle == -1) return 1;
+    return waitFor([&] { return std::filesystem::exists(done); }) ? 0 : 1;
+});
+
+void expectAllModes(const std::string& file, std::int32_t first) {
+    for (std::int32_t access : kAccesses) {
+        for (std::int32_t share : kShares) {
+            SCOPED_TRACE(testing::Message() << std::hex << "first " << first << ", second " << (access | share));
+            lib().SetFError(0);
+            std::int32_t handle = lib().FOpen(file.c_str(), access | share);
+            EXPECT_EQ(handle != -1, bothMay(first, access | share));
+            EXPECT_EQ(lib().FError(), handle == -1 ? kSharingViolation : 0);
+            lib().FClose(handle);
+        }
+    }
+}
+
+template <typename Check>
+void forAllModes(Check check) {
+    for (std::int32_t access : kAccesses) {
+        for (std::int32_t share : kShares) check(access | share);
+    }
+}
+
+TEST(Sharing, BetweenHandlesOfOneProcess) {
+    Workplace place;
+    std::string file = place.put("shared", "text");
+    forAllModes([&](std::int32_t mode) {
+        std::int32_t handle = lib().FOpen(file.c_str(), mode);
+        ASSERT_NE(handle, -1) << mode;
+        expectAllModes(file, mode);
+        lib().FClose(handle);
+    });
+}
+
+TEST(Sharing, BetweenProcesses) {
+    Workplace place;
+    std::string file = place.put("shared", "text");
+    forAllModes([&](std::int32_t mode) {
+        std::string name = std::to_string(mode);
+        Child child("hold", {file, name, place.native("ready" + name).string(), place.native("done" + name).string()});
+        ASSERT_TRUE(waitFor([&] { return !place.get("ready" + name).empty(); })) << mode;
+        expectAllModes(file, mode);
+        EXPECT_EQ(lib().FErase(file.c_str()), -1) << "an open file is not deleted";
+        place.put("done" + name);
+        EXPECT_EQ(child.wait(), 0) << mode;
+    });
+    std::int32_t handle = lib().FOpen(file.c_str(), 0x12);
+    EXPECT_NE(handle, -1) << "nothing is left of handles that were closed";
+    lib().FClose(handle);
+    EXPECT_EQ(lib().FErase(file.c_str()), 0);
+}
+
+TEST(Sharing, EndsWithAProcessThatIsKilled) {
+    Workplace place;
+    std::string file = place.put("shared", "text");
+    Child child("hold", {file, "18", place.native("ready").string(), place.native("never").string()});
+    ASSERT_TRUE(waitFor([&] { return !place.get("ready").empty(); }));
+    EXPECT_EQ(lib().FOpen(file.c_str(), 0x40), -1);
+    child.kill();
+    child.wait();
+    std::int32_t handle = lib().FOpen(file.c_str(), 0x12);
+    EXPECT_NE(handle, -1);
+    lib().FClose(handle);
+}
+
+}  // namespace
+}  // namespace vx::test
