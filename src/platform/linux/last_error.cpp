@@ -16,6 +16,8 @@ std::uint32_t codeOf(int systemError) {
     switch (systemError) {
         case 0:
             return kNoError;
+        case ESPIPE:
+            return kInvalidFunction;
         case ENOENT:
             return kFileNotFound;
         case ENOTDIR:

@@ -28,10 +28,10 @@ bool sameButForCase(std::string_view a, std::string_view b) {
 }
 
 // How well an entry of a directory answers to a name.
-enum class Match { kNone, kShortName, kCase };
+enum class Match { kNone, kShortName, kCase, kExact };
 
 Match matchOf(std::string_view wanted, std::string_view name, bool byShortName) {
-    if (sameButForCase(wanted, name)) return Match::kCase;
+    if (sameButForCase(wanted, name)) return wanted == name ? Match::kExact : Match::kCase;
     if (!byShortName) return Match::kNone;
     char shortName[kShortNameSize];
     shortNameOf(name, shortName);
@@ -149,7 +149,13 @@ bool SystemName::splitLast(char (&last)[kPathSize]) {
 
 SystemName::Found SystemName::look() {
     if (isThere(text_)) return Found::kThere;
-    if (!isMissing(errno)) return Found::kNowhere;
+    return isMissing(errno) ? lookFurther() : Found::kNowhere;
+}
+
+SystemName::Found SystemName::lookFurther() {
+    // As a rule no more than the last component is missing.
+    Found found = findLast();
+    if (found != Found::kNowhere) return found;
     char written[sizeof text_];
     std::memcpy(written, text_, length_ + 1);
     const char* rest = written;
@@ -161,31 +167,30 @@ SystemName::Found SystemName::look() {
             errno = ENAMETOOLONG;
             return Found::kNowhere;
         }
-        if (isThere(text_) || findLast()) continue;
-        bool isLast = *rest == '\0' && errno == ENOENT;
-        if (!isLast) errno = ENOTDIR;
-        return isLast ? Found::kOnlyDirectory : Found::kNowhere;
+        if (isThere(text_)) continue;
+        found = findLast();
+        if (found == Found::kThere) continue;
+        if (*rest == '\0' && found == Found::kOnlyDirectory) return found;
+        errno = ENOTDIR;
+        return Found::kNowhere;
     }
     return Found::kThere;
 }
 
 // Replaces the last component by the entry of its directory that answers to it best, the first in byte order of
-// several. False, with ENOENT, if none does; other errors are the directory's.
-bool SystemName::findLast() {
+// several.
+SystemName::Found SystemName::findLast() {
     std::size_t slash = view().rfind('/');
     std::size_t start = slash == std::string_view::npos ? 0 : slash + 1;
-    char wanted[NAME_MAX + 1];
-    if (length_ - start > NAME_MAX) {
-        errno = ENOENT;
-        return false;
-    }
+    char wanted[kPathSize];
     std::memcpy(wanted, text_ + start, length_ - start + 1);
 
     text_[start] = '\0';
     DirectoryReader directory(openDirectory(start == 0 ? "." : text_));
     std::memcpy(text_ + start, wanted, length_ - start + 1);
-    if (!directory) return false;
+    if (!directory && isMissing(errno)) return Found::kNowhere;
 
+    // In a directory that may not be read, only what is written counts.
     bool byShortName = mayBeShortName(wanted);
     Match best = Match::kNone;
     char found[NAME_MAX + 1];
@@ -197,9 +202,11 @@ bool SystemName::findLast() {
         std::memcpy(found, name, std::strlen(name) + 1);
     }
     errno = ENOENT;
-    if (best == Match::kNone) return false;
+    if (best == Match::kNone) return Found::kOnlyDirectory;
     length_ = start;
-    return add(found);
+    if (add(found)) return Found::kThere;
+    errno = ENAMETOOLONG;
+    return Found::kNowhere;
 }
 
 std::size_t toDriveForm(std::string_view path, char* to, std::size_t room) {

@@ -65,10 +65,13 @@ class SystemName {
     // missing: ENOENT the last component, ENOTDIR what leads to it.
     Found look();
 
+    // The same when it is known that nothing is there as it is written.
+    Found lookFurther();
+
  private:
     void removeLast();
     bool addRest(const char* name, Wildcards wildcards);
-    bool findLast();
+    Found findLast();
 
     bool valid_ = false;
     bool asDirectory_ = false;
@@ -83,7 +86,7 @@ inline bool isMissing(int error) { return error == ENOENT || error == ENOTDIR; }
 template <typename Call>
 auto callWith(SystemName& name, Call call) -> decltype(call(name.text())) {
     auto result = uninterrupted([&] { return call(name.text()); });
-    if (result >= 0 || !isMissing(errno) || name.look() != SystemName::Found::kThere) return result;
+    if (result >= 0 || !isMissing(errno) || name.lookFurther() != SystemName::Found::kThere) return result;
     return uninterrupted([&] { return call(name.text()); });
 }
 
