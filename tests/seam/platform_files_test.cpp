@@ -185,6 +185,7 @@ TEST_F(SystemFiles, OpeningTellsWhyNot) {
     const Row rows[] = {
         {place.path("file"), kReadWrite, 0, 0},
         {place.path("FILE"), kRead, 0, 0},
+        {place.path("file. "), kRead, 0, 0},
         {place.path("dir\\..\\file"), kRead, 0, 0},
         {place.path("none\\..\\file"), kRead, 0, 0},
         {place.path("missing"), kRead, kFileNotFound, 0},

@@ -38,11 +38,22 @@ std::uint32_t allowed(std::int64_t position, std::uint32_t count) {
 }
 
 // At the position; where the system knows none (a pipe, a terminal), just on.
-ssize_t readFrom(int descriptor, std::int64_t position, void* to, std::size_t count) {
+ssize_t readOnce(int descriptor, std::int64_t position, void* to, std::size_t count) {
     return uninterrupted([&] {
         ssize_t done = ::pread(descriptor, to, count, position);
         return done < 0 && errno == ESPIPE ? ::read(descriptor, to, count) : done;
     });
+}
+
+// One call of the system reads no more than this.
+constexpr ssize_t kMostAtOnce = 0x7FFFF000;
+
+ssize_t readFrom(int descriptor, std::int64_t position, void* to, std::size_t count) {
+    ssize_t done = readOnce(descriptor, position, to, count);
+    if (done < kMostAtOnce) return done;
+    std::size_t first = static_cast<std::size_t>(done);
+    ssize_t more = readOnce(descriptor, position + done, static_cast<char*>(to) + first, count - first);
+    return more > 0 ? done + more : done;
 }
 
 ssize_t writeOnce(int descriptor, std::int64_t position, const void* from, std::size_t count) {

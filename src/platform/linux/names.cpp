@@ -28,10 +28,17 @@ bool sameButForCase(std::string_view a, std::string_view b) {
 }
 
 // How well an entry of a directory answers to a name.
-enum class Match { kNone, kShortName, kCase, kExact };
+enum class Match { kNone, kShortName, kWithoutEnd, kCase, kExact };
+
+// Windows drops blanks and dots at the end of a name.
+std::string_view withoutEnd(std::string_view name) {
+    while (name.ends_with('.') || name.ends_with(' ')) name.remove_suffix(1);
+    return name;
+}
 
 Match matchOf(std::string_view wanted, std::string_view name, bool byShortName) {
     if (sameButForCase(wanted, name)) return wanted == name ? Match::kExact : Match::kCase;
+    if (sameButForCase(withoutEnd(wanted), name)) return Match::kWithoutEnd;
     if (!byShortName) return Match::kNone;
     char shortName[kShortNameSize];
     shortNameOf(name, shortName);
