@@ -175,7 +175,7 @@ TEST_F(SystemFiles, ClosedAndMadeUpHandlesAreInvalid) {
 TEST_F(SystemFiles, OpeningTellsWhyNot) {
     place.put("file", "text");
     place.put("fixed", "text");
-    setAttributes("fixed", kReadOnly);
+    setAttributes("fixed", kReadOnly | kArchive);
     system.tree->createDirectory(place.path("dir").c_str());
     struct Row {
         std::string name;
@@ -212,7 +212,7 @@ TEST_F(SystemFiles, OpeningTellsWhyNot) {
         }
         system.tree->erase(place.path("missing").c_str());
     }
-    setAttributes("fixed", kNormal);
+    setAttributes("fixed", kArchive);
 }
 
 TEST_F(SystemFiles, AHandleDoesWhatItWasOpenedFor) {
@@ -231,6 +231,12 @@ TEST_F(SystemFiles, AHandleDoesWhatItWasOpenedFor) {
 }
 
 TEST_F(SystemFiles, CreatingSetsAttributesAndSparesWhatIsHidden) {
+    if (!system.tree->setAttributes(place.put("probe").c_str(), kHidden)) {
+        EXPECT_EQ(error(), kNotSupported);
+        EXPECT_EQ(create("f", kHidden), -1);
+        EXPECT_FALSE(place.has("f"));
+        GTEST_SKIP() << "the temporary directory keeps no extended attributes";
+    }
     struct Row {
         std::uint32_t before, given, after;  // before: kNoAttributes if there is no file; after: 0 if refused
         bool everywhere = true;

@@ -151,6 +151,10 @@ TEST_F(SystemTree, AnEntryIsWhatTheFileIs) {
 TEST_F(SystemTree, AttributesComeBack) {
     place.put("f");
     makeDirectory("d");
+    EXPECT_EQ(set("f", kReadOnly | kArchive) + set("f", kArchive), 0u);
+    if (set("f", kHidden) == kNotSupported) {
+        GTEST_SKIP() << "the temporary directory keeps no extended attributes";
+    }
     for (std::uint32_t low = 0; low < 8; ++low) {
         for (std::uint32_t archive : {std::uint32_t{kArchive}, 0u}) {
             std::uint32_t bits = low | archive;
@@ -311,7 +315,7 @@ TEST_F(SystemTree, LinksAreNotWhatTheyLeadTo) {
         EXPECT_EQ(entry.sizeLow, entry.name == std::string("file") ? 5u : 0u) << entry.name;
     }
     EXPECT_EQ(removeDirectory("file"), kDirectory);
-    EXPECT_EQ(set("target", kReadOnly), 0u);
+    EXPECT_EQ(set("target", kReadOnly | kArchive), 0u) << "which the link is not";
     EXPECT_EQ(move("file", "renamed"), 0u);
     EXPECT_EQ(erase("renamed") + erase("loose") + removeDirectory("folder\\"), 0u);
     EXPECT_EQ(found("*"), ". .. dir target");

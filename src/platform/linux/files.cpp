@@ -1,5 +1,6 @@
 // Open files of Linux.
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -107,22 +108,38 @@ std::int32_t LinuxFiles::handOut(Descriptor descriptor, bool reads, bool writes)
     return handle;
 }
 
+// Linux starts programs with room for fewer open files than Windows programs have. False if there is no more to have.
+bool makeRoomForMore() {
+    constexpr rlim_t kWanted = 0x11000;  // all handles, and some for the program's own use
+    rlimit limit;
+    if (::getrlimit(RLIMIT_NOFILE, &limit) != 0 || limit.rlim_cur >= std::min(limit.rlim_max, kWanted)) return false;
+    limit.rlim_cur = std::min(limit.rlim_max, kWanted);
+    return ::setrlimit(RLIMIT_NOFILE, &limit) == 0;
+}
+
+// -1, with errno, on failure.
+int openFor(const char* path, int flags, mode_t mode = 0) {
+    auto open = [&] { return uninterrupted([&] { return ::openat(AT_FDCWD, path, flags | kOpenFlags, mode); }); };
+    int descriptor = open();
+    if (descriptor >= 0 || errno != EMFILE) return descriptor;
+    bool more = makeRoomForMore();
+    errno = EMFILE;
+    return more ? open() : -1;
+}
+
 // Opens a file with the access that the mode asks for. A file that is only written is opened for reading, too, where
 // that may be: marks are read locks.
 Descriptor openPath(const char* path, std::uint32_t mode, struct stat& state) {
     bool writes = (mode & (kWrite | kReadWrite)) != 0;
     bool onlyWrites = writes && !(mode & kReadWrite);
-    auto openFor = [&](int access) {
-        return uninterrupted([&] { return ::openat(AT_FDCWD, path, access | kOpenFlags); });
-    };
-    Descriptor descriptor(openFor(writes ? O_RDWR : O_RDONLY));
-    if (!descriptor && onlyWrites && errno == EACCES) descriptor = Descriptor(openFor(O_WRONLY));
+    Descriptor descriptor(openFor(path, writes ? O_RDWR : O_RDONLY));
+    if (!descriptor && onlyWrites && errno == EACCES) descriptor = Descriptor(openFor(path, O_WRONLY));
     if (!descriptor || ::fstat(descriptor.get(), &state) != 0) return Descriptor();
     if (S_ISREG(state.st_mode) || S_ISDIR(state.st_mode)) return descriptor;
     // A pipe that is open for both never lacks its reader.
     if (onlyWrites && S_ISFIFO(state.st_mode)) {
         descriptor.reset();
-        descriptor = Descriptor(openFor(O_WRONLY));
+        descriptor = Descriptor(openFor(path, O_WRONLY));
     }
     if (descriptor) ::fcntl(descriptor.get(), F_SETFL, ::fcntl(descriptor.get(), F_GETFL) & ~O_NONBLOCK);
     return descriptor;
@@ -177,7 +194,7 @@ std::int32_t LinuxFiles::create(const char* name, std::uint32_t attributes) {
         }
         if (errno != ENOENT) return failedCall();
         mode_t mode = attributes & kReadOnly ? 0444 : 0666;
-        descriptor = Descriptor(::openat(AT_FDCWD, path.text(), O_RDWR | O_CREAT | O_EXCL | kOpenFlags, mode));
+        descriptor = Descriptor(openFor(path.text(), O_RDWR | O_CREAT | O_EXCL, mode));
         if (descriptor) return start(std::move(descriptor), path.text(), attributes);
         if (errno != EEXIST || attempt == kClaimAttempts) return failedCall();
     }
