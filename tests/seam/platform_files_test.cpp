@@ -14,6 +14,7 @@
 #include "tests/support/workplace.h"
 
 #if !defined(_WIN32)
+#include <fcntl.h>
 #include <signal.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -459,6 +460,23 @@ TEST_F(SystemFiles, OtherProcessesSeeSharingModesAndLocksUntilTheyEnd) {
     OtherProcess late([&] { return open("f", kRead) == -1 && error() == kSharingViolation; });
     EXPECT_TRUE(late.ready);
     EXPECT_TRUE(files.close(alone));
+}
+
+TEST_F(SystemFiles, LocksOfOtherProgramsAreNoSharingModes) {
+    place.put("f", "text");
+    for (short type : {F_RDLCK, F_WRLCK}) {
+        OtherProcess other([&] {
+            int descriptor = ::open(place.native("f").c_str(), O_RDWR);
+            struct flock whole {};
+            whole.l_type = type;
+            return ::fcntl(descriptor, F_SETLK, &whole) == 0;
+        });
+        ASSERT_TRUE(other.ready);
+        std::int32_t handle = open("f", kReadWrite);
+        ASSERT_NE(handle, -1) << error();
+        EXPECT_FALSE(files.lock(handle, 0, 1)) << "but ranges are locked against all";
+        EXPECT_TRUE(files.close(handle));
+    }
 }
 
 TEST_F(SystemFiles, ProcessesThatOpenForThemselvesNeverHaveAFileTogether) {

@@ -61,7 +61,8 @@ unsigned marksOf(std::uint32_t mode) {
 bool placeMarks(int descriptor, unsigned marks) {
     setMarks(descriptor, marks, F_RDLCK);
     bool alone = forMarks(opponentsOf(marks), F_WRLCK, [&](struct flock lock) {
-        return ::fcntl(descriptor, F_OFD_GETLK, &lock) != 0 || lock.l_type == F_UNLCK;
+        if (::fcntl(descriptor, F_OFD_GETLK, &lock) != 0 || lock.l_type == F_UNLCK) return true;
+        return lock.l_start < kMarkPlace;  // another program's lock on all of the file is no mark
     });
     if (!alone) setMarks(descriptor, marks, F_UNLCK);
     return alone;
