@@ -258,7 +258,7 @@ std::uint32_t readBlob(const Table& table, const Field& field, char* to) {
 bool writeBlob(Table& table, Field& field, std::string_view value) {
     CompanionLock lock(table, table.blob, table.blobLock);
     constexpr auto kMost = static_cast<std::size_t>(platform::kLastPosition);
-    if (!lock || !hasRoomForBlob(table, field) || value.size() > kMost) return false;
+    if (!lock || !hasRoomForBlob(field) || value.size() > kMost) return false;
     Store store(table.blob);
     if (!store) return false;
     std::optional<Block> old = store.blob(referenceIn(table, field));

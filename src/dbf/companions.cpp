@@ -15,12 +15,10 @@ struct Decimal {
         : size(static_cast<std::size_t>(std::to_chars(text, text + sizeof text, number).ptr - text)) {}
 };
 
-std::size_t memoWidth(const Table& table, const Field& field) {
-    return std::min(static_cast<std::size_t>(table.widthWithin(field)), kNumberWidth);
-}
+std::size_t memoWidth(const Field& field) { return std::min(static_cast<std::size_t>(field.extent), kNumberWidth); }
 
 std::string_view part(const Table& table, const Field& field, std::size_t from) {
-    std::string_view all(table.at(field), static_cast<std::size_t>(table.widthWithin(field)));
+    std::string_view all(table.at(field), static_cast<std::size_t>(field.extent));
     return all.substr(std::min(from, all.size()), kNumberWidth);
 }
 
@@ -46,22 +44,20 @@ std::uint32_t blobSizeIn(const Table& table, const Field& field) {
         std::min<std::int64_t>(decimalOf(part(table, field, kNumberWidth)), platform::kLastPosition));
 }
 
-bool hasRoomFor(const Table& table, const Field& field, std::int64_t block) {
-    return Decimal(static_cast<std::uint64_t>(block)).size <= memoWidth(table, field);
+bool hasRoomFor(const Field& field, std::int64_t block) {
+    return Decimal(static_cast<std::uint64_t>(block)).size <= memoWidth(field);
 }
 
 bool referToBlock(Table& table, const Field& field, std::int64_t block) {
     Decimal number(static_cast<std::uint64_t>(block));
     char bytes[kNumberWidth];
-    std::size_t width = memoWidth(table, field);
+    std::size_t width = memoWidth(field);
     std::memset(bytes, ' ', width);
     std::memcpy(bytes + width - number.size, number.text, number.size);
     return refer(table, field, {bytes, width});
 }
 
-bool hasRoomForBlob(const Table& table, const Field& field) {
-    return table.widthWithin(field) >= static_cast<std::int32_t>(2 * kNumberWidth);
-}
+bool hasRoomForBlob(const Field& field) { return field.extent >= static_cast<std::int32_t>(2 * kNumberWidth); }
 
 bool referToBlob(Table& table, const Field& field, std::uint32_t offset, std::size_t size, bool keeps) {
     char bytes[2 * kNumberWidth];

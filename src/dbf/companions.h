@@ -32,9 +32,9 @@ std::uint32_t blobSizeIn(const Table& table, const Field& field);
 // Have a field refer to a value, and write the record back; on failure the field is as it was, unless `keeps`: then
 // the record stays changed, like after any other put, until it can be written. A field that is too narrow is refused
 // beforehand.
-bool hasRoomFor(const Table& table, const Field& field, std::int64_t block);
+bool hasRoomFor(const Field& field, std::int64_t block);
 bool referToBlock(Table& table, const Field& field, std::int64_t block);
-bool hasRoomForBlob(const Table& table, const Field& field);
+bool hasRoomForBlob(const Field& field);
 bool referToBlob(Table& table, const Field& field, std::uint32_t offset, std::size_t size, bool keeps);
 
 // Writes over what is in a file. If that falls short, what was there is put back as far as possible.

@@ -158,6 +158,7 @@ bool layOut(Table& table, const Structure& structure) {
     structure.each([&](std::int64_t i, std::string_view entry) {
         if (i < count && !entry.empty()) define(table, static_cast<std::int32_t>(i), definitionOf(entry));
     });
+    settleFields(table);
     return true;
 }
 

@@ -42,21 +42,6 @@ std::int32_t findField(std::uint32_t handle, const char* name) {
     return table ? findField(*table, view(name)) : 0;
 }
 
-bool isCompanion(char type) { return type == 'M' || type == 'B' || type == 'V'; }
-
-bool isTerminated(char type) {
-    switch (type) {
-        case 'C':
-        case 'D':
-        case 'F':
-        case 'L':
-        case 'N':
-            return true;
-        default:
-            return false;
-    }
-}
-
 std::uint32_t getMemo(const Table& table, const Field& field, char* to) {
     std::int64_t block = referenceIn(table, field);
     bool dbt = table.memoStyle == MemoStyle::kDbt;
@@ -66,13 +51,13 @@ std::uint32_t getMemo(const Table& table, const Field& field, char* to) {
 }
 
 std::uint32_t getStored(const Table& table, const Field& field, char* to) {
-    auto size = static_cast<std::size_t>(table.widthWithin(field));
+    auto size = static_cast<std::size_t>(field.extent);
     if (table.noRecord) {
         std::memset(to, ' ', size);
     } else {
         moveBytes(to, table.at(field), size);
     }
-    if (isTerminated(field.type)) to[size] = '\0';
+    if (field.isText) to[size] = '\0';
     return static_cast<std::uint32_t>(size);
 }
 
@@ -92,8 +77,8 @@ std::uint32_t getValue(const Place& place, char* to) {
         *to = '\0';
         return 0;
     }
-    std::uint32_t size = isCompanion(place.field->type) ? getOther(*place.table, *place.field, to)
-                                                        : getStored(*place.table, *place.field, to);
+    std::uint32_t size =
+        place.field->isStored ? getStored(*place.table, *place.field, to) : getOther(*place.table, *place.field, to);
     if (place.field->notify) place.field->notify(*place.table, *place.field, kFieldRead);
     return size;
 }
@@ -101,8 +86,7 @@ std::uint32_t getValue(const Place& place, char* to) {
 // The same for texts up to a NUL that is in them.
 std::uint32_t lengthOfValue(const Place& place, char* to) {
     std::uint32_t size = getValue(place, to);
-    bool isText = place && (isTerminated(place.field->type) || place.field->type == 'M');
-    return isText && to ? static_cast<std::uint32_t>(strnlen(to, size)) : size;
+    return place && place.field->isText && to ? static_cast<std::uint32_t>(strnlen(to, size)) : size;
 }
 
 void putPadded(char* to, std::size_t width, std::string_view value) {
@@ -113,7 +97,7 @@ void putPadded(char* to, std::size_t width, std::string_view value) {
 
 // Whether the number was taken; otherwise the field shows asterisks.
 bool putNumber(Table& table, const Field& field, std::string_view value) {
-    auto width = static_cast<std::size_t>(table.widthWithin(field));
+    auto width = static_cast<std::size_t>(field.extent);
     if (value.size() > static_cast<std::size_t>(field.lengthWord())) {
         std::memset(table.at(field), '*', width);
         return false;
@@ -137,7 +121,7 @@ bool putValue(Table& table, Field& field, std::string_view value) {
     if (table.noRecord) return false;
     if (field.notify) field.notify(table, field, kFieldWritten);
     char* to = table.at(field);
-    auto width = static_cast<std::size_t>(table.widthWithin(field));
+    auto width = static_cast<std::size_t>(field.extent);
     switch (field.type) {
         case 'C':
             putPadded(to, width, value);

@@ -45,7 +45,7 @@ bool writeDbtMemo(Table& table, Field& field, std::string_view text) {
     // kept: at the end of a block, one whole block stays unused
     std::int64_t position = end + (kDbtBlockSize - end % kDbtBlockSize);
     std::int64_t block = position / kDbtBlockSize;
-    if (!hasRoomFor(table, field, block)) return false;
+    if (!hasRoomFor(field, block)) return false;
     text = text.substr(0, kLongestDbtWrite);
     Scratch scratch;
     char* bytes = scratch.room(text.size() + 1);

@@ -70,7 +70,7 @@ bool append(Table& table, Field& field, std::string_view text) {
     char* bytes = compose(scratch, kFptText, text);
     if (end < 0 || !bytes) return false;
     std::int64_t block = freeBlock(table, end);
-    if (!hasRoomFor(table, field, block)) return false;
+    if (!hasRoomFor(field, block)) return false;
     std::int64_t position = positionOf(table, block);
     std::int64_t size = static_cast<std::int64_t>(kFptBlockHeaderSize + text.size());
     char next[4];

@@ -39,6 +39,7 @@ bool readFields(Table& table) {
         field.offset = field.type == 'V' ? 0 : offset;
         offset += field.length();
     }
+    settleFields(table);
     return true;
 }
 
@@ -115,16 +116,22 @@ const Date& KeptDate::get() {
     return date_;
 }
 
-std::int32_t Table::widthWithin(const Field& field) const {
-    return std::clamp(dataSize() - field.offset, 0, field.length());
-}
-
 bool makeBuffer(Table& table) {
     std::uint32_t size = table.recordSize();
     table.capacity = table.shared || 2 * size >= kBufferSize ? 1 : kBufferSize / size + 1;
     table.buffer.reset(new (std::nothrow) char[table.capacity * size]);
     table.record = table.buffer.get();
     return table.buffer != nullptr;
+}
+
+void settleFields(Table& table) {
+    for (std::int32_t i = 0; i < table.fieldCount; ++i) {
+        Field& field = table.fields[i];
+        field.start = std::min(field.offset, table.dataSize());
+        field.extent = std::min(field.length(), table.dataSize() - field.start);
+        field.isStored = field.type != 'M' && field.type != 'B' && field.type != 'V';
+        field.isText = field.type != '\0' && std::strchr("CDFLMN", field.type);
+    }
 }
 
 std::unique_ptr<Table> openTable(const char* name, std::uint32_t mode) {

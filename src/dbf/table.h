@@ -34,6 +34,10 @@ struct Field {
     std::uint8_t width = 1;  // low byte of the length
     std::uint8_t decimals = 0;
     std::int32_t offset = 0;  // in a record's data
+    std::int32_t start = 0;   // what lies within the record: from here on,
+    std::int32_t extent = 0;  // and so many bytes
+    bool isStored = true;     // in the record itself
+    bool isText = true;       // read with a terminator
     FieldHook notify = nullptr;
     ComputeHook compute = nullptr;
 
@@ -115,11 +119,8 @@ struct Table {
     std::uint32_t recordSize() const { return header.recordSize(); }
     std::int32_t dataSize() const { return header.recordSize() - 1; }
     char* data() const { return record + 1; }
-    char* at(const Field& field) const { return data() + std::min(field.offset, dataSize()); }
+    char* at(const Field& field) const { return data() + field.start; }
     std::int64_t positionOf(std::int64_t record) const { return header.headerSize() + (record - 1) * recordSize(); }
-
-    // The bytes of a field's extent that lie within the record.
-    std::int32_t widthWithin(const Field& field) const;
 
     Field* field(std::int32_t number) const {
         return number >= 1 && number <= fieldCount ? &fields[number - 1] : nullptr;
@@ -141,6 +142,9 @@ class TablePath {
 
 // Room for the records that a buffer holds: about 2 KB of them, or one.
 bool makeBuffer(Table& table);
+
+// Finds out how each field is read, and what of it lies within the record.
+void settleFields(Table& table);
 
 // Null if the file is no table, or it or one of its companions cannot be opened.
 std::unique_ptr<Table> openTable(const char* name, std::uint32_t mode);
