@@ -27,17 +27,22 @@ std::int32_t recorded(std::int32_t handle) {
     return handle;
 }
 
-// Whether there is an entry that has any attribute.
-// kept: a file without any, not even the archive attribute, is not seen.
-bool seesEntry(const char* name) {
-    constexpr std::uint32_t kSeen =
-        platform::kReadOnly | platform::kHidden | platform::kSystem | platform::kDirectoryEntry | platform::kArchive;
-    platform::Tree& tree = *platform::current().tree;
-    platform::FoundEntry entry;
+// Whether no entry is seen under a name; with the reason if not.
+// kept: a file without any attribute, not even the archive attribute, is not seen.
+bool seesNone(const char* name) {
+    using namespace platform;
+    Tree& tree = *current().tree;
+    Process& process = *current().process;
+    FoundEntry entry;
     std::int32_t search = tree.findFirst(name, entry);
-    if (search == -1) return false;
+    if (search == -1) {
+        std::uint32_t code = process.lastError();
+        return code == kFileNotFound || code == kPathNotFound || code == kNoMoreFiles;
+    }
     tree.findClose(search);
-    return (entry.attributes & kSeen) != 0;
+    if ((entry.attributes & (kReadOnly | kHidden | kSystem | kDirectoryEntry | kArchive)) == 0) return true;
+    process.setLastError(kFileExists);
+    return false;
 }
 
 std::int32_t refuse(std::uint32_t code) {
@@ -86,7 +91,7 @@ std::int32_t createRecorded(const char* name, std::uint32_t attributes) {
 }
 
 std::int32_t createNewRecorded(const char* name, std::uint32_t attributes) {
-    return seesEntry(name ? name : emptyText) ? refuse(platform::kFileExists) : createRecorded(name, attributes);
+    return seesNone(name ? name : emptyText) ? createRecorded(name, attributes) : -1;
 }
 
 bool closeRecorded(std::int32_t handle) {

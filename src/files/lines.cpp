@@ -197,7 +197,7 @@ class LineCounter {
 
 std::int32_t countLines(std::int32_t handle) {
     std::int32_t start = positionOf(handle);
-    if (start < 0) return -1;
+    if (start < 0 || lengthOf(handle) < 0) return -1;
     FileBlocks blocks(handle, start, 0);
     if (!blocks) return -1;
     LineCounter lines;

@@ -1,0 +1,286 @@
+// Files opened, read, written and closed by their handles, on the machine's disk.
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <cstdint>
+#include <filesystem>
+#include <string>
+
+#include "tests/support/library.h"
+#include "tests/support/text.h"
+#include "tests/support/workplace.h"
+
+namespace vx::test {
+namespace {
+
+constexpr std::int32_t kMost = INT_MAX;
+
+// What an open file does, on a text and a number.
+struct ModelFile {
+    std::string data;
+    std::int64_t at = 0;
+
+    std::string read(std::int64_t count) {
+        if (count <= 0 || at >= static_cast<std::int64_t>(data.size())) return "";
+        std::string got = data.substr(static_cast<std::size_t>(at), static_cast<std::size_t>(count));
+        at += static_cast<std::int64_t>(got.size());
+        return got;
+    }
+    std::int32_t write(const std::string& text) {
+        std::size_t from = static_cast<std::size_t>(at);
+        if (text.empty()) return 0;
+        data.resize(std::max(data.size(), from + text.size()));
+        data.replace(from, text.size(), text);
+        at += static_cast<std::int64_t>(text.size());
+        return static_cast<std::int32_t>(text.size());
+    }
+    std::int32_t seek(std::int32_t offset, std::int32_t origin) {
+        std::int64_t base = origin == 0 ? 0 : origin == 1 ? at : static_cast<std::int64_t>(data.size());
+        bool refused = origin < 0 || origin > 2 || base + offset < 0 || base + offset > kMost;
+        return static_cast<std::int32_t>(refused ? -1 : at = base + offset);
+    }
+    std::uint32_t number(std::size_t size) {
+        std::string bytes = read(static_cast<std::int64_t>(size));
+        std::uint32_t value = 0;
+        for (std::size_t i = bytes.size(); i-- > 0;) value = value << 8 | static_cast<std::uint8_t>(bytes[i]);
+        return bytes.size() == size ? value : UINT32_MAX >> (32 - 8 * size);
+    }
+    std::string upTo(std::int64_t count, std::int32_t delimiter) {
+        std::int64_t start = at;
+        std::string got = read(count);
+        std::size_t found = delimiter < 0 ? got.npos : got.find(static_cast<char>(delimiter));
+        if (found != got.npos) got.resize(found + 1);
+        at = start + static_cast<std::int64_t>(got.size());
+        return got;
+    }
+};
+
+std::string littleEndian(std::uint32_t value, std::size_t size) {
+    std::string bytes;
+    for (; size > 0; --size, value >>= 8) bytes += static_cast<char>(value);
+    return bytes;
+}
+
+class RandomWalk {
+ public:
+    RandomWalk(std::int32_t handle, std::string content, unsigned seed) : handle_(handle), random_(seed) {
+        model.data = std::move(content);
+    }
+
+    void step() {
+        const std::int32_t count = random_.number(-3, 40);
+        const std::string text = random_.text("ab\n\x80\xFF", 12);
+        const std::size_t room = static_cast<std::size_t>(std::max(count, 0));
+        const auto value = static_cast<std::uint32_t>(random_.number(INT_MIN, INT_MAX));
+        Dest dest(room + 1);
+        Dest exact(std::max<std::size_t>(room, 1));
+        auto bytes = [](Dest& from, std::int32_t size) {
+            return std::string(from.get(), static_cast<std::size_t>(std::max(size, 0)));
+        };
+        switch (random_.number(0, 19)) {
+            case 0:
+                EXPECT_EQ(bytes(exact, lib().FRead(handle_, exact, static_cast<std::uint32_t>(count))),
+                          model.read(count));
+                break;
+            case 1:
+                EXPECT_EQ(bytes(exact, lib().hread(handle_, exact, count)), model.read(count));
+                break;
+            case 2:
+                EXPECT_EQ(lib().FReadStr(handle_, dest, count), dest.get());
+                EXPECT_STREQ(dest, model.read(count).c_str());
+                break;
+            case 3:
+                EXPECT_EQ(lib().strfreadstr(handle_, dest, count), std::strlen(model.read(count).c_str()));
+                break;
+            case 4:
+            case 5: {
+                const std::int32_t delimiter =
+                    "\n\xFF"
+                    "a"[random_.number(0, 2)] |
+                    random_.number(0, 1) << 8;
+                const std::int32_t size = lib().FReads(handle_, dest, count, delimiter);
+                EXPECT_EQ(bytes(dest, size), model.upTo(count, delimiter & 0xFF));
+                EXPECT_EQ(dest.get()[size], '\0');
+                break;
+            }
+            case 6:
+                EXPECT_EQ(bytes(dest, lib().FReads(handle_, dest, count, -1)), model.read(count));
+                break;
+            case 7:
+                EXPECT_EQ(lib().FReadByte(handle_), static_cast<std::int32_t>(model.number(1)));
+                EXPECT_EQ(lib().FReadWord(handle_), static_cast<std::int32_t>(model.number(2)));
+                break;
+            case 8:
+                EXPECT_EQ(lib().FReadDword(handle_), model.number(4));
+                EXPECT_EQ(lib().FReadLong(handle_), static_cast<std::int32_t>(model.number(4)));
+                EXPECT_EQ(lib().FReadInt(handle_), static_cast<std::int32_t>(model.number(4)));
+                break;
+            case 9:
+                EXPECT_EQ(lib().FWrite(handle_, text.data(), static_cast<std::int32_t>(text.size())),
+                          model.write(text));
+                EXPECT_EQ(lib().FWrite(handle_, text.data(), std::min(count, 0)), 0);
+                break;
+            case 10:
+                lib().hwrite(handle_, text.data(), static_cast<std::int32_t>(text.size()));
+                lib().hwrite(handle_, text.data(), std::min(count, 0));
+                model.write(text);
+                break;
+            case 11:
+                EXPECT_EQ(lib().FWritestr(handle_, text.c_str()), model.write(text));
+                break;
+            case 12:
+                EXPECT_EQ(lib().FWrites(handle_, text.c_str()), model.write(text + '\0'));
+                break;
+            case 13:
+                EXPECT_EQ(lib().FWriteLine(handle_, text.c_str()), 1);
+                model.write(text + "\r\n");
+                break;
+            case 14:
+                EXPECT_EQ(lib().FWriteDword(handle_, value), model.write(littleEndian(value, 4)));
+                EXPECT_EQ(lib().FWriteByte(handle_, static_cast<std::int32_t>(value)),
+                          model.write(littleEndian(value, 1)));
+                break;
+            case 15:
+                EXPECT_EQ(lib().FWriteLong(handle_, static_cast<std::int32_t>(value)),
+                          model.write(littleEndian(value, 4)));
+                EXPECT_EQ(lib().FWriteInt(handle_, static_cast<std::int32_t>(value)),
+                          model.write(littleEndian(value, 4)));
+                EXPECT_EQ(lib().FWriteword(handle_, static_cast<std::int32_t>(value)),
+                          model.write(littleEndian(value, 2)));
+                break;
+            case 16:
+                EXPECT_EQ(lib().FTruncate(handle_), 1);
+                model.data.resize(static_cast<std::size_t>(model.at));
+                break;
+            default: {
+                const std::int32_t origin = random_.number(-1, 3);
+                const std::int32_t offset = random_.number(0, 9) ? random_.number(-60, 60) : kMost;
+                EXPECT_EQ(lib().FSeek(handle_, offset, origin), model.seek(offset, origin)) << offset << ", " << origin;
+                if (model.at > 300) lib().FSeek(handle_, static_cast<std::int32_t>(model.at = 7), 0);
+            }
+        }
+        compare();
+    }
+
+    ModelFile model;
+
+ private:
+    void compare() {
+        EXPECT_EQ(lib().FTell(handle_), model.at);
+        EXPECT_EQ(lib().FLen(handle_), static_cast<std::int32_t>(model.data.size()));
+        EXPECT_EQ(lib().FEof(handle_), model.at >= static_cast<std::int64_t>(model.data.size()));
+        EXPECT_EQ(lib().FBof(handle_), model.at == 0);
+        EXPECT_EQ(lib().FTell(handle_), model.at) << "the questions do not move it";
+    }
+
+    std::int32_t handle_;
+    RandomTexts random_;
+};
+
+TEST(Handles, RandomWorkOnAFile) {
+    Workplace place;
+    for (unsigned seed = 1; seed <= 20; ++seed) {
+        const std::string content = seed % 2 ? "" : "first line\nsecond\r\n\n\xFFlast";
+        const std::int32_t handle = lib().FOpen(place.put("work", content).c_str(), 2);
+        RandomWalk walk(handle, content, seed);
+        for (int i = 0; i < 300 && !testing::Test::HasFailure(); ++i) {
+            SCOPED_TRACE("seed " + std::to_string(seed) + ", step " + std::to_string(i));
+            walk.step();
+        }
+        EXPECT_EQ(lib().FClose(handle), 1);
+        ASSERT_EQ(place.get("work"), walk.model.data) << seed;
+    }
+}
+
+TEST(Handles, OpeningAndCreating) {
+    Workplace place;
+    const std::string name = place.path("new");
+    EXPECT_EQ(lib().FOpen(name.c_str(), 0), -1);
+    EXPECT_EQ(lib().FError(), 2u);
+    EXPECT_EQ(lib().FOpen(nullptr, 0), -1);
+    EXPECT_EQ(lib().FCreate(nullptr, 0), -1);
+    std::int32_t handle = lib().FCreatef(name.c_str(), 0);
+    EXPECT_EQ(lib().FWritestr(handle, "kept"), 4);
+    EXPECT_EQ(lib().ValidHandle(handle), 1);
+    EXPECT_EQ(lib().FClose(handle), 1);
+    EXPECT_EQ(lib().ValidHandle(handle), 0);
+    EXPECT_EQ(lib().FClose(handle), 0);
+    EXPECT_EQ(lib().FError(), 6u);
+    EXPECT_EQ(lib().FCreatef(name.c_str(), 0), -1);
+    EXPECT_EQ(place.get("new"), "kept");
+    EXPECT_EQ(lib().FCreatef(place.path().c_str(), 0), -1) << "a directory";
+    handle = lib().FOpen(name.c_str(), 0);
+    EXPECT_EQ(lib().FWritestr(handle, "x"), -1) << "open to read";
+    EXPECT_EQ(lib().FError(), 5u);
+    EXPECT_EQ(lib().FWritestr(handle, ""), 0);
+    lib().FClose(handle);
+    handle = lib().FCreate(name.c_str(), 0);
+    EXPECT_EQ(lib().FLen(handle), 0) << "emptied";
+    lib().FClose(handle);
+    lib().SetFError(1234);
+    EXPECT_EQ(lib().FError(), 1234u);
+}
+
+TEST(Handles, LocksAndCopiesOfRuntimeDescriptors) {
+    Workplace place;
+    const std::int32_t handle = lib().FOpen(place.put("f", "12345").c_str(), 2);
+    lib().FSeek(handle, 3, 0);
+    EXPECT_EQ(lib().FCommit(handle), 0);
+    EXPECT_EQ(lib().FDupe(handle), -1);
+    for (std::int32_t mode : {0, 1, 2, 3, -1}) EXPECT_EQ(lib().FAccess(handle, 1, mode, 1), 0) << mode;
+    EXPECT_EQ(lib().FTell(handle), 3);
+    lib().FClose(handle);
+}
+
+// No buffer, no handle, and counts beyond all files.
+TEST(Handles, NothingToWorkOn) {
+    Workplace place;
+    const std::int32_t handle = lib().FOpen(place.put("f", "12345").c_str(), 2);
+    Dest dest(1);
+    EXPECT_EQ(lib().FRead(handle, dest, 0x80000000u), 0) << "negative to most callers";
+    EXPECT_EQ(lib().FRead(handle, dest, UINT32_MAX), 0);
+    EXPECT_STREQ(lib().FReadStr(handle, dest, INT_MIN), "");
+    EXPECT_EQ(lib().FReads(handle, dest, INT_MIN, 10), 0);
+    EXPECT_EQ(lib().FWrite(handle, nullptr, INT_MIN), 0);
+    for (std::int32_t result : {lib().FRead(handle, nullptr, 5), lib().hread(handle, nullptr, 5),
+                                lib().FReads(handle, nullptr, 5, 10), lib().FWrite(handle, nullptr, 5)}) {
+        EXPECT_EQ(result, -1);
+    }
+    EXPECT_EQ(lib().FReadStr(handle, nullptr, 5), nullptr);
+    EXPECT_EQ(lib().strfreadstr(handle, nullptr, 5), 0u);
+    EXPECT_EQ(lib().FTell(handle), 0);
+    EXPECT_EQ(lib().FWritestr(handle, nullptr), 0);
+    EXPECT_EQ(lib().FWrites(handle, nullptr), 1);
+    EXPECT_EQ(lib().FWriteLine(handle, nullptr), 1);
+    EXPECT_EQ(place.get("f"), std::string("\0\r\n45", 5));
+    lib().FClose(handle);
+    for (std::int32_t none : {-1, 0, 0x7FFFFFF0}) {
+        lib().SetFError(0);
+        EXPECT_EQ(lib().FTell(none), -1) << none;
+        EXPECT_EQ(lib().FError(), 6u) << none;
+        EXPECT_EQ(lib().FEof(none), 1);
+        EXPECT_EQ(lib().FBof(none), 0);
+        EXPECT_EQ(lib().FLen(none), -1);
+        EXPECT_EQ(lib().ValidHandle(none), 0);
+        EXPECT_EQ(lib().FCommit(none), 0);
+    }
+}
+
+TEST(Handles, NoPositionBeyondTheLast) {
+    Workplace place;
+    const std::int32_t handle = lib().FOpen(place.put("big", "x").c_str(), 2);
+    EXPECT_EQ(lib().FSeek(handle, kMost, 0), kMost);
+    EXPECT_EQ(lib().FSeek(handle, 1, 1), -1);
+    EXPECT_EQ(lib().FSeek(handle, kMost, 2), -1);
+    EXPECT_EQ(lib().FTell(handle), kMost);
+    EXPECT_EQ(lib().FEof(handle), 1);
+    std::filesystem::resize_file(place.native("big"), std::uintmax_t{kMost} + 2);
+    EXPECT_EQ(lib().FLen(handle), -1);
+    EXPECT_EQ(lib().FError(), 87u);
+    EXPECT_EQ(lib().FSeek(handle, 0, 2), -1);
+    EXPECT_EQ(lib().FTell(handle), kMost);
+    lib().FClose(handle);
+}
+
+}  // namespace
+}  // namespace vx::test
