@@ -94,10 +94,8 @@ class RandomWalk {
                 break;
             case 4:
             case 5: {
-                const std::int32_t delimiter =
-                    "\n\xFF"
-                    "a"[random_.number(0, 2)] |
-                    random_.number(0, 1) << 8;
+                const std::int32_t delimiter = std::uint8_t("\n\377a"[random_.number(0, 2)]) | random_.number(0, 1)
+                                                                                                   << 8;
                 const std::int32_t size = lib().FReads(handle_, dest, count, delimiter);
                 EXPECT_EQ(bytes(dest, size), model.upTo(count, delimiter & 0xFF));
                 EXPECT_EQ(dest.get()[size], '\0');

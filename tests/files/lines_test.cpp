@@ -26,7 +26,7 @@ class File {
     std::int32_t handle_;
 };
 
-TEST(Lines, Reading) {
+TEST(FileLines, Reading) {
     struct Row {
         std::string data;
         std::vector<std::string> lines;
@@ -57,7 +57,7 @@ TEST(Lines, Reading) {
     EXPECT_EQ(lib().strfreadline(file, dest), 3u);
 }
 
-TEST(Lines, GoingToLines) {
+TEST(FileLines, GoingToLines) {
     File file("11\n22\n33\n44\n");
     EXPECT_EQ(lib().FSeekLine(file, 3, 0), 6);
     EXPECT_EQ(lib().FSeekLine(file, 0, 2), 1) << "not a position";
@@ -75,7 +75,7 @@ TEST(Lines, GoingToLines) {
     EXPECT_EQ(lib().FTell(file), 1);
 }
 
-TEST(Lines, RandomWalks) {
+TEST(FileLines, RandomWalks) {
     for (unsigned seed = 1; seed <= 12; ++seed) {
         RandomTexts random(seed);
         const std::string data = randomLines(random, random.number(0, 40));
@@ -84,7 +84,7 @@ TEST(Lines, RandomWalks) {
     }
 }
 
-TEST(Lines, TextsWithoutOverlapAndInOtherCase) {
+TEST(FileLines, TextsWithoutOverlapAndInOtherCase) {
     struct Row {
         const char* data;
         std::string text;
@@ -120,7 +120,7 @@ TEST(Lines, TextsWithoutOverlapAndInOtherCase) {
 }
 
 // A text or a line feed at each place around the seams of the blocks in which a file is read.
-TEST(Lines, AcrossTheSeams) {
+TEST(FileLines, AcrossTheSeams) {
     const std::size_t size = 600000;
     std::string data(size, '-');
     for (std::size_t i = 1999; i < size; i += 2000) data[i] = '\n';
@@ -147,7 +147,7 @@ TEST(Lines, AcrossTheSeams) {
         << "and in no time";
 }
 
-TEST(Lines, NoHandleAndNoPosition) {
+TEST(FileLines, NoHandleAndNoPosition) {
     for (std::int32_t none : {-1, 0, 0x7FFFFFF0}) {
         Dest dest(2049);
         EXPECT_STREQ(lib().FReadLine(none, dest), "");
