@@ -12,11 +12,10 @@ namespace vx::bench {
 // Registers `name/ours` and `name/peer`; each of the two does the work once and returns something to keep.
 // `bytes` (0 for none) is what one pass reads, for a rate. `prepare` sets up what is not to be measured.
 template <class Ours, class Peer>
-void pair(
-    const std::string& name, std::size_t bytes, Ours ours, Peer peer, void (*prepare)() = [] {}) {
-    auto measured = [bytes, prepare](auto work) {
-        return [bytes, prepare, work](benchmark::State& state) mutable {
-            prepare();
+void pair(const std::string& name, std::size_t bytes, Ours ours, Peer peer) {
+    auto measured = [bytes](auto work) {
+        return [bytes, work](benchmark::State& state) mutable {
+            benchmark::DoNotOptimize(work());  // what the first call prepares is not measured
             for (auto _ : state) benchmark::DoNotOptimize(work());
             if (bytes) state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * bytes));
         };

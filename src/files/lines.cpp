@@ -10,7 +10,7 @@
 #include "files/file_blocks.h"
 #include "files/handles.h"
 #include "frame/text.h"
-#include "strings/character_count.h"
+#include "strings/characters.h"
 
 namespace vx {
 namespace {
@@ -56,7 +56,7 @@ class WayBack {
         std::int64_t to = std::min(clear_, end_);
         if (from < to && !look(from, to)) return -1;
         to = std::min(to, end_);
-        std::size_t found = from < to ? within(from, to).rfind(kLineFeed) : std::string_view::npos;
+        std::size_t found = from < to ? findLastCharacter(kLineFeed, within(from, to)) : std::string_view::npos;
         if (found == std::string_view::npos) {
             clear_ = std::min(clear_, from);
             position_ = std::min(position_, std::max(from, end_));
@@ -169,7 +169,7 @@ class LineCounter {
                 counted = true;
                 continue;
             }
-            if (counted) begun_ = at - text.rfind(kLineFeed, at - 1) - 1;
+            if (counted) begun_ = at - findLastCharacter(kLineFeed, text.substr(0, at)) - 1;
             counted = false;
             std::size_t feed = text.find(kLineFeed, at);
             if (feed == std::string_view::npos) {
@@ -180,7 +180,7 @@ class LineCounter {
             begun_ = 0;
             at = feed + 1;
         }
-        if (counted) begun_ = text.size() - text.rfind(kLineFeed) - 1;
+        if (counted) begun_ = text.size() - findLastCharacter(kLineFeed, text) - 1;
     }
 
     std::int32_t count() const {

@@ -55,32 +55,42 @@ class CaseMode {
     CaseTable table_;
 };
 
-enum class Outcome { kEnded, kStopped, kFailed };
+// The occurrences of a text in a file, without overlap.
+struct Occurrences {
+    bool first;  // no more than one is wanted
+    std::int32_t count = 0;
+    std::int64_t last = 0;  // its position
+    bool failed = false;
+};
 
-// Shows the occurrences of a text between a position and an end, in order, to visit(position), which returns whether to
-// go on behind it. They do not overlap.
-template <class Visit>
-Outcome search(FileBlocks& blocks, std::int64_t end, std::string_view text, std::int32_t mode, Visit visit) {
+// Those in one block of bytes; returns where in it the next one may begin.
+[[gnu::noinline]] std::size_t searchBlock(std::string_view text, std::string_view bytes, std::int64_t start,
+                                          Occurrences& found) {
+    std::size_t next = 0;
+    scanning::scan<scanning::Exact>(text, bytes, [&](std::size_t at) {
+        next = at + text.size();
+        ++found.count;
+        found.last = start + static_cast<std::int64_t>(at);
+        return found.first ? scanning::kStop : next;
+    });
+    return next;
+}
+
+Occurrences search(FileBlocks& blocks, std::int64_t end, std::string_view text, std::int32_t mode, bool first) {
     const CaseMode casing(mode, text);
+    Occurrences found{first};
     GrowingSize size;
     std::size_t kept = 0;
-    bool stopped = false;
-    while (blocks.position() < end) {
+    while (blocks.position() < end && !(first && found.count > 0)) {
         const auto asked = std::min<std::int64_t>(size.next(), end - blocks.position());
         const std::int32_t read = blocks.read(kept, static_cast<std::size_t>(asked));
-        if (read < asked) return Outcome::kFailed;
+        found.failed = read < asked;
+        if (found.failed) break;
         casing.apply(blocks.fresh(), static_cast<std::size_t>(read));
-        const std::string_view bytes = blocks.bytes();
-        std::size_t next = 0;
-        scanning::scan<scanning::Exact>(text, bytes, [&](std::size_t at) {
-            next = at + text.size();
-            stopped = !visit(blocks.start() + static_cast<std::int64_t>(at));
-            return stopped ? scanning::kStop : next;
-        });
-        if (stopped) return Outcome::kStopped;
-        kept = std::min(bytes.size() - next, text.size() - 1);
+        const std::size_t next = searchBlock(text, blocks.bytes(), blocks.start(), found);
+        kept = std::min(blocks.bytes().size() - next, text.size() - 1);
     }
-    return Outcome::kEnded;
+    return found;
 }
 
 std::int32_t locate(std::int32_t handle, std::string_view text, std::int32_t mode) {
@@ -91,20 +101,10 @@ std::int32_t locate(std::int32_t handle, std::string_view text, std::int32_t mod
     if (start >= end || text.size() > kLongestText) return kNone;
     FileBlocks blocks(handle, start, text.size() - 1);
     if (!blocks) return kNone;
-    std::int64_t found = 0;
-    switch (search(blocks, end, text, mode, [&found](std::int64_t position) {
-        found = position;
-        return false;
-    })) {
-        case Outcome::kStopped:
-            return files().seek(handle, static_cast<std::int32_t>(found), platform::kFromStart);
-        case Outcome::kEnded:
-            putBack(handle, start);
-            return kNone;
-        default:
-            putBack(handle, static_cast<std::int32_t>(blocks.position()));
-            return -1;
-    }
+    const Occurrences found = search(blocks, end, text, mode, true);
+    if (found.count > 0) return files().seek(handle, static_cast<std::int32_t>(found.last), platform::kFromStart);
+    putBack(handle, found.failed ? static_cast<std::int32_t>(blocks.position()) : start);
+    return found.failed ? -1 : kNone;
 }
 
 std::int32_t countText(std::int32_t handle, std::string_view text, std::int32_t mode) {
@@ -115,10 +115,9 @@ std::int32_t countText(std::int32_t handle, std::string_view text, std::int32_t 
     if (text.size() > kLongestText) return 0;
     FileBlocks blocks(handle, start, text.size() - 1);
     if (!blocks) return 0;
-    std::int32_t count = 0;
-    const Outcome outcome = search(blocks, end, text, mode, [&count](std::int64_t) { return ++count > 0; });
+    const Occurrences found = search(blocks, end, text, mode, false);
     putBack(handle, start);
-    return outcome == Outcome::kFailed ? -1 : count;
+    return found.failed ? -1 : found.count;
 }
 
 }  // namespace

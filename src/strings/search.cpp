@@ -5,7 +5,7 @@
 
 #include "entries/search.h"
 #include "frame/text.h"
-#include "strings/character_count.h"
+#include "strings/characters.h"
 #include "strings/difference.h"
 #include "strings/find.h"
 #include "strings/head.h"

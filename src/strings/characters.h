@@ -1,9 +1,10 @@
-// How often a character stands in a text.
+// A character counted in a text, and found from its end.
 #pragma once
 
 #include <emmintrin.h>
 
 #include <algorithm>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -27,6 +28,16 @@ inline std::size_t countCharacter(char c, std::string_view text) {
     count += static_cast<std::uint32_t>(_mm_cvtsi128_si32(_mm_srli_si128(total, 8)));
     for (; i < text.size(); ++i) count += text[i] == c;
     return count;
+}
+
+inline std::size_t findLastCharacter(char c, std::string_view text) {
+    const __m128i wanted = _mm_set1_epi8(c);
+    std::size_t end = text.size();
+    for (; end >= kBlock; end -= kBlock) {
+        unsigned found = bits(_mm_cmpeq_epi8(load(text.data() + end - kBlock), wanted));
+        if (found) return end - kBlock + static_cast<std::size_t>(std::bit_width(found)) - 1;
+    }
+    return text.substr(0, end).rfind(c);
 }
 
 }  // namespace vx
