@@ -38,6 +38,11 @@ Size operator-(Size a, Size b);
 Size operator*(Size a, Size b);
 Size operator/(Size a, Size b);  // 0 where b is 0
 
+// What `host` stands for in the formulas of rooms: the room for the longest text that the calling program's command
+// line and environment hold. Programs that call more than fakes set it before.
+Size hostRoom();
+void setHostRoom(std::int64_t bytes);
+
 union Value {
     std::int64_t number = 0;
     char* text;

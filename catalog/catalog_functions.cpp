@@ -44,7 +44,12 @@ int distance(std::string_view a, std::string_view b) {
     return d[a.size()][b.size()];
 }
 
+std::int64_t hostBytes = 4096;
+
 }  // namespace
+
+Size hostRoom() { return {hostBytes}; }
+void setHostRoom(std::int64_t bytes) { hostBytes = bytes; }
 
 Size operator+(Size a, Size b) {
     std::int64_t r;

@@ -1,8 +1,13 @@
 // vexlor: calls any function of the library from the shell.
 
+#include <unistd.h>
+
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <cstdint>
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
 #include <iterator>
 #include <new>
 #include <optional>
@@ -168,7 +173,18 @@ void callFunction(CommandLine& line) {
     std::fputs(call->remarks().c_str(), stderr);
 }
 
+// Enough for each text that the command line and the environment give to a called function. As one line, an argument
+// may have gained a blank and quotes, and Windows knows neither more nor longer ones than this least room.
+std::int64_t roomForHostTexts(char** argv) {
+    std::int64_t room = 1 << 17;
+    for (char** texts : {argv, environ}) {
+        for (; texts && *texts; ++texts) room += static_cast<std::int64_t>(std::strlen(*texts)) + 4;
+    }
+    return room;
+}
+
 int run(int argc, char** argv) {
+    catalog::setHostRoom(roomForHostTexts(argv));
     CommandLine line;
     if (std::optional<int> code = parse(argc, argv, line)) return *code;
     std::string output;

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "tests/lab/table_bytes.h"
+#include "fuzz/texts.h"
 
 namespace vx::fuzz {
 namespace {
@@ -35,23 +35,33 @@ void World::renew(Random& random) {
     fakes_->desktop.memoryLeft = !random.oneIn(4);
     fakes_->desktop.logOffResult = random.oneIn(4) ? 0 : 1;
     fill(fakes_->disk, random);
+    chooseSystem(random);
     restoreState();
 }
 
-std::vector<const char*> World::putTables() {
-    using lab::blobReference;
-    using lab::memoReference;
-    lab::MadeUpDisk& disk = fakes_->disk;
-    std::vector<lab::FieldBytes> plain = {{"a", 'C', 9}, {"ab", 'N', 6, 2}, {"b", 'D', 8},
-                                          {"1", 'L', 1}, {" ", 'X', 3},     {"A", 'F', 5}};
-    std::vector<lab::FieldBytes> dbase = {{"a", 'M', 10}, {"b", 'B', 20}, {"A", 'C', 300}, {"1", 'V', 4}};
-    disk.put("PLAIN.DBF", lab::tableBytes(0x03, plain, std::vector<std::string>(100, " text")));
-    disk.put("DBASE.DBF", lab::tableBytes(0xC3, dbase, {" " + memoReference(1) + blobReference(64, 5), "*"}));
-    disk.put("DBASE.DBT", lab::dbtBytes({"a memo"}));
-    disk.put("DBASE.BLO", lab::bloBytes({"blob", "other"}));
-    disk.put("FOX.DBF", lab::tableBytes(0xF5, {{"a", 'M', 10}, {"b", 'C', 30}}, {" " + memoReference(8), "*"}));
-    disk.put("FOX.FPT", lab::fptBytes({"a memo"}));
-    return {"PLAIN", "DBASE", "FOX"};
+// Texts stay below the room that the table's rooms of `host` have here.
+void World::chooseSystem(Random& random) {
+    constexpr platform::PlatformId kIds[] = {platform::kWindowsNtId, platform::kWindows95Id, platform::kWin32sId,
+                                             platform::kUnknownId};
+    lab::FixedProcess& process = fakes_->process;
+    process.id = random.of(kIds);
+    process.memoryLeft = !random.oneIn(8);
+    for (int i = random.between(0, 8); i > 0; --i) {
+        std::string text = drawText(random, random.oneIn(2) ? "a \t\"" : drawAlphabet(random));
+        process.command += ' ' + text.substr(0, 100);
+        process.variables.push_back("V" + std::to_string(i) + '=' + text.substr(0, 1000));
+    }
+    process.command.erase(0, random.below(12));
+    if (random.oneIn(2)) {
+        std::string lines = drawText(random, "");
+        lines += "\nLASTDRIVE" + drawText(random, "=zZ \n");
+        fakes_->disk.put("C:\\CONFIG.SYS", lines);
+    }
+    fakes_->hardware.hasDosDevice = !random.oneIn(4);
+    fakes_->hardware.carry = random.oneIn(4);
+    fakes_->hardware.beepResult = random.oneIn(4) ? 0 : 1;
+    if (random.oneIn(4)) fakes_->volumes.current = 'F';
+    if (random.oneIn(4)) fakes_->volumes.drives['F'].error = platform::kNotReady;
 }
 
 void World::takeState() {

@@ -21,6 +21,7 @@ class World {
     std::vector<const char*> putTables();
 
  private:
+    void chooseSystem(Random& random);
     void takeState();
     void restoreState();
 

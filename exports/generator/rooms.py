@@ -2,12 +2,18 @@
 
     len(text) + 1        max(width, 0) + 1        len(text) * (count + 1) + 1
 
-Numbers, argument names, + - * //, len(text argument), max(...), min(...). A NULL text has length 0.
+Numbers, argument names, + - * //, len(text argument), max(...), min(...). A NULL text has length 0. `host` is the size
+of the longest text that the host program's command line and environment hold: who makes the call knows it.
+
+What stands behind a colon is told to people instead of the formula:
+
+    host: the value's length + 1
 """
 import ast
 
 NUMBERS = {"int", "uint", "char", "pos", "handle", "table"}
 TEXTS = {"str", "edit"}
+HOST = "host"
 FUNCTIONS = {"len", "max", "min"}
 OPERATORS = {ast.Add: "+", ast.Sub: "-", ast.Mult: "*", ast.FloorDiv: "/"}
 
@@ -29,6 +35,8 @@ class Room:
     def _cpp(self, node):
         if isinstance(node, ast.Constant):
             return f"Size{{{node.value}}}"
+        if isinstance(node, ast.Name) and node.id == HOST and HOST not in self.order:
+            return "hostRoom()"
         if isinstance(node, ast.Name):
             return f"Size{{a[{self.order[node.id]}].number}}"
         if isinstance(node, ast.BinOp):
@@ -43,16 +51,19 @@ class Room:
 
 
 def parse_room(text, kinds):
+    formula, _, words = text.partition(":")
     try:
-        tree = ast.parse(text.strip(), mode="eval").body
+        tree = ast.parse(formula.strip(), mode="eval").body
     except SyntaxError as error:
         raise RoomError(f"cannot read `{text}`") from error
     check(tree, kinds)
-    return Room(text.strip(), tree, {name: i for i, name in enumerate(kinds)})
+    return Room((words or formula).strip(), tree, {name: i for i, name in enumerate(kinds)})
 
 
 def check(node, kinds):
     if isinstance(node, ast.Constant) and isinstance(node.value, int):
+        return
+    if isinstance(node, ast.Name) and node.id == HOST and HOST not in kinds:
         return
     if isinstance(node, ast.Name):
         if kinds.get(node.id) not in NUMBERS:
@@ -70,4 +81,4 @@ def check(node, kinds):
         for argument in node.args:
             check(argument, kinds)
         return
-    raise RoomError("only numbers, arguments, + - * //, len(), max() and min() are understood")
+    raise RoomError("only numbers, arguments, host, + - * //, len(), max() and min() are understood")

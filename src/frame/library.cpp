@@ -70,6 +70,19 @@ void buildTables() {
     if (locale.mapToUpper(work, mapped, 256) == 256) std::memcpy(library.collate, mapped, 256);
 }
 
+PlatformClass classOf(platform::PlatformId id) {
+    switch (id) {
+        case platform::kWin32sId:
+            return PlatformClass::kWin32s;
+        case platform::kWindows95Id:
+            return PlatformClass::kWindows95;
+        case platform::kWindowsNtId:
+            return PlatformClass::kWindowsNt;
+        default:
+            return PlatformClass::kOther;
+    }
+}
+
 }  // namespace
 
 constexpr Library::Library() {
@@ -83,6 +96,13 @@ constexpr Library::Library() {
 constinit Library library;
 
 const char emptyText[1] = "";
+
+PlatformClass platformClass() {
+    if (library.platformClass == PlatformClass::kUnknown) {
+        library.platformClass = classOf(platform::current().process->platformId());
+    }
+    return library.platformClass;
+}
 
 void attach(void* module) {
     library.module = module;

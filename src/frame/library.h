@@ -1,6 +1,7 @@
 // The library's process-wide state, all of it that families share, and how it is set up and torn down.
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 
 namespace vx {
@@ -24,6 +25,9 @@ inline constexpr int kHandleSlots = 1024;
 inline constexpr std::int32_t kNoHandle = -1;
 inline constexpr int kPathRoom = 260;
 
+// What a function that asks a device goes by.
+enum class PlatformClass : std::int32_t { kUnknown = -1, kOther = 0, kWin32s = 1, kWindows95 = 2, kWindowsNt = 3 };
+
 struct Library {
     void* module = nullptr;
     char programPath[kPathRoom] = {};
@@ -33,6 +37,7 @@ struct Library {
     std::uint8_t collate[256];
     std::uint32_t types[256];
     char fill = ' ';
+    std::atomic<PlatformClass> platformClass = PlatformClass::kUnknown;  // read it by platformClass()
 
     Library(const Library&) = delete;
     Library& operator=(const Library&) = delete;
@@ -43,6 +48,9 @@ extern Library library;
 
 // The empty text that some entries return; callers may read it and never write it.
 extern const char emptyText[1];
+
+// The system that the process runs on, asked for once.
+PlatformClass platformClass();
 
 // Library load: handle table, case tables from the system, host program's path. `module` is the system's handle.
 void attach(void* module);

@@ -17,12 +17,14 @@ std::int32_t show(const char* text, const char* title, platform::BoxIcon icon = 
 std::int32_t unavailable(const char* function) {
     char text[128];
     std::snprintf(text, sizeof text, "The function %s() is not available on 32 bit platforms.", function);
-    return show(text, "Vexlor Alert");
+    return alert(text);
 }
 
 std::int32_t unimplemented(const char* title) {
     return show("This function has not been implemented in this beta.", title);
 }
+
+std::int32_t alert(const char* text) { return show(text, "Vexlor Alert"); }
 
 std::int32_t about() {
     return show(

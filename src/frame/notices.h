@@ -10,6 +10,9 @@ namespace vx::notices {
 std::int32_t unavailable(const char* function);
 std::int32_t unimplemented(const char* title);
 
+// The same with a text of one's own.
+std::int32_t alert(const char* text);
+
 // Version, build, date and time of this library.
 std::int32_t about();
 

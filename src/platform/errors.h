@@ -39,6 +39,7 @@ enum Error : std::uint32_t {
     kDirectoryNotEmpty = 145,
     kNotLocked = 158,
     kAlreadyExists = 183,
+    kVariableNotFound = 203,
     kFilenameTooLong = 206,
     kFileTooLarge = 223,
     kDirectory = 267,

@@ -3,8 +3,8 @@
 namespace vx::platform {
 
 Platform& current() {
-    static Platform platform{&systemClock(),   &systemDesktop(), &systemFiles(),  &systemLocale(),
-                             &systemProcess(), &systemTree(),    &systemVolumes()};
+    static Platform platform{&systemClock(),  &systemDesktop(), &systemFiles(), &systemHardware(),
+                             &systemLocale(), &systemProcess(), &systemTree(),  &systemVolumes()};
     return platform;
 }
 

@@ -8,6 +8,7 @@
 #include "platform/clock.h"
 #include "platform/desktop.h"
 #include "platform/files.h"
+#include "platform/hardware.h"
 #include "platform/locale.h"
 #include "platform/process.h"
 #include "platform/tree.h"
@@ -19,6 +20,7 @@ struct Platform {
     Clock* clock;
     Desktop* desktop;
     Files* files;
+    Hardware* hardware;
     Locale* locale;
     Process* process;
     Tree* tree;
@@ -31,6 +33,7 @@ Platform& current();
 Clock& systemClock();
 Desktop& systemDesktop();
 Files& systemFiles();
+Hardware& systemHardware();
 Locale& systemLocale();
 Process& systemProcess();
 Tree& systemTree();

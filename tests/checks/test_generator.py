@@ -66,6 +66,10 @@ class Generator(unittest.TestCase):
         self.assertEqual((run.returncode, run.stderr), (0, ""))
         self.assertIn("char *VEXLOR32_CALL First(const char *text, char *dest);", header)
 
+    def test_a_room_may_be_told_in_words(self):
+        _, header = self.run_on(SOUND.replace("dest[len(text) + 1]", "dest[max(host, 9): the value's length + 1]"))
+        self.assertIn("room: the value's length + 1", header)
+
     def test_faults_are_named_with_file_and_line(self):
         for old, new, line, message in FAULTS:
             with self.subTest(fault=new):

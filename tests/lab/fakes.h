@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cctype>
 #include <cstring>
 #include <string>
 #include <utility>
@@ -10,6 +11,7 @@
 #include "platform/platform.h"
 #include "tests/lab/door.h"
 #include "tests/lab/made_up_disk.h"
+#include "tests/lab/made_up_hardware.h"
 #include "tests/lab/made_up_volumes.h"
 
 namespace vx::lab {
@@ -164,24 +166,82 @@ class FixedProcess final : public platform::Process {
     }
     std::uint32_t lastError() override { return error; }
     void setLastError(std::uint32_t code) override { error = code; }
-    std::uint32_t setErrorMode(std::uint32_t mode) override { return std::exchange(errorMode, mode); }
+    std::uint32_t setErrorMode(std::uint32_t mode) override {
+        if (mode == platform::kFailSilently) ++silences;
+        return std::exchange(errorMode, mode);
+    }
+
+    // Windows NT 4.0 with 16 MB.
+    std::string command = "host.exe";
+    std::vector<std::string> variables{"COMSPEC=C:\\WINNT\\cmd.exe", "SystemDrive=C:", "empty="};
+    std::uint32_t version = 4;
+    platform::PlatformId id = platform::kWindowsNtId;
+    platform::Memory memory{16 << 20, 5 << 20};
+    bool memoryLeft = true;
+    int copies = 0;    // of the environment, not given back
+    int silences = 0;  // how often boxes were turned off
+
+    const char* commandLine() override { return command.c_str(); }
+    char* copyEnvironment() override {
+        if (!memoryLeft) return nullptr;
+        std::string all;
+        for (const std::string& variable : variables) all += variable + '\0';
+        char* copy = new char[all.size() + 1];
+        std::memcpy(copy, all.c_str(), all.size() + 1);
+        ++copies;
+        return copy;
+    }
+    void releaseEnvironment(char* copy) override {
+        delete[] copy;
+        --copies;
+    }
+    std::uint32_t variable(const char* name, char* value, std::uint32_t room) override {
+        std::string start = upperCased(name) + '=';
+        for (const std::string& variable : variables) {
+            if (upperCased(variable.substr(0, start.size())) != start) continue;
+            std::uint32_t length = static_cast<std::uint32_t>(variable.size() - start.size());
+            if (length >= room) return length + 1;
+            std::memcpy(value, variable.c_str() + start.size(), length + 1);
+            return length;
+        }
+        error = platform::kVariableNotFound;
+        return 0;
+    }
+    std::uint32_t systemVersion() override { return version; }
+    platform::PlatformId platformId() override { return id; }
+    platform::Memory physicalMemory() override { return memory; }
+
+ private:
+    static std::string upperCased(std::string text) {
+        for (char& c : text) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+        return text;
+    }
 };
 
 // Puts one stand-in of each kind in the platform's places, and takes them out again.
 class FakePlatform {
  public:
     explicit FakePlatform(Door* door) : door_(door), system_(*door->platform) {
-        *door->platform = {&clock, &desktop, &disk, &locale, &process, &disk, &volumes};
+        *door->platform = {&clock, &desktop, &disk, &hardware, &locale, &process, &disk, &volumes};
+        forgetClass();
         disk.process = &process;
+        hardware.process = &process;
         volumes.process = &process;
     }
-    ~FakePlatform() { *door_->platform = system_; }
+    ~FakePlatform() {
+        *door_->platform = system_;
+        forgetClass();
+    }
     FakePlatform(const FakePlatform&) = delete;
     FakePlatform& operator=(const FakePlatform&) = delete;
+
+    // The library asks for the system's class once; after this, once more.
+    void forgetClass() { door_->library->platformClass = PlatformClass::kUnknown; }
 
     FixedClock clock;
     RecordedDesktop desktop;
     MadeUpDisk disk;
+    MadeUpHardware hardware;
     FixedLocale locale;
     FixedProcess process;
     MadeUpVolumes volumes;

@@ -7,6 +7,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "platform/errors.h"
 #include "platform/platform.h"
@@ -22,6 +23,7 @@ struct MadeUpDrive {
     std::string directory = "\\";
     std::uint32_t error = 0;       // what reading fails with; 0 works
     std::uint32_t labelError = 0;  // what setting the label fails with
+    bool startedIn = false;  // the system lost its directory unless it is changed to: by its drive one gets the root
 };
 
 class MadeUpVolumes final : public platform::Volumes {
@@ -76,6 +78,7 @@ class MadeUpVolumes final : public platform::Volumes {
     bool setCurrentDrive(std::int32_t drive) override {
         char letter = static_cast<char>('A' + drive - 1);
         if (drive < 1 || drive > 26 || !drives.contains(letter)) return refuse(platform::kInvalidDrive);
+        if (std::exchange(drives[letter].startedIn, false)) drives[letter].directory = "\\";
         current = letter;
         return true;
     }
@@ -93,6 +96,7 @@ class MadeUpVolumes final : public platform::Volumes {
             current = letterOf(path);
             path += 2;
         }
+        drive->startedIn = false;
         drive->directory = *path == '\\' ? path : drive->directory + (drive->directory.size() > 1 ? "\\" : "") + path;
         return true;
     }

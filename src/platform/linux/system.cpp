@@ -4,13 +4,23 @@
 #include <algorithm>
 #include <atomic>
 #include <climits>
+#include <cstdlib>
 #include <cstring>
+#include <string>
 
 #include "platform/linux/last_error.h"
+#include "platform/linux/process_data.h"
+#include "platform/linux/system_file.h"
 #include "platform/platform.h"
 
 namespace vx::platform {
 namespace {
+
+// The number behind a key, which counts kilobytes.
+std::uint64_t bytesIn(const char* text, const char* key) {
+    const char* line = std::strstr(text, key);
+    return line ? std::strtoull(line + std::strlen(key), nullptr, 10) * 1024 : 0;
+}
 
 class LinuxProcess final : public Process {
  public:
@@ -34,6 +44,35 @@ class LinuxProcess final : public Process {
 
     // No system call of Linux shows a box; the mode is kept for who asks for it.
     std::uint32_t setErrorMode(std::uint32_t mode) override { return errorMode_.exchange(mode); }
+
+    const char* commandLine() override {
+        static const std::string line = joinedArguments();
+        return line.c_str();
+    }
+
+    char* copyEnvironment() override {
+        char* copy = copyVariables();
+        return copy ? copy : failed(copy, kNotEnoughMemory);
+    }
+    void releaseEnvironment(char* copy) override { delete[] copy; }
+
+    std::uint32_t variable(const char* name, char* value, std::uint32_t room) override {
+        const char* found = findVariable(name);
+        if (!found) return failed(0u, kVariableNotFound);
+        std::uint32_t length = static_cast<std::uint32_t>(std::strlen(found));
+        if (length >= room) return length + 1;
+        std::memcpy(value, found, length + 1);
+        return length;
+    }
+
+    // As Windows NT 4.0.
+    std::uint32_t systemVersion() override { return 4; }
+    PlatformId platformId() override { return kWindowsNtId; }
+
+    Memory physicalMemory() override {
+        std::string text = systemFile("/proc/meminfo");
+        return {bytesIn(text.c_str(), "MemTotal:"), bytesIn(text.c_str(), "MemAvailable:")};
+    }
 
  private:
     std::atomic<std::uint32_t> errorMode_ = 0;

@@ -1,0 +1,12 @@
+// CONFIG.SYS, as far as it tells something about drives.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+namespace vx {
+
+// The 0-based drive of the LASTDRIVE line; nothing if there is no file or no such line.
+std::optional<std::int32_t> configuredLastDrive();
+
+}  // namespace vx

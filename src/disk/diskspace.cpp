@@ -1,0 +1,298 @@
+// Space on drives, volume labels, the current drive and directory, and directories.
+#include "entries/diskspace.h"
+
+#include <bit>
+#include <cstring>
+#include <optional>
+
+#include "disk/drives.h"
+#include "files/path.h"
+#include "frame/text.h"
+#include "platform/errors.h"
+#include "platform/platform.h"
+#include "strings/token.h"
+
+namespace vx {
+namespace {
+
+constexpr std::uint32_t kLongestPath = 260;
+constexpr std::uint32_t kPathRoomHere = kLongestPath + 1;
+
+platform::Process& process() { return *platform::current().process; }
+platform::Volumes& volumes() { return *platform::current().volumes; }
+platform::Tree& tree() { return *platform::current().tree; }
+
+const char* orEmpty(const char* text) { return text ? text : emptyText; }
+
+// What `measure` makes of a drive's space, 0 if the drive does not tell; `bad` for what is no drive. Unsigned 32-bit
+// arithmetic, which wraps above 4 GB.
+template <typename Measure>
+std::uint32_t measured(const char* driveText, Measure measure, std::uint32_t bad = 0) {
+    std::int32_t number = driveNumber(driveText);
+    if (number == kNoDrive) return bad;
+    platform::SilentErrors silent(process());
+    platform::DiskSpace space;
+    return volumes().space(DriveRoot(number).get(), space) ? measure(space) : 0;
+}
+
+std::uint32_t clusterSize(const platform::DiskSpace& space) { return space.bytesPerSector * space.sectorsPerCluster; }
+
+// --- Volumes -------------------------------------------------------------------------------------------------------
+
+bool setLabel(const char* driveText, const char* label) {
+    std::int32_t number = driveNumber(driveText);
+    if (number == kNoDrive) return false;
+    platform::SilentErrors silent(process());
+    return volumes().setLabel(DriveRoot(number).get(), label);
+}
+
+char* putLabel(const char* driveText, char* dest) {
+    std::int32_t number = driveNumber(driveText);
+    if (number == kNoDrive) return store(dest, {});
+    platform::SilentErrors silent(process());
+    platform::VolumeInformation information;
+    return store(dest, volumes().information(DriveRoot(number).get(), information) ? information.label : "");
+}
+
+// Writes to the disk by changing its label and changing it back.
+bool isWritable(const char* root) {
+    platform::VolumeInformation before;
+    return volumes().information(root, before) && volumes().setLabel(root, "F") &&
+           volumes().setLabel(root, *before.label ? before.label : nullptr);
+}
+
+std::int32_t statusOf(std::uint32_t error) {
+    switch (error) {
+        case platform::kWriteProtect:
+        case platform::kBadLength:
+        case platform::kDriveLocked:
+            return 1;
+        case platform::kNotReady:
+            return 3;
+        case platform::kReadFault:
+            return 7;
+        case platform::kNotDosDisk:
+            return 8;
+        case platform::kGeneralFailure:
+            return 13;
+        case platform::kInvalidDrive:
+        case platform::kBadUnit:
+            return -1;
+        default:
+            return 8;
+    }
+}
+
+std::int32_t diskStatus(std::int32_t drive) {
+    if (!driveExists(drive)) return -1;
+    platform::SilentErrors silent(process());
+    process().setLastError(platform::kNoError);
+    return isWritable(DriveRoot(drive + 1).get()) ? 0 : statusOf(process().lastError());
+}
+
+// --- Current drive and directory -----------------------------------------------------------------------------------
+
+char* putCurrentDirectory(const char* driveText, char* dest) {
+    *dest = '\0';
+    std::int32_t number = driveNumber(driveText);
+    if (number == kNoDrive) return dest;
+    platform::SilentErrors silent(process());
+    if (!volumes().currentDirectory(number, dest, kPathRoomHere)) *dest = '\0';
+    return dest;
+}
+
+bool setDrive(const char* text) {
+    if (!text || !*text) return false;
+    std::int32_t number = driveNumber(text);
+    if (number == kNoDrive) return false;
+    platform::SilentErrors silent(process());
+    return volumes().setCurrentDrive(number);
+}
+
+// Going back by the directory: by its drive alone, a directory that the process was started in would be lost.
+void goBack(std::int32_t drive, const char* directory) {
+    if (!*directory || !volumes().changeDirectory(directory)) volumes().setCurrentDrive(drive);
+}
+
+bool changeDirectory(const char* path) {
+    platform::SilentErrors silent(process());
+    std::int32_t drive = volumes().currentDrive();
+    char directory[kPathRoomHere];
+    if (!volumes().currentDirectory(0, directory, sizeof directory)) *directory = '\0';
+    if (!volumes().changeDirectory(orEmpty(path))) return false;
+    if (volumes().currentDrive() != drive) goBack(drive, directory);
+    return true;
+}
+
+char* putDriveRoots(char* dest) {
+    char* end = dest;
+    std::uint32_t mask = driveMask();
+    for (std::int32_t drive = 0; drive < kDriveLetters; ++drive) {
+        if ((mask >> drive & 1) == 0) continue;
+        if (end != dest) *end++ = ';';
+        *end++ = driveLetter(drive);
+        *end++ = ':';
+    }
+    *end = '\0';
+    return dest;
+}
+
+// Puts the path of a name in a directory at `to`; a drive alone means its root. False if it is too long.
+bool putPathIn(std::string_view directory, std::string_view name, char (&to)[kPathRoomHere]) {
+    std::string_view between = endsInSeparator(directory) ? "" : "\\";
+    if (directory.size() + between.size() + name.size() >= sizeof to) return false;
+    char* end = to;
+    for (std::string_view piece : {directory, between, name}) end = store(end, piece) + piece.size();
+    return true;
+}
+
+bool isDirectory(const char* path) {
+    std::uint32_t attributes = tree().attributes(path);
+    return attributes != platform::kNoAttributes && (attributes & platform::kDirectoryEntry);
+}
+
+// The full name of the first directory of that name in a list of directories; false if there is none.
+bool findListedDirectory(std::string_view name, std::string_view list, char (&found)[kPathRoomHere]) {
+    static constexpr DelimiterSet kSemicolon(";");
+    std::optional<Token> item = nextToken(list, kSemicolon, 0);
+    for (; item; item = nextToken(list, kSemicolon, item->end())) {
+        char path[kPathRoomHere];
+        if (!putPathIn(item->in(list), name, path) || !isDirectory(path)) continue;
+        std::uint32_t length = tree().fullPath(path, found, sizeof found);
+        if (length > 0 && length < sizeof found) return true;
+    }
+    return false;
+}
+
+bool changeToListedDirectory(const char* name, const char* list) {
+    if (!name || !*name) return false;
+    platform::SilentErrors silent(process());
+    char roots[3 * kDriveLetters];
+    char found[kPathRoomHere];
+    if (!findListedDirectory(name, view(list && *list ? list : putDriveRoots(roots)), found)) return false;
+    PathParts parts = splitPath(found);
+    char path[kJoinedSize];
+    joinPath(parts, path);
+    return changeDirectory(path) && setDrive(parts.drive);
+}
+
+// --- Directories ---------------------------------------------------------------------------------------------------
+
+bool directoryMatches(const char* path) {
+    platform::FoundEntry entry;
+    std::int32_t search = tree().findFirst(path, entry);
+    if (search == -1) return false;
+    bool found;
+    do {
+        found = (entry.attributes & platform::kDirectoryEntry) != 0;
+    } while (!found && tree().findNext(search, entry));
+    std::uint32_t reason = process().lastError();
+    tree().findClose(search);
+    if (!found) process().setLastError(reason);
+    return found;
+}
+
+bool renameDirectory(const char* old, const char* name) {
+    platform::SilentErrors silent(process());
+    PathParts before = splitPath(old);
+    bool isNamed = *before.name || *before.extension;
+    if (!isNamed || !directoryMatches(old)) return false;
+    PathParts after = splitPath(name);
+    char path[kJoinedSize];
+    joinPath(before.drive, before.directory, after.name, after.extension, path);
+    return tree().move(old, path);
+}
+
+std::int32_t bootDrive() {
+    constexpr std::int32_t kAssumed = 2;
+    for (const char* variable : {"SystemDrive", "ComSpec"}) {
+        char value[kLongestPath];
+        std::uint32_t length = process().variable(variable, value, sizeof value);
+        if (length > 0 && length < sizeof value) return dosDriveNumber(value);
+    }
+    return kAssumed;
+}
+
+}  // namespace
+}  // namespace vx
+
+using namespace vx;
+
+ENTRY(int32_t, DiskSize)(const char* drive) noexcept {
+    auto size = [](const platform::DiskSpace& s) { return s.totalClusters * clusterSize(s); };
+    return static_cast<std::int32_t>(measured(drive, size, static_cast<std::uint32_t>(-1)));
+}
+ENTRY(uint32_t, DiskSpace)(const char* drive) noexcept {
+    return measured(drive, [](const platform::DiskSpace& s) { return s.freeClusters * clusterSize(s); });
+}
+ENTRY(uint32_t, DiskUsed)(const char* drive) noexcept {
+    return measured(drive,
+                    [](const platform::DiskSpace& s) { return (s.totalClusters - s.freeClusters) * clusterSize(s); });
+}
+ENTRY(uint32_t, Clusters)(const char* drive) noexcept {
+    return measured(drive, [](const platform::DiskSpace& s) { return s.totalClusters; });
+}
+ENTRY(uint32_t, FreeClusters)(const char* drive) noexcept {
+    return measured(drive, [](const platform::DiskSpace& s) { return s.freeClusters; });
+}
+ENTRY(uint32_t, ClustSize)(const char* drive) noexcept { return measured(drive, clusterSize); }
+ENTRY(uint32_t, SectorSize)(const char* drive) noexcept {
+    return measured(drive, [](const platform::DiskSpace& s) { return s.bytesPerSector; });
+}
+ENTRY(uint32_t, Sectors)(const char* drive) noexcept {
+    return measured(drive, [](const platform::DiskSpace& s) { return s.totalClusters * s.sectorsPerCluster; });
+}
+
+ENTRY(char*, GetVolume)(const char* drive, char* dest) noexcept { return dest ? putLabel(drive, dest) : nullptr; }
+ENTRY(int32_t, SetVolume)(const char* label, const char* drive) noexcept { return setLabel(drive, label); }
+ENTRY(int32_t, DelVolume)(const char* drive) noexcept { return setLabel(drive, nullptr); }
+ENTRY(int32_t, DiskStatus)(int32_t drive) noexcept { return diskStatus(drive); }
+
+ENTRY(char*, CurDrive)(char* dest) noexcept {
+    if (!dest) return nullptr;
+    std::int32_t drive = volumes().currentDrive();
+    const char name[] = {driveLetter(drive - 1), ':'};
+    return store(dest, drive > 0 ? std::string_view(name, sizeof name) : std::string_view());
+}
+ENTRY(char*, CurDir)(const char* drive, char* dest) noexcept {
+    return dest ? putCurrentDirectory(drive, dest) : nullptr;
+}
+ENTRY(char*, GetDir)(const char* drive, char* dest) noexcept {
+    if (!dest) return nullptr;
+    const char* colon = std::strchr(putCurrentDirectory(drive, dest), ':');
+    return store(dest, colon ? colon + 1 : "");
+}
+
+ENTRY(int32_t, SetDrive)(const char* drive) noexcept { return setDrive(drive); }
+ENTRY(int32_t, ChangeDir)(const char* path) noexcept { return changeDirectory(path); }
+ENTRY(int32_t, FChDir)(const char* name, const char* list) noexcept { return changeToListedDirectory(name, list); }
+
+ENTRY(char*, SysDir)(char* dest) noexcept {
+    if (dest && volumes().systemDirectory(dest, kPathRoomHere) == 0) *dest = '\0';
+    return dest;
+}
+ENTRY(char*, WinDir)(char* dest) noexcept {
+    if (dest && volumes().windowsDirectory(dest, kPathRoomHere) == 0) *dest = '\0';
+    return dest;
+}
+
+ENTRY(int32_t, MakeDir)(const char* path) noexcept {
+    platform::SilentErrors silent(process());
+    return tree().createDirectory(orEmpty(path));
+}
+ENTRY(int32_t, RemoveDir)(const char* path) noexcept {
+    platform::SilentErrors silent(process());
+    return tree().removeDirectory(orEmpty(path));
+}
+ENTRY(int32_t, RenDir)(const char* old, const char* name) noexcept { return renameDirectory(old, name); }
+
+// kept: a file counts, too.
+ENTRY(int32_t, IsDir)(const char* path) noexcept {
+    platform::SilentErrors silent(process());
+    return tree().attributes(orEmpty(path)) != platform::kNoAttributes;
+}
+
+ENTRY(int32_t, _sysinfo2)(int32_t selector) noexcept {
+    if (selector == 1) return bootDrive();
+    return selector == 2 ? std::popcount(driveMask()) : 0;
+}

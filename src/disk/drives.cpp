@@ -1,0 +1,185 @@
+// Which drives there are and of what kind, by drive texts, and which hard disks and diskette drives the machine has.
+#include "disk/drives.h"
+
+#include <bit>
+#include <optional>
+#include <string_view>
+
+#include "disk/config_file.h"
+#include "disk/diskette.h"
+#include "entries/drives.h"
+#include "frame/text.h"
+#include "platform/errors.h"
+#include "platform/platform.h"
+#include "strings/trim.h"
+
+namespace vx {
+namespace {
+
+constexpr std::int32_t kBadKind = -1;
+
+platform::Volumes& volumes() { return *platform::current().volumes; }
+platform::Hardware& hardware() { return *platform::current().hardware; }
+
+bool hasBit(std::uint32_t mask, std::int32_t bit) { return (mask >> bit & 1) != 0; }
+
+// The 0-based number of a letter; nothing for a text without one.
+std::optional<std::int32_t> namedDrive(std::string_view text) {
+    char letter = upper(text.front());
+    if (!(library.types[byteOf(text.front())] & kAlpha) || letter < 'A' || letter > 'Z') return std::nullopt;
+    return letter - 'A';
+}
+
+bool readVolume(const char* root, platform::VolumeInformation& information) {
+    platform::SilentErrors silent(*platform::current().process);
+    return volumes().information(root, information);
+}
+
+// What a remote drive counts as.
+std::int32_t kindOfRemote(const char* root) {
+    platform::VolumeInformation information;
+    if (!readVolume(root, information)) return kBadKind;
+    // kept: the file system is looked for in the text, so CDFS is none, and no remote drive is ever told as remote.
+    bool isCdRom = std::string_view("CD").find(information.fileSystem) != std::string_view::npos;
+    return isCdRom ? std::int32_t{platform::kCdRomDrive} : kBadKind;
+}
+
+std::int32_t kindOf(const char* driveText) {
+    std::int32_t number = driveNumber(driveText);
+    if (number == kNoDrive) return kBadKind;
+    DriveRoot root(number);
+    platform::DriveKind kind;
+    {
+        platform::SilentErrors silent(*platform::current().process);
+        kind = volumes().driveKind(root.get());
+    }
+    return kind == platform::kRemoteDrive ? kindOfRemote(root.get()) : static_cast<std::int32_t>(kind);
+}
+
+bool isReady(const char* driveText) {
+    std::int32_t number = driveNumber(driveText);
+    if (number == kNoDrive) return false;
+    platform::SilentErrors silent(*platform::current().process);
+    platform::DiskSpace space;
+    return volumes().space(DriveRoot(number).get(), space);
+}
+
+bool hasMedium(const char* driveText) {
+    std::int32_t number = driveNumber(driveText);
+    platform::VolumeInformation information;
+    return number != kNoDrive && readVolume(DriveRoot(number).get(), information);
+}
+
+// Calls `take` for each existing drive's letter, in alphabetical order.
+template <typename Take>
+void forEachDrive(Take take) {
+    std::uint32_t mask = driveMask();
+    for (std::int32_t drive = 0; drive < kDriveLetters; ++drive) {
+        if (hasBit(mask, drive)) take(driveLetter(drive));
+    }
+}
+
+// Whether the machine is asked by its CMOS memory.
+bool asksCmos() { return platformClass() == PlatformClass::kWindows95 || platformClass() == PlatformClass::kWin32s; }
+
+std::int32_t countFloppies() {
+    constexpr std::uint8_t kFloppyTypes = 0x10;
+    if (!asksCmos()) return static_cast<std::int32_t>(driveMask() & 3);  // kept: a mask, 3 for two drives, 2 for B only
+    std::uint8_t types = hardware().readCmos(kFloppyTypes);
+    return ((types & 0xF0) != 0) + ((types & 0x0F) != 0);
+}
+
+std::int32_t countPhysicalDrives() {
+    constexpr std::int32_t kMost = 8;
+    for (std::int32_t number = 0; number < kMost; ++number) {
+        if (!hardware().canOpenPhysicalDrive(static_cast<std::uint32_t>(number)) &&
+            platform::current().process->lastError() != platform::kAccessDenied) {
+            return number;
+        }
+    }
+    return kMost;
+}
+
+std::int32_t countHardDisks() {
+    constexpr std::uint8_t kFirstType = 0x19;
+    constexpr std::uint8_t kSecondType = 0x1A;
+    if (!asksCmos()) return countPhysicalDrives();
+    return (hardware().readCmos(kFirstType) != 0) + (hardware().readCmos(kSecondType) != 0);
+}
+
+std::int32_t lastDrive() {
+    constexpr std::int32_t kAssumed = 4;
+    if (std::optional<std::int32_t> configured = configuredLastDrive()) return *configured;
+    std::uint32_t mask = driveMask();
+    return mask ? std::bit_width(mask) - 1 : kAssumed;
+}
+
+}  // namespace
+
+std::int32_t driveNumber(const char* text) {
+    std::string_view name = withoutLeadingBlanks(view(text));
+    if (name.empty()) {
+        std::int32_t current = volumes().currentDrive();
+        return current > 0 ? current : kNoDrive;
+    }
+    std::optional<std::int32_t> drive = namedDrive(name);
+    return drive && driveExists(*drive) ? *drive + 1 : kNoDrive;
+}
+
+std::int32_t dosDriveNumber(const char* text) {
+    std::string_view name = withoutLeadingBlanks(view(text));
+    return name.empty() ? volumes().currentDrive() - 1 : namedDrive(name).value_or(kNoDrive);
+}
+
+std::uint32_t driveMask() { return volumes().logicalDrives() & ((1u << kDriveLetters) - 1); }
+
+bool driveExists(std::int32_t drive) {
+    if (drive < 0 || drive >= kDriveLetters) return false;
+    std::uint32_t mask = driveMask();
+    return hasBit(mask | (mask & 1) << 1, drive);
+}
+
+std::int32_t physicalDrive(std::int32_t drive) { return drive == 1 && (driveMask() & 3) == 1 ? 0 : drive; }
+
+}  // namespace vx
+
+using namespace vx;
+
+ENTRY(int32_t, IsDisk)(const char* drive) noexcept { return driveNumber(drive) != kNoDrive; }
+ENTRY(int32_t, IsDrive)(const char* drive) noexcept { return isReady(drive); }
+ENTRY(int32_t, IsDosDisk)(int32_t drive) noexcept { return driveExists(drive); }
+ENTRY(int32_t, DosDrive)(const char* drive) noexcept { return dosDriveNumber(drive); }
+
+ENTRY(int32_t, IsFixed)(const char* drive) noexcept { return kindOf(drive) == platform::kFixedDrive; }
+ENTRY(int32_t, IsRemovable)(const char* drive) noexcept { return kindOf(drive) == platform::kRemovableDrive; }
+ENTRY(int32_t, IsFloppy)(const char* drive) noexcept { return kindOf(drive) == platform::kRemovableDrive; }
+ENTRY(int32_t, IsRemote)(const char* drive) noexcept { return kindOf(drive) == platform::kRemoteDrive; }
+ENTRY(int32_t, IsCdRom)(const char* drive) noexcept { return kindOf(drive) == platform::kCdRomDrive; }
+ENTRY(int32_t, MediaType)(const char* drive) noexcept { return hasMedium(drive) ? 1 : -1; }
+
+ENTRY(int32_t, DriveType)(int32_t drive) noexcept { return disketteCode(drive, DisketteQuestion::kLargestFormat); }
+ENTRY(int32_t, DiskType)(int32_t drive) noexcept { return disketteCode(drive, DisketteQuestion::kMediumNow); }
+
+ENTRY(char*, AllDrives)(char* dest) noexcept {
+    if (!dest) return nullptr;
+    char* end = dest;
+    forEachDrive([&end, dest](char letter) {
+        if (end != dest) *end++ = ' ';
+        *end++ = letter;
+        *end++ = ':';
+    });
+    *end = '\0';
+    return dest;
+}
+
+ENTRY(char*, DriveStr)(char* dest) noexcept {
+    if (!dest) return nullptr;
+    char* end = dest;
+    forEachDrive([&end](char letter) { *end++ = letter; });
+    *end = '\0';
+    return dest;
+}
+
+ENTRY(int32_t, Numfloppy)() noexcept { return countFloppies(); }
+ENTRY(int32_t, NumFixed)() noexcept { return countHardDisks(); }
+ENTRY(int32_t, LastDrive)() noexcept { return lastDrive(); }
