@@ -1796,6 +1796,576 @@ VEXLOR32_API int32_t VEXLOR32_CALL _dbfrecordput(uint32_t table, const void *dat
 #endif
 
 
+/* ---- Disk space and directories ---- */
+
+/* The size of a drive.
+ *   drive    begins with the drive's letter; without one, the current drive; NULL counts as empty
+ *   returns  bytes, which wrap; -1 if there is no such drive, 0 if it does not answer
+ * Above 4 GB the number begins again at 0. */
+VEXLOR32_API int32_t VEXLOR32_CALL DiskSize(const char *drive);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _disksize(const char *drive);
+VEXLOR32_API int32_t VEXLOR32_CALL disksize(const char *drive);
+#endif
+
+/* The free space on a drive.
+ *   drive    begins with the drive's letter; without one, the current drive; NULL counts as empty
+ *   returns  bytes, which wrap; 0 if the drive does not answer
+ * Above 4 GB the number begins again at 0. */
+VEXLOR32_API uint32_t VEXLOR32_CALL DiskSpace(const char *drive);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _diskspace(const char *drive);
+VEXLOR32_API uint32_t VEXLOR32_CALL diskspace(const char *drive);
+#endif
+
+/* The space on a drive that is in use.
+ *   drive    begins with the drive's letter; without one, the current drive; NULL counts as empty
+ *   returns  bytes, which wrap; 0 if the drive does not answer
+ * Above 4 GB the number begins again at 0. */
+VEXLOR32_API uint32_t VEXLOR32_CALL DiskUsed(const char *drive);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _diskused(const char *drive);
+VEXLOR32_API uint32_t VEXLOR32_CALL diskused(const char *drive);
+#endif
+
+/* The number of clusters of a drive.
+ *   drive    begins with the drive's letter; without one, the current drive; NULL counts as empty
+ *   returns  0 if the drive does not answer */
+VEXLOR32_API uint32_t VEXLOR32_CALL Clusters(const char *drive);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _clusters(const char *drive);
+VEXLOR32_API uint32_t VEXLOR32_CALL clusters(const char *drive);
+#endif
+
+/* The number of free clusters of a drive.
+ *   drive    begins with the drive's letter; without one, the current drive; NULL counts as empty
+ *   returns  0 if the drive does not answer */
+VEXLOR32_API uint32_t VEXLOR32_CALL FreeClusters(const char *drive);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _freeclusters(const char *drive);
+VEXLOR32_API uint32_t VEXLOR32_CALL freeclusters(const char *drive);
+#endif
+
+/* The size of a cluster.
+ *   drive    begins with the drive's letter; without one, the current drive; NULL counts as empty
+ *   returns  bytes; 0 if the drive does not answer */
+VEXLOR32_API uint32_t VEXLOR32_CALL ClustSize(const char *drive);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _clustsize(const char *drive);
+VEXLOR32_API uint32_t VEXLOR32_CALL clustsize(const char *drive);
+#endif
+
+/* The size of a sector.
+ *   drive    begins with the drive's letter; without one, the current drive; NULL counts as empty
+ *   returns  bytes; 0 if the drive does not answer */
+VEXLOR32_API uint32_t VEXLOR32_CALL SectorSize(const char *drive);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _sectorsize(const char *drive);
+VEXLOR32_API uint32_t VEXLOR32_CALL sectorsize(const char *drive);
+#endif
+
+/* The number of sectors of a drive.
+ *   drive    begins with the drive's letter; without one, the current drive; NULL counts as empty
+ *   returns  0 if the drive does not answer */
+VEXLOR32_API uint32_t VEXLOR32_CALL Sectors(const char *drive);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _sectors(const char *drive);
+VEXLOR32_API uint32_t VEXLOR32_CALL sectors(const char *drive);
+#endif
+
+/* The label of the disk in a drive; an empty text if there is none.
+ *   drive    begins with the drive's letter; without one, the current drive; NULL counts as empty
+ *   dest     destination; room: 260; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL GetVolume(const char *drive, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _getvolume(const char *drive, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL getvolume(const char *drive, char *dest);
+#endif
+
+/* As GetVolume, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL StrGetVolume(const char *drive, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL strgetvolume(const char *drive, char *dest);
+#endif
+
+/* Gives the disk in a drive a label.
+ *   label    the new label; NULL deletes it
+ *   drive    begins with the drive's letter; without one, the current drive; NULL counts as empty
+ *   returns  1 if it was set */
+VEXLOR32_API int32_t VEXLOR32_CALL SetVolume(const char *label, const char *drive);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _setvolume(const char *label, const char *drive);
+VEXLOR32_API int32_t VEXLOR32_CALL setvolume(const char *label, const char *drive);
+#endif
+
+/* Deletes the label of the disk in a drive.
+ *   drive    begins with the drive's letter; without one, the current drive; NULL counts as empty
+ *   returns  1 if it was deleted */
+VEXLOR32_API int32_t VEXLOR32_CALL DelVolume(const char *drive);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _delvolume(const char *drive);
+VEXLOR32_API int32_t VEXLOR32_CALL delvolume(const char *drive);
+#endif
+
+/* Whether a disk is there and can be written to: its label is changed and changed back.
+ *   drive    0 for A to 25 for Z
+ *   returns  0 if it can be written to; 1 if it is write-protected, 3 if it is not ready, 7 if it cannot be read, 8
+ *            if it is not formatted, 13 for a general failure; -1 if there is no such drive */
+VEXLOR32_API int32_t VEXLOR32_CALL DiskStatus(int32_t drive);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _diskstatus(int32_t drive);
+VEXLOR32_API int32_t VEXLOR32_CALL diskstatus(int32_t drive);
+#endif
+
+/* The current drive, like C:.
+ *   dest     destination; room: 3; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL CurDrive(char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _curdrive(char *dest);
+VEXLOR32_API char *VEXLOR32_CALL curdrive(char *dest);
+#endif
+
+/* As CurDrive, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL StrCurDrive(char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL strcurdrive(char *dest);
+#endif
+
+/* A drive's current directory, like C:\DATA; an empty text if there is no such drive.
+ *   drive    begins with the drive's letter; without one, the current drive; NULL counts as empty
+ *   dest     destination; room: 261; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL CurDir(const char *drive, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _curdir(const char *drive, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL curdir(const char *drive, char *dest);
+#endif
+
+/* As CurDir, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL StrCurDir(const char *drive, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL strcurdir(const char *drive, char *dest);
+#endif
+
+/* A drive's current directory without the drive, like \DATA.
+ *   drive    begins with the drive's letter; without one, the current drive; NULL counts as empty
+ *   dest     destination; room: 261; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL GetDir(const char *drive, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _getdir(const char *drive, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL getdir(const char *drive, char *dest);
+#endif
+
+/* As GetDir, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strgetdir(const char *drive, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrGetDir(const char *drive, char *dest);
+#endif
+
+/* Makes a drive the current one.
+ *   drive    begins with the drive's letter; an empty one changes nothing; NULL counts as empty
+ *   returns  1 if the drive is the current one now */
+VEXLOR32_API int32_t VEXLOR32_CALL SetDrive(const char *drive);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _setdrive(const char *drive);
+VEXLOR32_API int32_t VEXLOR32_CALL setdrive(const char *drive);
+#endif
+
+/* Changes the current directory of the drive that the path names. The current drive stays what it is.
+ *   path     text; NULL counts as empty
+ *   returns  1 if it was changed */
+VEXLOR32_API int32_t VEXLOR32_CALL ChangeDir(const char *path);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL ChangeDirectory(const char *path);
+VEXLOR32_API int32_t VEXLOR32_CALL Chdir(const char *path);
+VEXLOR32_API int32_t VEXLOR32_CALL changedir(const char *path);
+VEXLOR32_API int32_t VEXLOR32_CALL _changedir(const char *path);
+#endif
+
+/* Finds a directory in a list of directories and makes it and its drive the current ones.
+ *   name     a directory; an empty name gives 0; NULL counts as empty
+ *   list     where to look for it, separated by semicolons; empty: the roots of all drives; NULL counts as empty
+ *   returns  1 if it is the current directory now */
+VEXLOR32_API int32_t VEXLOR32_CALL FChDir(const char *name, const char *list);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fchdir(const char *name, const char *list);
+#endif
+
+/* The system's own directory.
+ *   dest     destination; room: 261; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL SysDir(char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _sysdir(char *dest);
+VEXLOR32_API char *VEXLOR32_CALL sysdir(char *dest);
+#endif
+
+/* As SysDir, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strsysdir(char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrSysDir(char *dest);
+#endif
+
+/* The directory of Windows.
+ *   dest     destination; room: 261; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL WinDir(char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _windir(char *dest);
+VEXLOR32_API char *VEXLOR32_CALL windir(char *dest);
+#endif
+
+/* As WinDir, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strwindir(char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrWinDir(char *dest);
+#endif
+
+/* Makes a directory; the one that it is to be in must exist.
+ *   path     text; NULL counts as empty
+ *   returns  1 if it was made */
+VEXLOR32_API int32_t VEXLOR32_CALL MakeDir(const char *path);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL MkDir(const char *path);
+VEXLOR32_API int32_t VEXLOR32_CALL makedir(const char *path);
+VEXLOR32_API int32_t VEXLOR32_CALL _makedir(const char *path);
+#endif
+
+/* Removes an empty directory.
+ *   path     text; NULL counts as empty
+ *   returns  1 if it was removed */
+VEXLOR32_API int32_t VEXLOR32_CALL RemoveDir(const char *path);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL RmDir(const char *path);
+VEXLOR32_API int32_t VEXLOR32_CALL removedir(const char *path);
+VEXLOR32_API int32_t VEXLOR32_CALL _removedir(const char *path);
+#endif
+
+/* Renames a directory in place.
+ *   old      the path of the directory; NULL counts as empty
+ *   name     only its name and extension count; NULL counts as empty
+ *   returns  1 if it was renamed */
+VEXLOR32_API int32_t VEXLOR32_CALL RenDir(const char *old, const char *name);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL RenameDir(const char *old, const char *name);
+VEXLOR32_API int32_t VEXLOR32_CALL _rendir(const char *old, const char *name);
+VEXLOR32_API int32_t VEXLOR32_CALL rendir(const char *old, const char *name);
+#endif
+
+/* Whether a path exists; a file counts, too.
+ *   path     text; NULL counts as empty
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsDir(const char *path);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _isdir(const char *path);
+VEXLOR32_API int32_t VEXLOR32_CALL isdir(const char *path);
+#endif
+
+/* The boot drive, or how many drives there are.
+ *   selector  1 asks for the boot drive, 2 for the number of drives
+ *   returns   the drive (0 for A; -1 if none is named) or the number; 0 for other selectors */
+VEXLOR32_API int32_t VEXLOR32_CALL _sysinfo2(int32_t selector);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL sysinfo2(int32_t selector);
+#endif
+
+
+/* ---- Drives ---- */
+
+/* Whether a drive exists. B does wherever A does.
+ *   drive    begins with the drive's letter; without one, the current drive; NULL counts as empty
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsDisk(const char *drive);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _isdisk(const char *drive);
+VEXLOR32_API int32_t VEXLOR32_CALL isdisk(const char *drive);
+#endif
+
+/* Whether a drive is ready: it tells its free space.
+ *   drive    begins with the drive's letter; without one, the current drive; NULL counts as empty
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsDrive(const char *drive);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _isdrive(const char *drive);
+VEXLOR32_API int32_t VEXLOR32_CALL isdrive(const char *drive);
+#endif
+
+/* Whether a drive exists, by its number. B does wherever A does.
+ *   drive    0 for A to 25 for Z
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsDosDisk(int32_t drive);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _isdosdisk(int32_t drive);
+VEXLOR32_API int32_t VEXLOR32_CALL isdosdisk(int32_t drive);
+#endif
+
+/* The number of a drive, which need not exist.
+ *   drive    begins with the drive's letter; without one, the current drive; NULL counts as empty
+ *   returns  0 for A to 25 for Z; -1 if the text begins with no letter */
+VEXLOR32_API int32_t VEXLOR32_CALL DosDrive(const char *drive);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _dosdrive(const char *drive);
+VEXLOR32_API int32_t VEXLOR32_CALL dosdrive(const char *drive);
+#endif
+
+/* Whether a drive is a hard disk.
+ *   drive    begins with the drive's letter; without one, the current drive; NULL counts as empty
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsFixed(const char *drive);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _isfixed(const char *drive);
+VEXLOR32_API int32_t VEXLOR32_CALL isfixed(const char *drive);
+#endif
+
+/* Whether a drive takes removable disks; a CD drive is none of these.
+ *   drive    begins with the drive's letter; without one, the current drive; NULL counts as empty
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsRemovable(const char *drive);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL Removeable(const char *drive);
+VEXLOR32_API int32_t VEXLOR32_CALL _removeable(const char *drive);
+VEXLOR32_API int32_t VEXLOR32_CALL removeable(const char *drive);
+VEXLOR32_API int32_t VEXLOR32_CALL isremovable(const char *drive);
+VEXLOR32_API int32_t VEXLOR32_CALL _isremovable(const char *drive);
+#endif
+
+/* Whether a drive takes removable disks, as IsRemovable does.
+ *   drive    begins with the drive's letter; without one, the current drive; NULL counts as empty
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsFloppy(const char *drive);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _isfloppy(const char *drive);
+VEXLOR32_API int32_t VEXLOR32_CALL isfloppy(const char *drive);
+#endif
+
+/* Whether a drive is a network drive: 0 for every drive.
+ *   drive    begins with the drive's letter; without one, the current drive; NULL counts as empty
+ *   returns  0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsRemote(const char *drive);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _isremote(const char *drive);
+VEXLOR32_API int32_t VEXLOR32_CALL isremote(const char *drive);
+#endif
+
+/* Whether a drive takes CDs.
+ *   drive    begins with the drive's letter; without one, the current drive; NULL counts as empty
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsCdRom(const char *drive);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _iscdrom(const char *drive);
+VEXLOR32_API int32_t VEXLOR32_CALL iscdrom(const char *drive);
+#endif
+
+/* Whether there is a disk in a drive.
+ *   drive    begins with the drive's letter; without one, the current drive; NULL counts as empty
+ *   returns  1 if there is a disk, -1 if not, or if there is no such drive */
+VEXLOR32_API int32_t VEXLOR32_CALL MediaType(const char *drive);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _mediatype(const char *drive);
+VEXLOR32_API int32_t VEXLOR32_CALL mediatype(const char *drive);
+#endif
+
+/* The largest format that a diskette drive takes. B is A on a machine that has no B.
+ *   drive    0 for A, 1 for B
+ *   returns  160, 180, 320, 360, 720, or 120 for 1.2 MB, 144, 288 and so on; 0 if unknown, -1 if there is no such
+ *            drive */
+VEXLOR32_API int32_t VEXLOR32_CALL DriveType(int32_t drive);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _drivetype(int32_t drive);
+VEXLOR32_API int32_t VEXLOR32_CALL drivetype(int32_t drive);
+#endif
+
+/* The format of the diskette that is in a drive. B is A on a machine that has no B.
+ *   drive    0 for A, 1 for B
+ *   returns  160, 180, 320, 360, 720, or 120 for 1.2 MB, 144, 288 and so on; 0 if unknown, -1 if there is no such
+ *            drive or disk */
+VEXLOR32_API int32_t VEXLOR32_CALL DiskType(int32_t drive);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _disktype(int32_t drive);
+VEXLOR32_API int32_t VEXLOR32_CALL disktype(int32_t drive);
+#endif
+
+/* All drives that exist, like A: C: D:.
+ *   dest     destination; room: 78; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL AllDrives(char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _alldrives(char *dest);
+VEXLOR32_API char *VEXLOR32_CALL alldrives(char *dest);
+#endif
+
+/* As AllDrives, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL StrAllDrives(char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL stralldrives(char *dest);
+#endif
+
+/* The letters of all drives that exist, like ACD.
+ *   dest     destination; room: 27; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL DriveStr(char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _drivestr(char *dest);
+VEXLOR32_API char *VEXLOR32_CALL drivestr(char *dest);
+#endif
+
+/* As DriveStr, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL StrDriveStr(char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL strdrivestr(char *dest);
+#endif
+
+/* The number of diskette drives.
+ *   returns  0 to 2; on Windows NT 1 for A, 2 for B, 3 for both */
+VEXLOR32_API int32_t VEXLOR32_CALL Numfloppy(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _numfloppy(void);
+VEXLOR32_API int32_t VEXLOR32_CALL numfloppy(void);
+#endif
+
+/* The number of hard disks.
+ *   returns  0 to 8 */
+VEXLOR32_API int32_t VEXLOR32_CALL NumFixed(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _numfixed(void);
+VEXLOR32_API int32_t VEXLOR32_CALL numfixed(void);
+#endif
+
+/* The last drive letter: what LASTDRIVE in CONFIG.SYS says, or the last drive that exists.
+ *   returns  0 for A to 25 for Z; -1 if the setting names no drive */
+VEXLOR32_API int32_t VEXLOR32_CALL LastDrive(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _lastdrive(void);
+VEXLOR32_API int32_t VEXLOR32_CALL lastdrive(void);
+#endif
+
+
+/* ---- Command line and environment ---- */
+
+/* The command line behind the program's name.
+ *   dest     destination; room: the command line's length + 1; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL Command(char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _command(char *dest);
+VEXLOR32_API char *VEXLOR32_CALL command(char *dest);
+#endif
+
+/* As Command, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL StrCommand(char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL strcommand(char *dest);
+#endif
+
+/* The full path of the host program.
+ *   dest     destination; room: 261; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL Program(char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _program(char *dest);
+VEXLOR32_API char *VEXLOR32_CALL program(char *dest);
+#endif
+
+/* As Program, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL StrProgram(char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL strprogram(char *dest);
+#endif
+
+/* An argument of the command line, without its quotes; an empty text if there is none.
+ *   n        from 1; 0 asks for the program's path
+ *   dest     destination; room: the argument's length + 1, or 261 for the path; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL Arg(int32_t n, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _argv(int32_t n, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL argv(int32_t n, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL arg(int32_t n, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL _arg(int32_t n, char *dest);
+#endif
+
+/* As Arg, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strargv(int32_t n, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrArg(int32_t n, char *dest);
+VEXLOR32_API uint32_t VEXLOR32_CALL strarg(int32_t n, char *dest);
+#endif
+
+/* The number of arguments up to the first empty one.
+ *   returns  a signed number */
+VEXLOR32_API int32_t VEXLOR32_CALL ArgCount(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _argc(void);
+VEXLOR32_API int32_t VEXLOR32_CALL argc(void);
+VEXLOR32_API int32_t VEXLOR32_CALL argcount(void);
+VEXLOR32_API int32_t VEXLOR32_CALL _argcount(void);
+#endif
+
+/* The rest of the first argument that begins with a prefix: out.txt for /O when the command line has /Oout.txt.
+ *   prefix   letter case counts; NULL counts as empty
+ *   dest     destination; room: the argument's length + 1; NULL: nothing is written
+ *   returns  dest
+ * Arguments behind an empty one are not looked at. */
+VEXLOR32_API char *VEXLOR32_CALL Param(const char *prefix, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _argp(const char *prefix, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL argp(const char *prefix, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL param(const char *prefix, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL _param(const char *prefix, char *dest);
+#endif
+
+/* As Param, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strargp(const char *prefix, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrParam(const char *prefix, char *dest);
+VEXLOR32_API uint32_t VEXLOR32_CALL strparam(const char *prefix, char *dest);
+#endif
+
+/* The value of an environment variable; an empty text if it is not set.
+ *   name     text; NULL counts as empty
+ *   dest     destination; room: the value's length + 1; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL GetEnv(const char *name, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _getenv(const char *name, char *dest);
+#endif
+
+/* As GetEnv, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL StrGetEnv(const char *name, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL strgetenv(const char *name, char *dest);
+#endif
+
+/* An entry of the environment, like PATH=C:\DOS; an empty text if there is none.
+ *   n        from 1
+ *   dest     destination; room: the entry's length + 1; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL Env(int32_t n, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _env(int32_t n, char *dest);
+VEXLOR32_API char *VEXLOR32_CALL env(int32_t n, char *dest);
+#endif
+
+/* As Env, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL StrEnv(int32_t n, char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL strenv(int32_t n, char *dest);
+#endif
+
+/* The number of entries of the environment.
+ *   returns  a signed number */
+VEXLOR32_API int32_t VEXLOR32_CALL EnvCount(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _envc(void);
+VEXLOR32_API int32_t VEXLOR32_CALL envc(void);
+VEXLOR32_API int32_t VEXLOR32_CALL envcount(void);
+VEXLOR32_API int32_t VEXLOR32_CALL _envcount(void);
+#endif
+
+
 /* ---- File attributes and time stamps ---- */
 
 /* The attributes of a file or directory.
@@ -4160,6 +4730,108 @@ VEXLOR32_API uint32_t VEXLOR32_CALL strstrextract(const char *text, const char *
 #endif
 
 
+/* ---- Sectors ---- */
+
+/* Reads sectors of a drive.
+ *   drive    begins with the drive's letter; without one, the current drive; NULL counts as empty
+ *   first    the first sector, from 0
+ *   count    of sectors; its low 16 bits count
+ *   buffer   receives them; NULL gives 0; room: 512 bytes a sector
+ *   returns  1 if they were read
+ * Only on Windows 95. Windows NT and Linux show that it is not implemented and give 0; Win32s does nothing and gives
+ * 1. Sectors are larger than 512 bytes on some media. */
+VEXLOR32_API int32_t VEXLOR32_CALL ReadSector(const char *drive, uint32_t first, uint32_t count, void *buffer);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _readsector(const char *drive, uint32_t first, uint32_t count, void *buffer);
+VEXLOR32_API int32_t VEXLOR32_CALL readsector(const char *drive, uint32_t first, uint32_t count, void *buffer);
+#endif
+
+/* Writes sectors of a drive, whatever they belong to.
+ *   drive    begins with the drive's letter; without one, the current drive; NULL counts as empty
+ *   first    the first sector, from 0
+ *   count    of sectors; its low 16 bits count
+ *   buffer   what to write; NULL gives 0; room: 512 bytes a sector
+ *   returns  1 if they were written
+ * Only on Windows 95. Windows NT and Linux show that it is not implemented and give 0; Win32s does nothing and gives
+ * 1. Sectors are larger than 512 bytes on some media. */
+VEXLOR32_API int32_t VEXLOR32_CALL WriteSector(const char *drive, uint32_t first, uint32_t count, const void *buffer);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _writesector(const char *drive, uint32_t first, uint32_t count, const void *buffer);
+VEXLOR32_API int32_t VEXLOR32_CALL writesector(const char *drive, uint32_t first, uint32_t count, const void *buffer);
+#endif
+
+/* The serial number in the boot sector of a disk, and a new one.
+ *   drive    0 for A to 25 for Z; only the low byte counts
+ *   serial   the new number; -2 only asks
+ *   returns  the number before; 0 if the disk has none, -1 on failure
+ * It reads and writes as ReadSector and WriteSector do. */
+VEXLOR32_API int32_t VEXLOR32_CALL DiskNumber(int32_t drive, int32_t serial);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _disknumber(int32_t drive, int32_t serial);
+VEXLOR32_API int32_t VEXLOR32_CALL disknumber(int32_t drive, int32_t serial);
+#endif
+
+/* Shows that the function has not been implemented.
+ *   returns  0 */
+VEXLOR32_API int32_t VEXLOR32_CALL FmtTrack(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fmtTrack(void);
+VEXLOR32_API int32_t VEXLOR32_CALL fmtTrack(void);
+VEXLOR32_API int32_t VEXLOR32_CALL fmttrack(void);
+VEXLOR32_API int32_t VEXLOR32_CALL _fmttrack(void);
+#endif
+
+/* Shows that the function has not been implemented.
+ *   returns  0 */
+VEXLOR32_API int32_t VEXLOR32_CALL FmtVerify(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fmtVerify(void);
+VEXLOR32_API int32_t VEXLOR32_CALL fmtVerify(void);
+VEXLOR32_API int32_t VEXLOR32_CALL fmtverify(void);
+VEXLOR32_API int32_t VEXLOR32_CALL _fmtverify(void);
+#endif
+
+/* Shows that the function has not been implemented.
+ *   returns  0 */
+VEXLOR32_API int32_t VEXLOR32_CALL FmtSystem(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fmtSystem(void);
+VEXLOR32_API int32_t VEXLOR32_CALL fmtSystem(void);
+VEXLOR32_API int32_t VEXLOR32_CALL fmtsystem(void);
+VEXLOR32_API int32_t VEXLOR32_CALL _fmtsystem(void);
+#endif
+
+/* Shows that the function has not been implemented.
+ *   returns  0 */
+VEXLOR32_API int32_t VEXLOR32_CALL FmtBoot(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fmtBoot(void);
+VEXLOR32_API int32_t VEXLOR32_CALL fmtBoot(void);
+VEXLOR32_API int32_t VEXLOR32_CALL fmtboot(void);
+VEXLOR32_API int32_t VEXLOR32_CALL _fmtboot(void);
+#endif
+
+/* Shows that the function has not been implemented.
+ *   returns  0 */
+VEXLOR32_API int32_t VEXLOR32_CALL FmtFat(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fmtFat(void);
+VEXLOR32_API int32_t VEXLOR32_CALL fmtFat(void);
+VEXLOR32_API int32_t VEXLOR32_CALL fmtfat(void);
+VEXLOR32_API int32_t VEXLOR32_CALL _fmtfat(void);
+#endif
+
+/* Shows that the function has not been implemented.
+ *   returns  0 */
+VEXLOR32_API int32_t VEXLOR32_CALL FmtDir(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fmtDir(void);
+VEXLOR32_API int32_t VEXLOR32_CALL fmtDir(void);
+VEXLOR32_API int32_t VEXLOR32_CALL fmtdir(void);
+VEXLOR32_API int32_t VEXLOR32_CALL _fmtdir(void);
+#endif
+
+
 /* ---- Similarity ---- */
 
 /* How well a text occurs, approximately, somewhere inside another.
@@ -4321,6 +4993,325 @@ VEXLOR32_API uint32_t VEXLOR32_CALL StrStuff(const char *text, int32_t start, in
 
 /* As _stuff, returning the length of the resulting text. */
 VEXLOR32_API uint32_t VEXLOR32_CALL strstuff0(const char *text, int32_t start, int32_t remove, const char *insert, char *dest);
+
+
+/* ---- System information and sound ---- */
+
+/* The version of DOS: always 7.00.
+ *   returns  700 */
+VEXLOR32_API int32_t VEXLOR32_CALL DosVersion(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _dosvers(void);
+VEXLOR32_API int32_t VEXLOR32_CALL dosvers(void);
+VEXLOR32_API int32_t VEXLOR32_CALL dosversion(void);
+VEXLOR32_API int32_t VEXLOR32_CALL _dosversion(void);
+#endif
+
+/* The version of expanded memory: always 4.0.
+ *   returns  40 */
+VEXLOR32_API int32_t VEXLOR32_CALL EmsVersion(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _emsvers(void);
+VEXLOR32_API int32_t VEXLOR32_CALL emsvers(void);
+VEXLOR32_API int32_t VEXLOR32_CALL emsversion(void);
+VEXLOR32_API int32_t VEXLOR32_CALL _emsversion(void);
+#endif
+
+/* The version of extended memory: always 2.00.
+ *   returns  200 */
+VEXLOR32_API int32_t VEXLOR32_CALL XmsVersion(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _xmsvers(void);
+VEXLOR32_API int32_t VEXLOR32_CALL xmsvers(void);
+VEXLOR32_API int32_t VEXLOR32_CALL xmsversion(void);
+VEXLOR32_API int32_t VEXLOR32_CALL _xmsversion(void);
+#endif
+
+/* The version of the DOS protected-mode interface: always 0.90.
+ *   returns  90 */
+VEXLOR32_API int32_t VEXLOR32_CALL DpmiVersion(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _dpmivers(void);
+VEXLOR32_API int32_t VEXLOR32_CALL dpmivers(void);
+VEXLOR32_API int32_t VEXLOR32_CALL dpmiversion(void);
+VEXLOR32_API int32_t VEXLOR32_CALL _dpmiversion(void);
+#endif
+
+/* The KB of DOS memory: always 640.
+ *   selector  ignored
+ *   returns   640 */
+VEXLOR32_API int32_t VEXLOR32_CALL DosMem(int32_t selector);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _dosmem(int32_t selector);
+VEXLOR32_API int32_t VEXLOR32_CALL dosmem(int32_t selector);
+#endif
+
+/* The KB of video memory: always 256.
+ *   returns  256 */
+VEXLOR32_API int32_t VEXLOR32_CALL VidMem(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _vidmem(void);
+VEXLOR32_API int32_t VEXLOR32_CALL vidmem(void);
+#endif
+
+/* The type of the coprocessor: always 0.
+ *   returns  0 */
+VEXLOR32_API int32_t VEXLOR32_CALL NdpType(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _ndptype(void);
+VEXLOR32_API int32_t VEXLOR32_CALL ndptype(void);
+#endif
+
+/* Whether a console driver is loaded: always 0.
+ *   returns  0 */
+VEXLOR32_API int32_t VEXLOR32_CALL IsAnsi(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _isansi(void);
+VEXLOR32_API int32_t VEXLOR32_CALL isansi(void);
+#endif
+
+/* Free memory: always 0.
+ *   returns  0 */
+VEXLOR32_API int32_t VEXLOR32_CALL Fre(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _fre(void);
+VEXLOR32_API int32_t VEXLOR32_CALL fre(void);
+#endif
+
+/* The type of the monitor: always 0.
+ *   returns  0 */
+VEXLOR32_API int32_t VEXLOR32_CALL MonType(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _montype(void);
+VEXLOR32_API int32_t VEXLOR32_CALL montype(void);
+#endif
+
+/* The mouse's interrupt: always 0.
+ *   returns  0 */
+VEXLOR32_API int32_t VEXLOR32_CALL MouseIrq(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _m_irq(void);
+VEXLOR32_API int32_t VEXLOR32_CALL m_irq(void);
+VEXLOR32_API int32_t VEXLOR32_CALL mouseirq(void);
+VEXLOR32_API int32_t VEXLOR32_CALL _mouseirq(void);
+#endif
+
+/* The mouse's type: always 0.
+ *   returns  0 */
+VEXLOR32_API int32_t VEXLOR32_CALL MouseType(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _m_type(void);
+VEXLOR32_API int32_t VEXLOR32_CALL mousetype(void);
+VEXLOR32_API int32_t VEXLOR32_CALL _mousetype(void);
+#endif
+
+/* The version of the mouse driver: always 0.
+ *   returns  0 */
+VEXLOR32_API int32_t VEXLOR32_CALL MouseVersion(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _m_version(void);
+VEXLOR32_API int32_t VEXLOR32_CALL m_version(void);
+VEXLOR32_API int32_t VEXLOR32_CALL mouseversion(void);
+VEXLOR32_API int32_t VEXLOR32_CALL _mouseversion(void);
+#endif
+
+/* The language of the mouse driver: always 0.
+ *   selector  ignored
+ *   returns   0 */
+VEXLOR32_API int32_t VEXLOR32_CALL MouseLang(int32_t selector);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _m_language(int32_t selector);
+VEXLOR32_API int32_t VEXLOR32_CALL m_language(int32_t selector);
+VEXLOR32_API int32_t VEXLOR32_CALL mouselang(int32_t selector);
+VEXLOR32_API int32_t VEXLOR32_CALL _mouselang(int32_t selector);
+#endif
+
+/* Reads a port: no port is touched, the result is always 0.
+ *   port     ignored
+ *   returns  0 */
+VEXLOR32_API int32_t VEXLOR32_CALL InPort(int32_t port);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL inp(int32_t port);
+VEXLOR32_API int32_t VEXLOR32_CALL inport(int32_t port);
+VEXLOR32_API int32_t VEXLOR32_CALL _inport(int32_t port);
+#endif
+
+/* Writes a byte to a port: does nothing.
+ *   port     ignored
+ *   value    ignored
+ *   returns  nothing */
+VEXLOR32_API void VEXLOR32_CALL OutPort(int32_t port, int32_t value);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API void VEXLOR32_CALL outp(int32_t port, int32_t value);
+VEXLOR32_API void VEXLOR32_CALL outport(int32_t port, int32_t value);
+VEXLOR32_API void VEXLOR32_CALL _outport(int32_t port, int32_t value);
+#endif
+
+/* Writes a word to a port: does nothing.
+ *   port     ignored
+ *   value    ignored
+ *   returns  nothing */
+VEXLOR32_API void VEXLOR32_CALL OutPortWord(int32_t port, int32_t value);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API void VEXLOR32_CALL outpw(int32_t port, int32_t value);
+VEXLOR32_API void VEXLOR32_CALL outportword(int32_t port, int32_t value);
+VEXLOR32_API void VEXLOR32_CALL _outportword(int32_t port, int32_t value);
+#endif
+
+/* The date of the machine's firmware: always an empty text.
+ *   dest     destination; room: 1; NULL: nothing is written
+ *   returns  dest */
+VEXLOR32_API char *VEXLOR32_CALL RomDate(char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API char *VEXLOR32_CALL _romdate(char *dest);
+VEXLOR32_API char *VEXLOR32_CALL romdate(char *dest);
+#endif
+
+/* As RomDate, returning the length of the resulting text. */
+VEXLOR32_API uint32_t VEXLOR32_CALL strromdate(char *dest);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL StrRomDate(char *dest);
+#endif
+
+/* The version of Windows. On Linux it is 400.
+ *   returns  400 for 4.0, 351 for 3.51 */
+VEXLOR32_API int32_t VEXLOR32_CALL WinVersion(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _winvers(void);
+VEXLOR32_API int32_t VEXLOR32_CALL winvers(void);
+VEXLOR32_API int32_t VEXLOR32_CALL winversion(void);
+VEXLOR32_API int32_t VEXLOR32_CALL _winversion(void);
+#endif
+
+/* The physical memory of the machine.
+ *   available  not 0: what is available; 0: all
+ *   returns    KB */
+VEXLOR32_API uint32_t VEXLOR32_CALL ExtMem(int32_t available);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _extmem(int32_t available);
+VEXLOR32_API uint32_t VEXLOR32_CALL extmem(int32_t available);
+#endif
+
+/* The physical memory of the machine, as ExtMem gives it.
+ *   available  not 0: what is available; 0: all
+ *   returns    KB */
+VEXLOR32_API uint32_t VEXLOR32_CALL ExpMem(int32_t available);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API uint32_t VEXLOR32_CALL _expmem(int32_t available);
+VEXLOR32_API uint32_t VEXLOR32_CALL expmem(int32_t available);
+#endif
+
+/* The timer ticks of 55 ms in the current second of the clock; 0 below 56 ms.
+ *   returns  0 to 18 */
+VEXLOR32_API int32_t VEXLOR32_CALL TimerTick(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _timertick(void);
+VEXLOR32_API int32_t VEXLOR32_CALL timertick(void);
+#endif
+
+/* The family of the processor.
+ *   returns  3 for a 386, 4 for a 486, 5 for a Pentium, 6 for its successors and so on */
+VEXLOR32_API int32_t VEXLOR32_CALL CpuType(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _cputype(void);
+VEXLOR32_API int32_t VEXLOR32_CALL cputype(void);
+#endif
+
+/* One of the inquiries, by its number.
+ *   selector  1 MonType, 2 MouseIrq, 3 MouseType, 4 MouseVersion, 5 EmsVersion, 6 XmsVersion, 7 DpmiVersion, 8
+ *             DosVersion
+ *   returns   what that function gives; 0 for other selectors */
+VEXLOR32_API int32_t VEXLOR32_CALL _sysinfo1(int32_t selector);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL sysinfo1(int32_t selector);
+#endif
+
+/* Sounds the speaker for a while.
+ *   frequency  Hz, at least 37 and at most 32767
+ *   ticks      of 55 ms
+ *   returns    what turning the sound off gave */
+VEXLOR32_API int32_t VEXLOR32_CALL Tone(int32_t frequency, uint32_t ticks);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _tone(int32_t frequency, uint32_t ticks);
+VEXLOR32_API int32_t VEXLOR32_CALL tone(int32_t frequency, uint32_t ticks);
+#endif
+
+/* Turns the speaker on; it sounds until Silence.
+ *   frequency  Hz, at least 37 and at most 32767
+ *   returns    nothing */
+VEXLOR32_API void VEXLOR32_CALL Noise(int32_t frequency);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API void VEXLOR32_CALL _noise(int32_t frequency);
+VEXLOR32_API void VEXLOR32_CALL noise(int32_t frequency);
+#endif
+
+/* Turns the speaker off.
+ *   returns  on Windows NT what the system says, else what was written to the speaker port */
+VEXLOR32_API int32_t VEXLOR32_CALL Silence(void);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _silence(void);
+VEXLOR32_API int32_t VEXLOR32_CALL silence(void);
+#endif
+
+/* Whether all bits of a mask are set in a value.
+ *   value    signed number
+ *   mask     signed number
+ *   returns  1 if so, else 0 */
+VEXLOR32_API int32_t VEXLOR32_CALL Test(int32_t value, int32_t mask);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _test(int32_t value, int32_t mask);
+VEXLOR32_API int32_t VEXLOR32_CALL test(int32_t value, int32_t mask);
+#endif
+
+/* A value shifted right; the sign is kept.
+ *   value    signed number
+ *   count    its low five bits count
+ *   returns  a signed number */
+VEXLOR32_API int32_t VEXLOR32_CALL Shr(int32_t value, int32_t count);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _shr(int32_t value, int32_t count);
+VEXLOR32_API int32_t VEXLOR32_CALL shr(int32_t value, int32_t count);
+#endif
+
+/* A value shifted left.
+ *   value    signed number
+ *   count    its low five bits count
+ *   returns  a signed number */
+VEXLOR32_API int32_t VEXLOR32_CALL Shl(int32_t value, int32_t count);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _shl(int32_t value, int32_t count);
+VEXLOR32_API int32_t VEXLOR32_CALL shl(int32_t value, int32_t count);
+#endif
+
+/* A value shifted right; the sign is kept.
+ *   value    signed number
+ *   count    its low five bits count
+ *   returns  a signed number */
+VEXLOR32_API int32_t VEXLOR32_CALL _LShr(int32_t value, int32_t count);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _lshr(int32_t value, int32_t count);
+VEXLOR32_API int32_t VEXLOR32_CALL lshr(int32_t value, int32_t count);
+#endif
+
+/* A value shifted left.
+ *   value    signed number
+ *   count    its low five bits count
+ *   returns  a signed number */
+VEXLOR32_API int32_t VEXLOR32_CALL _LShl(int32_t value, int32_t count);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _lshl(int32_t value, int32_t count);
+VEXLOR32_API int32_t VEXLOR32_CALL lshl(int32_t value, int32_t count);
+#endif
+
+/* The bits that are set in either value.
+ *   a        signed number
+ *   b        signed number
+ *   returns  a signed number */
+VEXLOR32_API int32_t VEXLOR32_CALL Ior(int32_t a, int32_t b);
+#ifdef VEXLOR32_ALL_NAMES
+VEXLOR32_API int32_t VEXLOR32_CALL _ior(int32_t a, int32_t b);
+VEXLOR32_API int32_t VEXLOR32_CALL ior(int32_t a, int32_t b);
+#endif
 
 
 /* ---- Time of day ---- */
