@@ -51,7 +51,7 @@ class TextFile {
         while (block.size() < (1 << 20)) block += line_;
         std::ofstream file(place.native(name_), std::ios::binary);
         for (std::size_t written = 0; written < size_; written += block.size()) file << block;
-        file << "needle\n";
+        file << "Quartz\n";
         file.close();
         descriptor_ = ::openat(AT_FDCWD, place.native(name_).c_str(), O_RDONLY);
         handle_ = lib().FOpen(place.path(name_).c_str(), 0);
@@ -159,13 +159,17 @@ const Cases cases([] {
         "FLineCount 256 MB, lines of 3000", kLarge, [] { return lib().FLineCount(longLines.handle()); },
         [] { return countFeeds(longLines.descriptor()); });
     pair(
-        "FLocate 256 MB, at the end", kLarge, [] { return lib().FLocate(large.handle(), "needle", 0); },
-        [] { return countText(large.descriptor(), "needle", true); });
+        "FLocate 256 MB, at the end", kLarge, [] { return lib().FLocate(large.handle(), "Quartz", 0); },
+        [] { return countText(large.descriptor(), "Quartz", true); });
     pair(
-        "FLocate 256 MB, upper case", kLarge, [] { return lib().FLocate(large.handle(), "NEEDLE", 1); },
-        [] { return countText(large.descriptor(), "needle", true); });
+        "FLocate 256 MB, upper case", kLarge, [] { return lib().FLocate(large.handle(), "QUARTZ", 1); },
+        [] { return countText(large.descriptor(), "Quartz", true); });
     pair(
-        "FStrCount 256 MB, rare", kLarge, [] { return lib().FStrCount(large.handle(), "needle", 0); },
+        "FStrCount 256 MB, rare", kLarge, [] { return lib().FStrCount(large.handle(), "Quartz", 0); },
+        [] { return countText(large.descriptor(), "Quartz", false); });
+    // Each line has an n and an e where this text has them.
+    pair(
+        "FStrCount 256 MB, near misses", kLarge, [] { return lib().FStrCount(large.handle(), "needle", 0); },
         [] { return countText(large.descriptor(), "needle", false); });
     pair(
         "FStrCount 32 MB, frequent", kLarge / 8, [] { return lib().FStrCount(medium.handle(), "over", 0); },

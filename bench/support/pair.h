@@ -10,7 +10,7 @@
 namespace vx::bench {
 
 // Registers `name/ours` and `name/peer`; each of the two does the work once and returns something to keep.
-// `bytes` (0 for none) is what one pass reads, for a rate. `prepare` sets up what is not to be measured.
+// `bytes` (0 for none) is what one pass reads, for a rate.
 template <class Ours, class Peer>
 void pair(const std::string& name, std::size_t bytes, Ours ours, Peer peer) {
     auto measured = [bytes](auto work) {

@@ -4,6 +4,8 @@
 #include <climits>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
+#include <iterator>
 #include <string>
 
 #include "tests/support/library.h"
@@ -70,92 +72,56 @@ class RandomWalk {
     void step() {
         const std::int32_t count = random_.number(-3, 40);
         const std::string text = random_.text("ab\n\x80\xFF", 12);
-        const std::size_t room = static_cast<std::size_t>(std::max(count, 0));
-        const auto value = static_cast<std::uint32_t>(random_.number(INT_MIN, INT_MAX));
-        Dest dest(room + 1);
-        Dest exact(std::max<std::size_t>(room, 1));
-        auto bytes = [](Dest& from, std::int32_t size) {
-            return std::string(from.get(), static_cast<std::size_t>(std::max(size, 0)));
+        const auto size = static_cast<std::int32_t>(text.size());
+        const auto value = random_.number(INT_MIN, INT_MAX);
+        const std::int32_t delimiter = std::uint8_t("\n\377a"[random_.number(0, 2)]) | random_.number(0, 1) << 8;
+        Dest dest(static_cast<std::size_t>(std::max(count, 0)) + 1);
+        Dest exact(static_cast<std::size_t>(std::max(count, 1)));
+        auto& f = lib();
+        auto got = [](Dest& from, std::int32_t read) {
+            return std::string(from.get(), from.get() + std::max(read, 0));
         };
-        switch (random_.number(0, 19)) {
-            case 0:
-                EXPECT_EQ(bytes(exact, lib().FRead(handle_, exact, static_cast<std::uint32_t>(count))),
-                          model.read(count));
-                break;
-            case 1:
-                EXPECT_EQ(bytes(exact, lib().hread(handle_, exact, count)), model.read(count));
-                break;
-            case 2:
-                EXPECT_EQ(lib().FReadStr(handle_, dest, count), dest.get());
-                EXPECT_STREQ(dest, model.read(count).c_str());
-                break;
-            case 3:
-                EXPECT_EQ(lib().strfreadstr(handle_, dest, count), std::strlen(model.read(count).c_str()));
-                break;
-            case 4:
-            case 5: {
-                const std::int32_t delimiter = std::uint8_t("\n\377a"[random_.number(0, 2)]) | random_.number(0, 1)
-                                                                                                   << 8;
-                const std::int32_t size = lib().FReads(handle_, dest, count, delimiter);
-                EXPECT_EQ(bytes(dest, size), model.upTo(count, delimiter & 0xFF));
-                EXPECT_EQ(dest.get()[size], '\0');
-                break;
-            }
-            case 6:
-                EXPECT_EQ(bytes(dest, lib().FReads(handle_, dest, count, -1)), model.read(count));
-                break;
-            case 7:
-                EXPECT_EQ(lib().FReadByte(handle_), static_cast<std::int32_t>(model.number(1)));
-                EXPECT_EQ(lib().FReadWord(handle_), static_cast<std::int32_t>(model.number(2)));
-                break;
-            case 8:
-                EXPECT_EQ(lib().FReadDword(handle_), model.number(4));
-                EXPECT_EQ(lib().FReadLong(handle_), static_cast<std::int32_t>(model.number(4)));
-                EXPECT_EQ(lib().FReadInt(handle_), static_cast<std::int32_t>(model.number(4)));
-                break;
-            case 9:
-                EXPECT_EQ(lib().FWrite(handle_, text.data(), static_cast<std::int32_t>(text.size())),
-                          model.write(text));
-                EXPECT_EQ(lib().FWrite(handle_, text.data(), std::min(count, 0)), 0);
-                break;
-            case 10:
-                lib().hwrite(handle_, text.data(), static_cast<std::int32_t>(text.size()));
-                lib().hwrite(handle_, text.data(), std::min(count, 0));
-                model.write(text);
-                break;
-            case 11:
-                EXPECT_EQ(lib().FWritestr(handle_, text.c_str()), model.write(text));
-                break;
-            case 12:
-                EXPECT_EQ(lib().FWrites(handle_, text.c_str()), model.write(text + '\0'));
-                break;
-            case 13:
-                EXPECT_EQ(lib().FWriteLine(handle_, text.c_str()), 1);
-                model.write(text + "\r\n");
-                break;
-            case 14:
-                EXPECT_EQ(lib().FWriteDword(handle_, value), model.write(littleEndian(value, 4)));
-                EXPECT_EQ(lib().FWriteByte(handle_, static_cast<std::int32_t>(value)),
-                          model.write(littleEndian(value, 1)));
-                break;
-            case 15:
-                EXPECT_EQ(lib().FWriteLong(handle_, static_cast<std::int32_t>(value)),
-                          model.write(littleEndian(value, 4)));
-                EXPECT_EQ(lib().FWriteInt(handle_, static_cast<std::int32_t>(value)),
-                          model.write(littleEndian(value, 4)));
-                EXPECT_EQ(lib().FWriteword(handle_, static_cast<std::int32_t>(value)),
-                          model.write(littleEndian(value, 2)));
-                break;
-            case 16:
-                EXPECT_EQ(lib().FTruncate(handle_), 1);
-                model.data.resize(static_cast<std::size_t>(model.at));
-                break;
-            default: {
-                const std::int32_t origin = random_.number(-1, 3);
-                const std::int32_t offset = random_.number(0, 9) ? random_.number(-60, 60) : kMost;
-                EXPECT_EQ(lib().FSeek(handle_, offset, origin), model.seek(offset, origin)) << offset << ", " << origin;
-                if (model.at > 300) lib().FSeek(handle_, static_cast<std::int32_t>(model.at = 7), 0);
-            }
+        auto put = [&](std::int32_t written, std::size_t bytes) {
+            EXPECT_EQ(written, model.write(littleEndian(static_cast<std::uint32_t>(value), bytes)));
+        };
+        auto number = [&](auto read, std::size_t bytes) {
+            EXPECT_EQ(static_cast<std::uint32_t>(read), model.number(bytes)) << bytes;
+        };
+        const std::function<void()> steps[] = {
+            [&] {
+                EXPECT_EQ(got(exact, f.FRead(handle_, exact, static_cast<std::uint32_t>(count))), model.read(count));
+            },
+            [&] { EXPECT_EQ(got(exact, f.hread(handle_, exact, count)), model.read(count)); },
+            [&] { EXPECT_STREQ(f.FReadStr(handle_, dest, count), model.read(count).c_str()); },
+            [&] { EXPECT_EQ(f.strfreadstr(handle_, dest, count), std::strlen(model.read(count).c_str())); },
+            [&] {
+                const std::int32_t read = f.FReads(handle_, dest, count, delimiter);
+                EXPECT_EQ(got(dest, read), model.upTo(count, delimiter & 0xFF));
+                EXPECT_EQ(dest.get()[read], '\0');
+            },
+            [&] { EXPECT_EQ(got(dest, f.FReads(handle_, dest, count, -1)), model.read(count)); },
+            [&] { number(f.FReadByte(handle_), 1), number(f.FReadWord(handle_), 2), number(f.FReadInt(handle_), 4); },
+            [&] { number(f.FReadDword(handle_), 4), number(f.FReadLong(handle_), 4); },
+            [&] { EXPECT_EQ(f.FWrite(handle_, text.data(), size), model.write(text)); },
+            [&] { EXPECT_EQ(f.FWrite(handle_, text.data(), std::min(count, 0)), 0); },
+            [&] { f.hwrite(handle_, text.data(), size), model.write(text); },
+            [&] { f.hwrite(handle_, text.data(), std::min(count, 0)); },
+            [&] { EXPECT_EQ(f.FWritestr(handle_, text.c_str()), model.write(text)); },
+            [&] { EXPECT_EQ(f.FWrites(handle_, text.c_str()), model.write(text + '\0')); },
+            [&] { EXPECT_EQ(f.FWriteLine(handle_, text.c_str()), model.write(text + "\r\n") != 0); },
+            [&] { put(f.FWriteByte(handle_, value), 1), put(f.FWriteword(handle_, value), 2); },
+            [&] { put(f.FWriteInt(handle_, value), 4), put(f.FWriteLong(handle_, value), 4); },
+            [&] { put(f.FWriteDword(handle_, static_cast<std::uint32_t>(value)), 4); },
+            [&] { EXPECT_EQ(f.FTruncate(handle_), (model.data.resize(static_cast<std::size_t>(model.at)), 1)); },
+        };
+        const int kind = random_.number(0, 24);
+        if (kind < static_cast<int>(std::size(steps))) {
+            steps[kind]();
+        } else {
+            const std::int32_t origin = random_.number(-1, 3);
+            const std::int32_t offset = random_.number(0, 9) ? random_.number(-60, 60) : kMost;
+            EXPECT_EQ(f.FSeek(handle_, offset, origin), model.seek(offset, origin)) << offset << ", " << origin;
+            if (model.at > 300) f.FSeek(handle_, static_cast<std::int32_t>(model.at = 7), 0);
         }
         compare();
     }
@@ -219,18 +185,7 @@ TEST(Handles, OpeningAndCreating) {
     EXPECT_EQ(lib().FError(), 1234u);
 }
 
-TEST(Handles, LocksAndCopiesOfRuntimeDescriptors) {
-    Workplace place;
-    const std::int32_t handle = lib().FOpen(place.put("f", "12345").c_str(), 2);
-    lib().FSeek(handle, 3, 0);
-    EXPECT_EQ(lib().FCommit(handle), 0);
-    EXPECT_EQ(lib().FDupe(handle), -1);
-    for (std::int32_t mode : {0, 1, 2, 3, -1}) EXPECT_EQ(lib().FAccess(handle, 1, mode, 1), 0) << mode;
-    EXPECT_EQ(lib().FTell(handle), 3);
-    lib().FClose(handle);
-}
-
-// No buffer, no handle, and counts beyond all files.
+// No buffer, no handle, counts beyond all files, and what is for descriptors of a C runtime.
 TEST(Handles, NothingToWorkOn) {
     Workplace place;
     const std::int32_t handle = lib().FOpen(place.put("f", "12345").c_str(), 2);
@@ -246,6 +201,9 @@ TEST(Handles, NothingToWorkOn) {
     }
     EXPECT_EQ(lib().FReadStr(handle, nullptr, 5), nullptr);
     EXPECT_EQ(lib().strfreadstr(handle, nullptr, 5), 0u);
+    for (std::int32_t mode : {0, 1, 2, 3, -1}) EXPECT_EQ(lib().FAccess(handle, 1, mode, 1), 0) << mode;
+    EXPECT_EQ(lib().FCommit(handle), 0);
+    EXPECT_EQ(lib().FDupe(handle), -1);
     EXPECT_EQ(lib().FTell(handle), 0);
     EXPECT_EQ(lib().FWritestr(handle, nullptr), 0);
     EXPECT_EQ(lib().FWrites(handle, nullptr), 1);

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <functional>
+#include <iterator>
 #include <string>
 
 #include "tests/support/library.h"
@@ -124,60 +126,43 @@ inline std::string randomLines(RandomTexts& random, int lines) {
     return all;
 }
 
-inline void walkLines(std::int32_t handle, const std::string& data, unsigned seed, int steps) {
+inline void walkLines(std::int32_t handle, const std::string& data, unsigned seed, int count) {
     RandomTexts random(seed);
     ModelLines model{data};
-    for (int i = 0; i < steps && !testing::Test::HasFailure(); ++i) {
-        const int step = random.number(0, 11);
+    auto& f = lib();
+    const std::function<void()> steps[] = {
+        [&] {
+            Dest dest(2049);
+            EXPECT_EQ(f.FReadLine(handle, dest), model.readLine());
+        },
+        [&] { EXPECT_EQ(f.FAdvance(handle), model.advance()); },
+        [&] { EXPECT_EQ(f.FBol(handle), model.lineStart()); },
+        [&] { EXPECT_EQ(f.FRewind(handle), model.rewind()); },
+        [&] { EXPECT_EQ(f.FTop(handle), (model.at = 0, 1)); },
+        [&] { EXPECT_EQ(f.FBot(handle), (model.at = model.size(), 1)); },
+        [&] {
+            const std::int32_t n = random.number(-12, 12) * (random.number(0, 9) ? 1 : 1000);
+            const std::int32_t origin = random.number(-1, 3);
+            EXPECT_EQ(f.FSeekLine(handle, n, origin), model.seekLine(n, origin)) << n << ", " << origin;
+        },
+        [&] { EXPECT_EQ(f.FLineCount(handle), model.lineCount()); },
+        [&] {
+            std::string text = random.text("abAB1x\n", 4);
+            const std::int32_t mode = random.number(-1, 2);
+            if (random.number(0, 2) == 0) text = model.data.substr(model.data.size() / 2, 300);
+            EXPECT_EQ(f.FStrCount(handle, text.c_str(), mode), model.count(text, mode)) << text << mode;
+            EXPECT_EQ(f.FTell(handle), model.at);
+            EXPECT_EQ(f.FLocate(handle, text.c_str(), mode), model.locate(text, mode)) << text << mode;
+        },
+        [&] { f.FSeek(handle, model.at = random.number(0, model.size()), 0); },
+        [&] { f.FSeek(handle, model.at = random.number(0, model.size() + 3000), 0); },
+    };
+    for (int i = 0; i < count && !testing::Test::HasFailure(); ++i) {
+        const int step = random.number(0, static_cast<int>(std::size(steps)) - 1);
         SCOPED_TRACE("seed " + std::to_string(seed) + ", step " + std::to_string(i) + ", kind " + std::to_string(step) +
                      " at " + std::to_string(model.at));
-        switch (step) {
-            case 0: {
-                Dest dest(2049);
-                EXPECT_EQ(lib().FReadLine(handle, dest), dest.get());
-                EXPECT_EQ(dest.text(), model.readLine());
-                break;
-            }
-            case 1:
-                EXPECT_EQ(lib().FAdvance(handle), model.advance());
-                break;
-            case 2:
-                EXPECT_EQ(lib().FBol(handle), model.lineStart());
-                break;
-            case 3:
-                EXPECT_EQ(lib().FRewind(handle), model.rewind());
-                break;
-            case 4:
-            case 5: {
-                const std::int32_t n = random.number(-12, 12) * (random.number(0, 9) ? 1 : 1000);
-                const std::int32_t origin = random.number(-1, 3);
-                EXPECT_EQ(lib().FSeekLine(handle, n, origin), model.seekLine(n, origin)) << n << ", " << origin;
-                break;
-            }
-            case 6:
-                EXPECT_EQ(lib().FLineCount(handle), model.lineCount());
-                break;
-            case 7:
-            case 8: {
-                std::string text = random.text("abAB1x\n", 4);
-                const std::int32_t mode = random.number(-1, 2);
-                if (random.number(0, 2) == 0) text = model.data.substr(model.data.size() / 2, 300);
-                EXPECT_EQ(lib().FStrCount(handle, text.c_str(), mode), model.count(text, mode)) << text << mode;
-                EXPECT_EQ(lib().FTell(handle), model.at);
-                EXPECT_EQ(lib().FLocate(handle, text.c_str(), mode), model.locate(text, mode)) << text << mode;
-                break;
-            }
-            case 9:
-                EXPECT_EQ(random.number(0, 1) ? lib().FTop(handle) * (model.at = 0, 1)
-                                              : lib().FBot(handle) * (model.at = model.size(), 1),
-                          1);
-                break;
-            default:
-                model.at = random.number(0, model.size() + 3000);
-                if (random.number(0, 3)) model.at = std::min(model.at, model.size());
-                lib().FSeek(handle, model.at, 0);
-        }
-        EXPECT_EQ(lib().FTell(handle), model.at);
+        steps[step]();
+        EXPECT_EQ(f.FTell(handle), model.at);
     }
 }
 

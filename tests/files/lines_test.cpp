@@ -168,6 +168,15 @@ TEST(FileLines, NoHandleAndNoPosition) {
         EXPECT_EQ(result, -1);
     }
     EXPECT_EQ(lib().FTell(file), 1);
+    Workplace place;
+    const std::int32_t unreadable = lib().FOpen(place.put("g", "a\nb\n").c_str(), 1);
+    for (auto count : {lib().FLineCount, lib().FBol}) {
+        lib().FSeek(unreadable, 3, 0);
+        EXPECT_EQ(count(unreadable), -1);
+        EXPECT_EQ(lib().FError(), 5u) << "going back does not hide the reason";
+        EXPECT_EQ(lib().FTell(unreadable), 3);
+    }
+    lib().FClose(unreadable);
 }
 
 }  // namespace
