@@ -79,32 +79,33 @@ bool inspect(const OpenFile& file, platform::FileInformation& information) {
     return information.size <= std::uint64_t{kMostBytes} || refuse(false, platform::kFileTooLarge);
 }
 
-bool isSamePath(const char* a, const char* b) {
-    char paths[2][platform::kPathSize];
-    for (int i : {0, 1}) {
-        std::uint32_t size = tree().fullPath(i == 0 ? a : b, paths[i], platform::kPathSize);
-        if (size == 0 || size >= platform::kPathSize) return false;
-    }
-    return std::equal(paths[0], paths[0] + std::strlen(paths[0]) + 1, paths[1],
-                      [](char x, char y) { return upper(x) == upper(y); });
-}
-
 enum class Target { kOther, kSource, kUnknown };
 
+Target relationOfPaths(const char* a, const char* b) {
+    char paths[2][platform::kPathSize];
+    for (int i : {0, 1}) {
+        std::uint32_t size = tree().fullPath(textOf(i == 0 ? a : b), paths[i], platform::kPathSize);
+        if (size == 0) return Target::kUnknown;
+        if (size >= platform::kPathSize) return refuse(Target::kUnknown, platform::kFilenameTooLong);
+    }
+    bool same = std::equal(paths[0], paths[0] + std::strlen(paths[0]) + 1, paths[1],
+                           [](char x, char y) { return upper(x) == upper(y); });
+    return same ? Target::kSource : Target::kOther;
+}
+
 // Whether a target that would be emptied is the source by another name or another spelling. Unknown, with the reason,
-// where the target is there and does not open: it could not be written either.
+// where that cannot be told: a target that is there and does not open could not be written either.
 Target relationOf(const platform::FileInformation& source, const char* sourceName, const char* targetName) {
-    std::uint32_t before = process().lastError();
     OpenFile target = OpenFile::open(targetName, kReading);
     if (!target) {
         std::uint32_t reason = process().lastError();
         bool isNew = reason == platform::kFileNotFound || reason == platform::kPathNotFound;
-        return isNew ? refuse(Target::kOther, before) : Target::kUnknown;
+        return isNew ? Target::kOther : Target::kUnknown;
     }
     platform::FileInformation found;
     bool known = files().information(target.handle(), found) && found.identity.index != 0 && source.identity.index != 0;
-    bool same = known ? found.identity == source.identity : isSamePath(textOf(sourceName), textOf(targetName));
-    return refuse(same ? Target::kSource : Target::kOther, before);
+    if (!known) return relationOfPaths(sourceName, targetName);
+    return found.identity == source.identity ? Target::kSource : Target::kOther;
 }
 
 // Closes and removes what could not be made whole. The error code stays the cause's.
@@ -141,7 +142,6 @@ std::int32_t fileSize(const char* name) {
     platform::FoundEntry entry;
     std::int32_t search = tree().findFirst(textOf(name), entry);
     if (search == -1) return -1;
-    KeptError kept;
     tree().findClose(search);
     return static_cast<std::int32_t>(entry.sizeLow - entry.sizeHigh);
 }
@@ -174,7 +174,9 @@ std::int32_t moveFile(const char* source, const char* directory, bool erases) {
     char target[kJoinedSize];
     PathView path = viewPath({target, appendName(source, directory, target)});
     if (!hasRoom(path.drive, fileSize(source)) || !ensureDirectoryOf(path)) return -1;
-    if (copyFile(source, target) < 0 || fileSize(source) != fileSize(target)) return -1;
+    if (copyFile(source, target) < 0) return -1;
+    std::int32_t size = fileSize(target);
+    if (size < 0 || fileSize(source) != size) return -1;
     return erases && !tree().erase(textOf(source)) ? 1 : 0;
 }
 

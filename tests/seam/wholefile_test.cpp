@@ -51,6 +51,9 @@ class WholeFile : public testing::Test {
                 prepare();
                 disk.calls = 0;
                 disk.fault = {.atCall = n, .fallsShort = fallsShort, .code = kCause};
+                disk.onCall = [&] {
+                    if (!fallsShort && disk.calls > n) error = 9;  // calls that work may leave anything there
+                };
                 std::size_t open = disk.openFiles();
                 error = 5;
                 int result = run();
@@ -60,6 +63,7 @@ class WholeFile : public testing::Test {
                 }
                 EXPECT_EQ(disk.openFiles(), open);
                 EXPECT_EQ(disk.openSearches(), 0u);
+                disk.onCall = {};
             } while (n <= disk.calls && n < 200);
             EXPECT_LT(n, 200);
             EXPECT_GT(n, 1);
@@ -170,6 +174,14 @@ TEST_F(WholeFile, NoFileIsCopiedOntoItself) {
             EXPECT_EQ(lib().FEncrypt(kSource, same), 1) << same;
             EXPECT_EQ(get(kSource), enciphered("precious"));
         }
+        for (int n = 1; n <= 8; ++n) {
+            disk.put(kSource, "precious");
+            disk.calls = 0;
+            disk.fault = {.atCall = n, .code = kCause};
+            EXPECT_EQ(lib().FCcopy(kSource, "c:/data/source"), -1) << n;
+            EXPECT_EQ(get(kSource), "precious") << n;
+            disk.fault = {};
+        }
         EXPECT_EQ(lib().FCcopy(kSource, kTarget), 8);
         EXPECT_EQ(lib().FCcopy(kSource, kTarget), 8) << "replaced";
     }
@@ -218,6 +230,14 @@ TEST_F(WholeFile, Moves) {
     }
     for (const char* gone : {"C:\\B", "C:\\DATA\\B", "C:\\DATA\\ John"}) EXPECT_FALSE(disk.find(gone)) << gone;
     EXPECT_EQ(get("C:\\Smith, John\\SOURCE"), whole);
+
+    disk.onCall = [&] {
+        lab::MadeUpDisk::Node* made = disk.find("C:\\A\\SOURCE");
+        if (disk.openFiles() == 0 && made->data.size() == whole.size()) made->data += "x";
+    };
+    disk.find("C:\\A\\SOURCE")->data = "older";
+    EXPECT_EQ(lib().FMove(kSource, "C:\\A", 1), -1) << "the copy is not as large as the source";
+    EXPECT_EQ(get(kSource), whole);
     EXPECT_EQ(get("C:\\D\\SOURCE"), whole);
 }
 
@@ -285,6 +305,10 @@ TEST_F(WholeFile, Wiping) {
         EXPECT_EQ(passes.substr(passes.size() - 6), std::string("\0\xFF\0\xFF\0\xFF", 6)) << size;
         disk.onCall = {};
     }
+    disk.put(kSource, "x");
+    disk.calls = 0;
+    EXPECT_EQ(lib().WipeFile(kSource), 1);
+    EXPECT_EQ(disk.calls, 5 + 6 * 3) << "each pass writes, brings that to the disk, and goes back";
     disk.put(kSource);
     EXPECT_EQ(lib().WipeFile(kSource), 1) << "empty";
     for (const char* name : {"C:\\MISSING", "C:\\DATA", "", static_cast<const char*>(nullptr)}) {
@@ -295,6 +319,11 @@ TEST_F(WholeFile, Wiping) {
     EXPECT_EQ(get(kSource), "kept");
     disk.put(kTarget, "through a link").attributes = platform::kArchive | platform::kLink;
     disk.calls = 0;
+    disk.fault = {.atCall = 1};
+    EXPECT_EQ(lib().WipeFile(kTarget), 0);
+    EXPECT_EQ(get(kTarget), "through a link");
+    disk.calls = 0;
+    disk.fault = {};
     EXPECT_EQ(lib().WipeFile(kTarget), 1);
     EXPECT_FALSE(disk.find(kTarget));
     EXPECT_EQ(disk.calls, 2) << "its attributes, and erasing it";
