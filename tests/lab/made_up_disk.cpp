@@ -18,10 +18,24 @@ std::string upperCased(std::string text) {
 std::string parentOf(const std::string& path) { return path.substr(0, path.rfind('\\')); }
 std::string lastOf(const std::string& path) { return path.substr(path.rfind('\\') + 1); }
 
+// Where it goes wrong, the last star takes one character more.
 bool matches(const char* pattern, const char* name) {
-    if (!*pattern) return !*name;
-    if (*pattern == '*') return matches(pattern + 1, name) || (*name && matches(pattern, name + 1));
-    return *name && (*pattern == '?' || *pattern == *name) && matches(pattern + 1, name + 1);
+    const char *star = nullptr, *taken = nullptr;
+    while (*name) {
+        if (*pattern == '*') {
+            star = pattern++;
+            taken = name;
+        } else if (*pattern == '?' || *pattern == *name) {
+            ++pattern, ++name;
+        } else if (star) {
+            pattern = star + 1;
+            name = ++taken;
+        } else {
+            return false;
+        }
+    }
+    while (*pattern == '*') ++pattern;
+    return !*pattern;
 }
 
 void putTime(std::uint32_t (&halves)[2], FileTime time) {

@@ -40,10 +40,12 @@ class ZoneClock final : public platform::Clock {
         if (!platform::isDate(m) || !platform::isTimeOfDay(m)) return false;
         auto at = sys_days(platform::dateOf(m)) + std::chrono::hours(m.hour) + std::chrono::minutes(m.minute) +
                   std::chrono::seconds(m.second) + milliseconds(m.milliseconds) - kZone;
-        time = static_cast<FileTime>((at - kFirst) / milliseconds(1)) * kSteps;
+        time = static_cast<FileTime>((at - kFirst) / milliseconds(1)) * kSteps + later;
         return true;
     }
     void sleep(std::uint32_t) override {}
+
+    FileTime later = 0;  // of the two stamps that a local time has where clocks are put back
 
  private:
     static constexpr auto kFirst = sys_days(std::chrono::year{1601} / 1 / 1) + milliseconds(0);
@@ -191,6 +193,10 @@ TEST_F(FileAttr, SettersChangeWhatIsNotZero) {
         EXPECT_EQ(node->times, (platform::FileTimes{11, 22, stampOf(row.after)})) << "to the step";
         EXPECT_EQ(fake.disk.openFiles(), 0u);
     }
+    zone.later = 3600 * 1000 * kSteps;
+    FileTime before = node->times.written;
+    EXPECT_EQ(time("00:00:00") + date(0, 0, 0), 2);
+    EXPECT_EQ(node->times.written, before) << "not the other stamp of that local time";
 }
 
 TEST_F(FileAttr, FaultsGiveTheFailureAndItsCause) {
