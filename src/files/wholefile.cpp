@@ -54,7 +54,7 @@ class TransferBuffer {
     std::uint32_t size_ = sizeof small_;
 };
 
-// --- Copies ---------------------------------------------------------------------------------------------------------
+// --- Copies ---
 
 constexpr std::uint32_t kCopyBlock = 512 << 10;
 
@@ -134,7 +134,7 @@ std::int32_t copyFile(const char* sourceName, const char* targetName) {
     return -1;
 }
 
-// --- Moves ----------------------------------------------------------------------------------------------------------
+// --- Moves ---
 
 // kept: of a file that does not open, the search's size in 32 bits, of which the high word takes off.
 std::int32_t fileSize(const char* name) {
@@ -152,9 +152,9 @@ bool hasRoom(std::string_view drive, std::int32_t size) {
     platform::Volumes& volumes = *platform::current().volumes;
     char letter = drive.empty() ? static_cast<char>('A' + volumes.currentDrive() - 1) : drive.front();
     const char root[] = {letter, ':', '\\', '\0'};
-    std::uint64_t free;
-    if (!volumes.freeBytes(root, free)) return size <= 0;
-    return size <= 0 || static_cast<std::uint64_t>(size) <= free || refuse(false, platform::kDiskFull);
+    std::uint64_t bytes;
+    if (!volumes.freeBytes(root, bytes)) return size <= 0;
+    return size <= 0 || static_cast<std::uint64_t>(size) <= bytes || refuse(false, platform::kDiskFull);
 }
 
 bool isDirectory(const char* path) {
@@ -180,8 +180,7 @@ std::int32_t moveFile(const char* source, const char* directory, bool erases) {
     return erases && !tree().erase(textOf(source)) ? 1 : 0;
 }
 
-// --- Comparing, testing, wiping
-// ---------------------------------------------------------------------------------------
+// --- Comparing, testing, wiping ---
 
 constexpr std::uint32_t kCompareBlock = 64 << 10;
 
@@ -269,8 +268,7 @@ bool wipe(const char* name) {
     return tree().erase(name);
 }
 
-// --- Encrypting
-// -------------------------------------------------------------------------------------------------------
+// --- Encrypting ---
 
 // The size of the blocks, each of which is encrypted by itself, belongs to the format of encrypted files.
 constexpr std::uint32_t kCipherBlock = 32768;
@@ -320,8 +318,7 @@ bool encrypt(const char* sourceName, const char* targetName) {
     return false;
 }
 
-// --- Texts and names
-// --------------------------------------------------------------------------------------------------
+// --- Texts and names ---
 
 std::int32_t replicate(std::int32_t handle, std::string_view text, std::int32_t count) {
     if (text.empty()) return count;  // kept: nothing is written, and a negative count comes back, too
