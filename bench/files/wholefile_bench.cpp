@@ -79,10 +79,9 @@ int copyByLibrary() { return lib().FCcopy(files().path("a").c_str(), files().pat
 int compareByLibrary() { return lib().FCompare(files().path("a").c_str(), files().path("b").c_str()); }
 
 const Cases cases([] {
-    auto prepare = [] { (void)files(); };
-    pair("FCcopy/256MB/copy_file_range", kSize, copyByLibrary, copyByKernel, prepare);
-    pair("FCcopy/256MB/read_write", kSize, copyByLibrary, copyByBlocks, prepare);
-    pair("FCompare/256MB", kSize, compareByLibrary, compare, prepare);
+    pair("FCcopy/256MB/copy_file_range", kSize, copyByLibrary, copyByKernel);
+    pair("FCcopy/256MB/read_write", kSize, copyByLibrary, copyByBlocks);
+    pair("FCompare/256MB", kSize, compareByLibrary, compare);
 });
 
 }  // namespace

@@ -18,15 +18,16 @@ std::string upperCased(std::string text) {
 std::string parentOf(const std::string& path) { return path.substr(0, path.rfind('\\')); }
 std::string lastOf(const std::string& path) { return path.substr(path.rfind('\\') + 1); }
 
-// Where it goes wrong, the last star takes one character more.
 bool matches(const char* pattern, const char* name) {
-    const char *star = nullptr, *taken = nullptr;
+    const char* star = nullptr;  // the latest one, and where what it takes ends
+    const char* taken = nullptr;
     while (*name) {
         if (*pattern == '*') {
             star = pattern++;
             taken = name;
         } else if (*pattern == '?' || *pattern == *name) {
-            ++pattern, ++name;
+            ++pattern;
+            ++name;
         } else if (star) {
             pattern = star + 1;
             name = ++taken;
