@@ -73,7 +73,7 @@ bool overwrite(const File& file, std::int64_t position, std::string_view bytes) 
     std::int64_t behind = file.size() - position;
     char* before = scratch.room(bytes.size());
     if (behind < 0 || !before) return false;
-    std::size_t size = std::min(bytes.size(), static_cast<std::size_t>(behind));
+    auto size = static_cast<std::size_t>(std::min<std::int64_t>(static_cast<std::int64_t>(bytes.size()), behind));
     if (!file.readAll(position, before, size)) return false;
     if (file.write(position, bytes.data(), bytes.size())) return true;
     platform::Process& process = *platform::current().process;

@@ -18,7 +18,7 @@ using namespace registry;
 constexpr std::uint32_t kGenerations = 1u << (31 - kIndexBits);
 constexpr std::uint32_t kNone = ~0u;
 
-constinit std::mutex changing;
+std::mutex changing;
 constinit std::uint32_t made = 0;  // chunks
 constinit std::uint32_t firstFree = kNone;
 

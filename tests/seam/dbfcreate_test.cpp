@@ -235,6 +235,18 @@ TEST_F(Locking, AppendsOfSeveralHandles) {
     EXPECT_EQ(values, "1 2 3 A4  B6    ");
 }
 
+// The header lock is tried four times, without a pause.
+TEST_F(Locking, AttemptsOfTheHeaderLock) {
+    auto callsOfAppend = [&](std::uint32_t table) {
+        int before = disk.calls;
+        EXPECT_GT(lib().DbfAppend(table, 1), 0);
+        return disk.calls - before;
+    };
+    int first = callsOfAppend(one);
+    EXPECT_EQ(callsOfAppend(two), first + 3);
+    EXPECT_EQ(fake.clock.sleeps.size(), 0u);
+}
+
 TEST_F(Locking, AppendsThatMustWait) {
     std::string before = bytes("T.DBF");
     EXPECT_EQ(lib().DbfLock(two), 1);
