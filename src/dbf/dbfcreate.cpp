@@ -120,7 +120,7 @@ bool isTaken(const Table& table, std::int32_t index, std::string_view name) {
     return false;
 }
 
-// A definition that is refused leaves the field as it is.
+// kept: a definition that is refused leaves the field as it is, and the record has room for what was asked for.
 void define(Table& table, std::int32_t index, const Definition& definition) {
     if (definition.name.size() >= kNameRoom || isTaken(table, index, definition.name)) return;
     Field& field = table.fields[index];
@@ -240,7 +240,7 @@ void takeBack(Table& table, std::int64_t start, std::int64_t end) {
     if (!table.writable) return;
     table.leftoverStart = start;
     table.leftoverEnd = end;
-    cutLeftover(table);
+    if (!table.headerChanged) cutLeftover(table);
 }
 
 // Counts the new records. Those of a shared table are there by the file's size alone, so a header that cannot be
@@ -259,7 +259,7 @@ bool countRecords(Table& table, std::int64_t count) {
 
 // The number of the first new record, 0 if they cannot be had.
 std::int64_t append(Table& table, std::uint32_t count) {
-    lockHeader(table);
+    lockHeader(table);  // kept: given back when the table is closed, not before
     if (!writeBack(table)) return 0;
     if (count == 0) {
         goTo(table, std::int64_t{table.count()} + 1);

@@ -135,6 +135,7 @@ bool putValue(Table& table, Field& field, std::string_view value) {
             if (!putNumber(table, field, withoutLeadingBlanks(value))) return true;
             break;
         case 'L':
+            // kept: so "yes" and "1" are false
             if (width > 0) *to = !value.empty() && lower(value.front()) == 't' ? 'T' : 'F';
             break;
         case 'M':

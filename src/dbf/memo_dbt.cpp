@@ -42,7 +42,8 @@ bool writeDbtMemo(Table& table, Field& field, std::string_view text) {
     CompanionLock lock(table, table.memo, table.memoLock);
     std::int64_t end = lock ? table.memo.size() : -1;
     if (end < 0) return false;
-    // kept: at the end of a block, one whole block stays unused
+    // kept: at the end of a block, one whole block stays unused; the file's own next free block is never brought up to
+    // date
     std::int64_t position = end + (kDbtBlockSize - end % kDbtBlockSize);
     std::int64_t block = position / kDbtBlockSize;
     if (!hasRoomFor(field, block)) return false;

@@ -210,13 +210,16 @@ bool cutLeftover(Table& table) {
     return true;
 }
 
+// A header that counts records is corrected before they are cut off; where the file's size counts them, afterwards.
 bool writeBack(Table& table) {
-    if (!writeBuffer(table) || !cutLeftover(table)) return false;
-    if (!table.headerChanged) return true;
-    bool mine = !table.headerLock.held && lockHeader(table);
-    bool done = writeHeader(table);
-    if (mine) unlockHeader(table);
-    return done;
+    if (!writeBuffer(table) || (table.shared && !cutLeftover(table))) return false;
+    if (table.headerChanged) {
+        bool mine = !table.headerLock.held && lockHeader(table);
+        bool done = writeHeader(table);
+        if (mine) unlockHeader(table);
+        if (!done) return false;
+    }
+    return cutLeftover(table);
 }
 
 }  // namespace vx::dbf
