@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "disk/drives.h"
+#include "files/filesearch.h"
 #include "files/path.h"
 #include "frame/text.h"
 #include "platform/errors.h"
@@ -137,39 +138,12 @@ char* putDriveRoots(char* dest) {
     return dest;
 }
 
-// Puts the path of a name in a directory at `to`; a drive alone means its root. False if it is too long.
-bool putPathIn(std::string_view directory, std::string_view name, char (&to)[kPathRoomHere]) {
-    std::string_view between = endsInSeparator(directory) ? "" : "\\";
-    if (directory.size() + between.size() + name.size() >= sizeof to) return false;
-    char* end = to;
-    for (std::string_view piece : {directory, between, name}) end = store(end, piece) + piece.size();
-    return true;
-}
-
-bool isDirectory(const char* path) {
-    std::uint32_t attributes = tree().attributes(path);
-    return attributes != platform::kNoAttributes && (attributes & platform::kDirectoryEntry);
-}
-
-// The full name of the first directory of that name in a list of directories; false if there is none.
-bool findListedDirectory(std::string_view name, std::string_view list, char (&found)[kPathRoomHere]) {
-    static constexpr DelimiterSet kSemicolon(";");
-    std::optional<Token> item = nextToken(list, kSemicolon, 0);
-    for (; item; item = nextToken(list, kSemicolon, item->end())) {
-        char path[kPathRoomHere];
-        if (!putPathIn(item->in(list), name, path) || !isDirectory(path)) continue;
-        std::uint32_t length = tree().fullPath(path, found, sizeof found);
-        if (length > 0 && length < sizeof found) return true;
-    }
-    return false;
-}
-
 bool changeToListedDirectory(const char* name, const char* list) {
     if (!name || !*name) return false;
     platform::SilentErrors silent(process());
     char roots[3 * kDriveLetters];
     char found[kPathRoomHere];
-    if (!findListedDirectory(name, view(list && *list ? list : putDriveRoots(roots)), found)) return false;
+    if (findDirectoryInList(name, list && *list ? list : putDriveRoots(roots), found) == 0) return false;
     PathParts parts = splitPath(found);
     char path[kJoinedSize];
     joinPath(parts, path);

@@ -5,6 +5,7 @@
 
 #include "datetime/dateformat.h"
 #include "datetime/timeofday.h"
+#include "files/filesearch.h"
 #include "files/open_file.h"
 #include "frame/text.h"
 #include "platform/platform.h"
@@ -17,15 +18,11 @@ using platform::Moment;
 
 constexpr std::uint32_t kReading = platform::kRead | platform::kDenyNone;
 
-// The library's bits are the platform's, but for the compressed one.
+// These bits are the library's as well as the platform's.
 constexpr std::uint32_t kSettable = platform::kReadOnly | platform::kHidden | platform::kSystem | platform::kArchive;
-constexpr std::uint32_t kSameBits = kSettable | platform::kDirectoryEntry;
-constexpr std::int32_t kArchiveBit = 32;
-constexpr std::int32_t kCompressedBit = 64;
 
-std::int32_t libraryAttributes(std::uint32_t attributes) {
-    return static_cast<std::int32_t>(attributes & kSameBits) |
-           (attributes & platform::kCompressed ? kCompressedBit : 0);
+std::int32_t shownAttributes(std::uint32_t attributes) {
+    return static_cast<std::int32_t>(libraryAttributes(attributes));
 }
 
 std::uint32_t platformAttributes(std::int32_t bits) {
@@ -36,12 +33,12 @@ std::uint32_t platformAttributes(std::int32_t bits) {
 
 std::int32_t attributesOf(const char* name) {
     std::uint32_t attributes = platform::current().tree->attributes(name ? name : emptyText);
-    return attributes != platform::kNoAttributes ? libraryAttributes(attributes) : -1;
+    return attributes != platform::kNoAttributes ? shownAttributes(attributes) : -1;
 }
 
 std::int32_t attributesOf(std::int32_t handle) {
     platform::FileInformation information;
-    return platform::current().files->information(handle, information) ? libraryAttributes(information.attributes) : 0;
+    return platform::current().files->information(handle, information) ? shownAttributes(information.attributes) : 0;
 }
 
 bool changeAttributes(const char* name, std::uint32_t attributes, bool set) {

@@ -7,6 +7,7 @@
 #include <iterator>
 
 #include "entries/path.h"
+#include "files/handles.h"
 #include "platform/platform.h"
 #include "strings/trim.h"
 
@@ -194,10 +195,7 @@ constexpr int kMostTries = 100;
 // Any existing name is refused, also one that FCreatef would not see; the handle is closed at detach like its.
 std::int32_t createNew(const char* name, std::uint32_t attributes) {
     if (platform::current().tree->attributes(name) != platform::kNoAttributes) return kNoHandle;
-    std::int32_t handle = platform::current().files->create(name, attributes);
-    auto* slot = std::find(std::begin(library.handles), std::end(library.handles), kNoHandle);
-    if (slot != std::end(library.handles)) *slot = handle;
-    return handle;
+    return createRecorded(name, attributes);
 }
 
 // A file that has the name of a directory refuses to become one, with the system's reason.

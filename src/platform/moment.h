@@ -8,6 +8,8 @@ namespace vx::platform {
 
 // Steps of 100 ns since the start of 1601, universal time.
 using FileTime = std::uint64_t;
+inline constexpr std::int64_t kStepsPerSecond = 10'000'000;
+inline constexpr std::int64_t kSecondsTo1970 = 11'644'473'600;
 
 // In the order of Win32's SYSTEMTIME.
 struct Moment {

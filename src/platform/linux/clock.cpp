@@ -12,9 +12,7 @@ namespace {
 
 constexpr long kNanosecondsPerMillisecond = 1'000'000;
 
-constexpr FileTime kStepsPerSecond = 10'000'000;
 constexpr FileTime kStepsPerMillisecond = 10'000;
-constexpr std::int64_t kSecondsTo1970 = 11'644'473'600;  // from 1601
 
 std::uint16_t field(int value) { return static_cast<std::uint16_t>(value); }
 
@@ -66,8 +64,8 @@ class LinuxClock final : public Clock {
 
     bool toLocalTime(FileTime time, Moment& local) override {
         if (time >= FileTime{1} << 63) return failed(false, kInvalidParameter);  // as Windows does
-        Moment moment = momentOf(static_cast<time_t>(time / kStepsPerSecond) - kSecondsTo1970,
-                                 static_cast<int>(time % kStepsPerSecond / kStepsPerMillisecond));
+        Moment moment = momentOf(static_cast<time_t>(time / FileTime{kStepsPerSecond}) - kSecondsTo1970,
+                                 static_cast<int>(time % FileTime{kStepsPerSecond} / kStepsPerMillisecond));
         if (!isDate(moment)) return failed(false, kInvalidParameter);
         local = moment;
         return true;
@@ -77,7 +75,7 @@ class LinuxClock final : public Clock {
         if (!isDate(local) || !isTimeOfDay(local)) return failed(false, kInvalidParameter);
         std::int64_t seconds = secondsOf(local) + kSecondsTo1970;
         if (seconds < 0) return failed(false, kInvalidParameter);
-        time = static_cast<FileTime>(seconds) * kStepsPerSecond + local.milliseconds * kStepsPerMillisecond;
+        time = static_cast<FileTime>(seconds * kStepsPerSecond) + local.milliseconds * kStepsPerMillisecond;
         return true;
     }
 

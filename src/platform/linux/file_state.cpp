@@ -15,9 +15,7 @@
 namespace vx::platform {
 namespace {
 
-constexpr std::int64_t kStepsPerSecond = 10'000'000;
 constexpr std::int64_t kNanosecondsPerStep = 100;
-constexpr std::int64_t kSecondsTo1970 = 11'644'473'600;  // from 1601
 
 // Shared with the other programs that keep DOS attributes: a text like "0x22", more may follow.
 constexpr char kAttributeName[] = "user.DOSATTRIB";
