@@ -113,7 +113,8 @@ bool putNumber(Table& table, const Field& field, std::string_view value) {
 }
 
 bool putMemo(Table& table, Field& field, std::string_view text) {
-    if (!table.memo.isOpen() || text.empty()) return false;
+    if (!table.memo.isOpen()) return false;
+    if (text.empty()) return true;  // kept: the field refers to the memo that it had
     return table.memoStyle == MemoStyle::kDbt ? writeDbtMemo(table, field, text) : writeFptMemo(table, field, text);
 }
 

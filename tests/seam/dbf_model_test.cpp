@@ -61,8 +61,7 @@ class Model {
                 old.replace(0, std::min(width, text.size()), text.substr(0, width));
                 break;
             case kMemo:
-                if (text.empty()) return false;
-                old = text;
+                if (!text.empty()) old = text;
                 break;
             default:
                 if (hasBlobs) old = text;

@@ -278,7 +278,7 @@ TEST_F(Fields, DbtMemosWritten) {
         disk.put("T.DBT", row.before);
         std::uint32_t table = with(0x83, {{"M", 'M', 10}, {"C", 'C', 1}}, "..........x");
         lib().DbfFieldPut(table, 2, "y");
-        EXPECT_EQ(lib().DbfFieldPut(table, 1, ""), 0) << "nothing written";
+        EXPECT_EQ(lib().DbfFieldPut(table, 1, ""), 1) << "nothing written";
         EXPECT_EQ(recordOf(table), "..........y");
         EXPECT_EQ(lib().DbfFieldPut(table, 1, row.text.c_str()), 1);
         EXPECT_EQ(bytes("T.DBT"), row.before + row.added);
@@ -311,7 +311,8 @@ TEST_F(Fields, FptMemosWritten) {
         EXPECT_EQ(bytes("T.FPT").substr(0, 8), lab::big(static_cast<std::uint64_t>(next), 4) + file.substr(4, 4));
         std::string head = lab::big(1, 4) + lab::big(text.size(), 4) + text;
         EXPECT_EQ(bytes("T.FPT").substr(static_cast<std::size_t>(block) * 64, head.size()), head);
-        EXPECT_EQ(lib().DbfFieldPut(table, 1, ""), 0);
+        EXPECT_EQ(lib().DbfFieldPut(table, 1, ""), 1);
+        EXPECT_EQ(valueOf(table, 1), text) << "an empty value leaves the memo";
     }
     EXPECT_EQ(bytes("T.FPT").substr(512 + 64, 64), file.substr(512 + 64, 64)) << "the memo of another record";
     // A type of its own is kept; a header whose next free block is damaged is not believed.
