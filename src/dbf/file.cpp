@@ -2,6 +2,8 @@
 
 #include <limits>
 
+#include "files/handles.h"
+
 namespace vx::dbf {
 namespace {
 
@@ -15,12 +17,12 @@ bool reaches(std::int64_t position, std::size_t count) {
 
 File::~File() { close(); }
 
-File File::open(const char* path, std::uint32_t mode) { return File(files().open(path, mode)); }
+File File::open(const char* path, std::uint32_t mode) { return File(openRecorded(path, mode)); }
 
-File File::create(const char* path) { return File(files().create(path, 0)); }
+File File::create(const char* path) { return File(createRecorded(path, 0)); }
 
 bool File::close() {
-    bool done = !isOpen() || files().close(handle_);
+    bool done = !isOpen() || closeRecorded(handle_);
     handle_ = kNoHandle;
     return done;
 }

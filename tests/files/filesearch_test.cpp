@@ -72,7 +72,7 @@ TEST_F(Disk, MakesDirectoriesAndFilesAndFindsThem) {
     Names made;
     for (int i = 0; i < 3; ++i) {
         std::int32_t handle = lib().FUnique((deep + "\\u?????.*").c_str(), 0, name);
-        EXPECT_NE(handle, -1);
+        EXPECT_EQ(lib().FClose(handle), 1);
         made.push_back(name.text());
     }
     EXPECT_EQ(all(deep + "\\u*", 512).size(), 3u);
