@@ -106,6 +106,12 @@ class ChequeRun {
         std::printf("%s\n\n", call_.replicate("-", kLineWidth, line));
     }
 
+    std::string withCents(const std::string& amount) const {
+        char grouped[64], plain[64];
+        call_.strTran(call_.comma(amount.c_str(), grouped), ",", "", kFromFirst, kAllOccurrences, plain);
+        return plain;
+    }
+
     void enter(const Payee& payee) {
         char date[64];
         register_.append();
@@ -114,7 +120,7 @@ class ChequeRun {
         register_.put("TOWN", payee.town);
         register_.put("STATE", codeOf(payee.state));
         register_.put("DATED", call_.getJDatef(call_.dateToJulian(payee.date.c_str()), "YYYYMMDD", date));
-        register_.put("AMOUNT", payee.amount);
+        register_.put("AMOUNT", withCents(payee.amount));
         register_.put("CLEARED", "F");
         register_.put("MEMO", payee.memo);
     }

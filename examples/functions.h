@@ -40,6 +40,7 @@ class Functions {
     Number (*strEmpty)(Text) = find("StrEmpty");
     Number (*isNum)(Text, Number) = find("IsNum");
     char* (*numToDollars)(Text, Number, char*) = find("NumToDollars");
+    char* (*comma)(Text, char*) = find("Comma");
     Number (*checkDate)(Text) = find("CheckDate");
     Number (*dateToJulian)(Text) = find("DateToJulian");
     char* (*getJDatef)(Number, Text, char*) = find("GetJDatef");

@@ -9,6 +9,7 @@ import threading
 import unittest
 
 from build import NATIVE, entries
+from test_tables import Table
 
 PROGRAM = NATIVE / "vexlor"
 DONE, NO_LIBRARY, USAGE = 0, 1, 2
@@ -201,11 +202,52 @@ class Calls(Host):
         self.assertEqual(text, self.printed("-h").decode())
         shown = [line.split("vexlor ", 1)[1] for line in text.partition("Examples:")[2].splitlines() if "vexlor " in line]
         self.assertGreater(len(shown), 5)
-        for line in shown:
-            with self.subTest(example=line):
-                line = re.sub(r"< \S+|\)$", "", line)
-                done = subprocess.run(f"{PROGRAM} {line}", shell=True, capture_output=True, stdin=subprocess.DEVNULL)
-                self.assertEqual((done.returncode, done.stderr), (DONE, b""))
+        with tempfile.TemporaryDirectory() as folder:
+            Table(f"{folder}/CUSTOMER.DBF", b"NAME,C,20").__exit__()
+            for line in shown:
+                with self.subTest(example=line):
+                    line = re.sub(r"< \S+|\)$", "", line)
+                    done = subprocess.run(f"{PROGRAM} {line}", shell=True, capture_output=True, stdin=subprocess.DEVNULL,
+                                          cwd=folder)
+                    self.assertEqual((done.returncode, done.stderr), (DONE, b""))
+
+
+class Tables(Host):
+    FIELDS = ["NAME", "AMOUNT", "NOTE"]
+    ROWS = [["Anna", "12.50", "short"], ["deleted", "1.00", ""], ["M\xfcller", "-3.00", "one\r\ntwo " + "x" * 100]]
+
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.file = f"{folder.name}/t.dbf"
+        with Table(self.file, b"NAME,C,10:AMOUNT,N,8,2:NOTE,M") as table:
+            for row in self.ROWS:
+                table.append(self.FIELDS, row)
+                if row[0] == "deleted":
+                    table.library.DbfDelete(table.handle)
+
+    def test_for_people(self):
+        lines = self.printed("--table", "--deleted", self.file).decode().splitlines()
+        self.assertEqual(lines[0], f"{self.file}: 3 records of 28 bytes")
+        self.assertEqual(lines[1:4], ["  NAME        C  10", "  AMOUNT      N  8,2", "  NOTE        M  10"])
+        self.assertEqual(lines[5:], ["         NAME          AMOUNT  NOTE",
+                                     "     1   Anna           12.50  short",
+                                     "     2*  deleted         1.00",
+                                     "     3   M\u00fcller         -3.00  one  two " + "x" * 29 + ".."])
+        live = self.printed("--table", self.file).decode().splitlines()
+        self.assertEqual(live, [line for line in lines if "deleted" not in line])
+
+    def test_for_programs(self):
+        records = [json.loads(line) for line in self.printed("--json", "--table", "--deleted", self.file).splitlines()]
+        self.assertEqual([(r["record"], r["deleted"]) for r in records], [(1, False), (2, True), (3, False)])
+        name = records[2]["fields"].pop("NAME")
+        self.assertEqual(name, {"text": "M\xfcller", "hex": "4dfc6c6c6572"})
+        self.assertEqual(list(records[0]["fields"].values()), self.ROWS[0])
+        self.assertEqual(list(records[2]["fields"].values()), self.ROWS[2][1:])
+
+    def test_refusals(self):
+        self.refuses(NO_LIBRARY, ["cannot open", "error 2"], "--table", self.file + "x")
+        self.refuses(USAGE, ["--table takes"], "--table")
 
 
 class Loading(Host):
