@@ -153,7 +153,7 @@ bool putValue(Table& table, Field& field, std::string_view value) {
 }
 
 bool putValue(const Place& place, const char* value) {
-    return place && putValue(*place.table, *place.field, view(value));
+    return place && putValue(*place.table, *place.field, view(value ? value : emptyText));
 }
 
 std::uint32_t sizeOfMemo(const Table& table, std::int64_t block) {
