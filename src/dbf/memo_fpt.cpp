@@ -17,6 +17,11 @@ std::int64_t blocksIn(const Table& table, std::int64_t size) {
     return (size + table.memoBlockSize - 1) / table.memoBlockSize;
 }
 
+// Blocks lie behind the file's header.
+bool canBeBlock(const Table& table, std::int64_t number) {
+    return table.memo.isOpen() && number >= 1 && positionOf(table, number) >= static_cast<std::int64_t>(kFptHeaderSize);
+}
+
 // The length in a block's header, as far as the file reaches.
 struct Block {
     char header[kFptBlockHeaderSize];
@@ -24,8 +29,7 @@ struct Block {
 };
 bool readBlock(const Table& table, std::int64_t number, Block& block) {
     std::int64_t position = positionOf(table, number);
-    bool sound = table.memo.isOpen() && number >= 1 && position >= static_cast<std::int64_t>(kFptHeaderSize);
-    if (!sound || !table.memo.readAll(position, block.header, kFptBlockHeaderSize)) return false;
+    if (!canBeBlock(table, number) || !table.memo.readAll(position, block.header, kFptBlockHeaderSize)) return false;
     std::int64_t behind = table.memo.size() - position - static_cast<std::int64_t>(kFptBlockHeaderSize);
     block.length = std::clamp<std::int64_t>(be32(block.header + 4), 0, std::max<std::int64_t>(behind, 0));
     return true;
@@ -85,7 +89,7 @@ bool append(Table& table, Field& field, std::string_view text) {
 }  // namespace
 
 std::uint32_t readFptMemo(const Table& table, std::int64_t block, char* to) {
-    if (!table.memo.isOpen() || block < 1) return 0;
+    if (!canBeBlock(table, block)) return 0;
     // The header and the first of the text come at once.
     char start[Scratch::kAtHand];
     constexpr std::size_t kRoom = sizeof start - kFptBlockHeaderSize;

@@ -146,14 +146,25 @@ std::int32_t fileSize(const char* name) {
     return static_cast<std::int32_t>(entry.sizeLow - entry.sizeHigh);
 }
 
-// Whether a drive, the current one if it is empty, has room for so many bytes.
-bool hasRoom(std::string_view drive, std::int32_t size) {
-    platform::SilentErrors silent(process());
+// The free space where a file is to be: other volumes may be mounted below a drive's root. Of directories that are yet
+// to be made the nearest one that is there counts.
+bool freeBytesFor(const PathView& path, std::uint64_t& bytes) {
     platform::Volumes& volumes = *platform::current().volumes;
-    char letter = drive.empty() ? static_cast<char>('A' + volumes.currentDrive() - 1) : drive.front();
+    char text[kDriveSize + kPieceSize];
+    joinPath({path.drive, path.directory, {}, {}}, text);
+    for (std::size_t size = std::strlen(text); size > path.drive.size(); size = lastComponent({text, size - 1})) {
+        text[size] = '\0';
+        if (volumes.freeBytes(text, bytes)) return true;
+    }
+    char letter = path.drive.empty() ? static_cast<char>('A' + volumes.currentDrive() - 1) : path.drive.front();
     const char root[] = {letter, ':', '\\', '\0'};
+    return volumes.freeBytes(root, bytes);
+}
+
+bool hasRoom(const PathView& path, std::int32_t size) {
+    platform::SilentErrors silent(process());
     std::uint64_t bytes;
-    if (!volumes.freeBytes(root, bytes)) return size <= 0;
+    if (!freeBytesFor(path, bytes)) return size <= 0;
     return size <= 0 || static_cast<std::uint64_t>(size) <= bytes || refuse(false, platform::kDiskFull);
 }
 
@@ -173,7 +184,7 @@ bool ensureDirectoryOf(const PathView& path) {
 std::int32_t moveFile(const char* source, const char* directory, bool erases) {
     char target[kJoinedSize];
     PathView path = viewPath({target, appendName(source, directory, target)});
-    if (!hasRoom(path.drive, fileSize(source)) || !ensureDirectoryOf(path)) return -1;
+    if (!hasRoom(path, fileSize(source)) || !ensureDirectoryOf(path)) return -1;
     if (copyFile(source, target) < 0) return -1;
     std::int32_t size = fileSize(target);
     if (size < 0 || fileSize(source) != size) return -1;

@@ -45,8 +45,8 @@ class Volumes {
 
     virtual bool space(const char* root, DiskSpace& space) = 0;
 
-    // Bytes free to this user, however many.
-    virtual bool freeBytes(const char* root, std::uint64_t& bytes) = 0;
+    // Bytes free to this user, however many, on the volume that a directory is on.
+    virtual bool freeBytes(const char* directory, std::uint64_t& bytes) = 0;
 
     // 0 when the current directory is on no drive.
     virtual std::int32_t currentDrive() = 0;

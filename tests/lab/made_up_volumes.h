@@ -32,7 +32,8 @@ class MadeUpVolumes final : public platform::Volumes {
                                        {'C', {.label = "SYSTEM", .serial = 0x1234ABCD}},
                                        {'F', {.kind = platform::kRemoteDrive, .fileSystem = "NET", .serial = 0xF}}};
     char current = 'C';
-    std::optional<std::uint64_t> bytesFree;  // by the geometry if not given
+    std::optional<std::uint64_t> bytesFree;        // by the geometry if not given
+    std::map<std::string, std::uint64_t> mounted;  // free bytes of volumes that are directories
     std::string system = "C:\\WINNT\\System32";
     std::string windows = "C:\\WINNT";
     platform::Process* process = nullptr;  // gets the reasons of failures
@@ -68,9 +69,13 @@ class MadeUpVolumes final : public platform::Volumes {
         if (drive) space = drive->space;
         return drive;
     }
-    bool freeBytes(const char* root, std::uint64_t& bytes) override {
+    bool freeBytes(const char* directory, std::uint64_t& bytes) override {
+        if (auto found = mounted.find(directory); found != mounted.end()) {
+            bytes = found->second;
+            return true;
+        }
         platform::DiskSpace space{};
-        if (!this->space(root, space)) return false;
+        if (std::strlen(directory) > 3 || !this->space(directory, space)) return refuse(platform::kPathNotFound);
         bytes = bytesFree.value_or(std::uint64_t{space.freeClusters} * space.sectorsPerCluster * space.bytesPerSector);
         return true;
     }

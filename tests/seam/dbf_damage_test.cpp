@@ -108,7 +108,7 @@ TEST_F(Damage, EachByteChanged) {
 TEST_F(Damage, TwoBytesChanged) {
     RandomTexts random(11);
     std::vector<FileSet> seeds = {seed(0xE3), seed(0xF5)};
-    for (int i = 0; i < 10000; ++i) {
+    for (int i = 0; i < 50000; ++i) {
         FileSet files = seeds[static_cast<std::size_t>(i % 2)];
         for (int change = 0; change < 2; ++change) {
             auto file = std::next(files.begin(), random.number(0, static_cast<int>(files.size()) - 1));

@@ -228,6 +228,9 @@ TEST_F(WholeFile, Moves) {
         EXPECT_EQ(lib().FMove(kSource, directory, 0), result) << directory;
         EXPECT_EQ(result == 0 ? 0 : error, code) << directory;
     }
+    fake.volumes.bytesFree = 0;
+    fake.volumes.mounted["C:\\BIG\\"] = 1000;
+    EXPECT_EQ(lib().FMove(kSource, "C:\\BIG\\NEW", 0), 0) << "another volume";
     for (const char* gone : {"C:\\B", "C:\\DATA\\B", "C:\\DATA\\ John"}) EXPECT_FALSE(disk.find(gone)) << gone;
     EXPECT_EQ(get("C:\\Smith, John\\SOURCE"), whole);
 

@@ -166,14 +166,9 @@ bool readState(const char* path, FileInformation& information) {
 bool writeAttributes(int descriptor, std::uint32_t attributes) { return write(ByDescriptor{descriptor}, attributes); }
 bool writeAttributes(const char* path, std::uint32_t attributes) { return write(ByPath{path}, attributes); }
 
-std::uint32_t volumeSerial(int descriptor) {
+std::uint32_t volumeSerial() {
     struct statfs system;
-    return ::fstatfs(descriptor, &system) == 0 ? serialOf(system) : 1;
-}
-
-std::uint32_t volumeSerial(const char* path) {
-    struct statfs system;
-    return ::statfs(path, &system) == 0 ? serialOf(system) : 1;
+    return ::statfs("/", &system) == 0 ? serialOf(system) : 1;
 }
 
 }  // namespace vx::platform

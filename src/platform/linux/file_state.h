@@ -27,8 +27,7 @@ bool readState(const char* path, FileInformation& information);
 bool writeAttributes(int descriptor, std::uint32_t attributes);
 bool writeAttributes(const char* path, std::uint32_t attributes);
 
-// Of the file system that the file is on; never 0.
-std::uint32_t volumeSerial(int descriptor);
-std::uint32_t volumeSerial(const char* path);
+// Of drive C:, which has all file systems that are mounted; never 0.
+std::uint32_t volumeSerial();
 
 }  // namespace vx::platform

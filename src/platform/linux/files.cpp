@@ -342,7 +342,7 @@ bool LinuxFiles::information(std::int32_t handle, FileInformation& information) 
     int descriptor = file->descriptor.load(std::memory_order_relaxed);
     FileInformation found;
     if (!readState(descriptor, found)) return failed(false, systemErrorCode());
-    found.volumeSerial = volumeSerial(descriptor);
+    found.volumeSerial = volumeSerial();
     information = found;
     return true;
 }

@@ -127,7 +127,7 @@ bool LinuxVolumes::information(const char* root, VolumeInformation& information)
     if (callWith(path, ask) != 0) return failed(false, systemErrorCode());
     information.label[0] = '\0';
     std::strcpy(information.fileSystem, fileSystemName(static_cast<std::uint32_t>(system.f_type)));
-    information.serial = volumeSerial(path.text());
+    information.serial = volumeSerial();
     return true;
 }
 
