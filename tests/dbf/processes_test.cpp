@@ -120,11 +120,12 @@ void expectNothingLost(const char* locks, int processes, int count) {
 TEST(SharedTable, NothingIsLostWithLocks) { expectNothingLost("LOCK", 4, 500); }
 TEST(SharedTable, NothingIsLostWithoutLocks) { expectNothingLost("-", 4, 2000); }
 
-// Appends a line at a time and notes each one once it has been committed.
+// Appends a line at a time and notes each one once it has been committed. A file tells that the table is open.
 const Role committer("commit", [](const Arguments& arguments) {
     std::uint32_t table = lib().DbfOpen(arguments.at(0).c_str(), kShared);
     std::ofstream notes(arguments.at(1), std::ios::binary | std::ios::app);
     int who = std::stoi(arguments.at(2));
+    std::ofstream(arguments.at(3)) << "open";
     for (int i = 1; table; ++i) {
         if (!append(table, lineOf(who, i)) || !lib().DbfUnlock(table)) return 3;
         notes << who << ' ' << i << std::endl;
@@ -135,7 +136,7 @@ const Role committer("commit", [](const Arguments& arguments) {
 TEST(SharedTable, SurvivesKilledProcesses) {
 #if defined(_WIN32)
     constexpr int kKills = 25;
-    constexpr int kLongest = 500'000;
+    constexpr int kLongest = 100'000;
 #else
     constexpr int kKills = 200;
     constexpr int kLongest = 25'000;
@@ -145,7 +146,11 @@ TEST(SharedTable, SurvivesKilledProcesses) {
     std::string notes = place.native("notes").string();
     std::mt19937 random(1);
     for (int who = 1; who <= kKills; ++who) {
-        Child child("commit", {file, notes, std::to_string(who)});
+        std::string open = "open" + std::to_string(who);
+        Child child("commit", {file, notes, std::to_string(who), place.native(open).string()});
+        // Some are killed while they start; how long that takes is the machine's affair.
+        for (int i = 0; who % 2 && i < 20'000 && !place.has(open); ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
         std::this_thread::sleep_for(std::chrono::microseconds(random() % kLongest));
         child.kill();
         child.wait();
@@ -161,7 +166,7 @@ TEST(SharedTable, SurvivesKilledProcesses) {
     for (int who, number; noted >> who >> number; ++committed) {
         ASSERT_TRUE(there.contains(lineOf(who, number))) << "committed, and gone: " << who << "/" << number;
     }
-    EXPECT_GT(committed, static_cast<std::size_t>(kKills)) << "the children were killed before they did anything";
+    EXPECT_GT(committed, std::size_t{kKills} / 10) << "the children were killed before they did anything";
     EXPECT_GE(lines.size(), committed);
 }
 

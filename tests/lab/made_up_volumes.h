@@ -75,7 +75,8 @@ class MadeUpVolumes final : public platform::Volumes {
             return true;
         }
         platform::DiskSpace space{};
-        if (std::strlen(directory) > 3 || !this->space(directory, space)) return refuse(platform::kPathNotFound);
+        if (std::strlen(directory) > 3) return refuse(platform::kPathNotFound);
+        if (!this->space(directory, space)) return false;
         bytes = bytesFree.value_or(std::uint64_t{space.freeClusters} * space.sectorsPerCluster * space.bytesPerSector);
         return true;
     }
