@@ -299,8 +299,8 @@ ENTRY(char*, FParsefx)(const char* path, char* dest) noexcept {
 ENTRY(char*, FParsef)(const char* path, char* dest) noexcept {
     if (!dest) return nullptr;
     PathView parts = viewPath(view(path));
-    store(dest, parts.name);
-    store(dest + parts.name.size(), parts.extension);
+    // No terminator in between: the destination may be the text that the pieces lie in.
+    store(append(dest, parts.name), parts.extension);
     return dest;
 }
 

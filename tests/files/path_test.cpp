@@ -168,6 +168,7 @@ TEST(Path, NullsAndOneBufferForBoth) {
     EXPECT_EQ(path.text() + dest.text(), "edit.com");
     Edit name("C:\\dos\\edit.com");
     EXPECT_STREQ(lib().FParsef(name, name), "edit.com");
+    EXPECT_STREQ(lib().FParsef(name, name), "edit.com") << "of a name alone";
     EXPECT_STREQ(lib().FMake("C:", name, "x", "y", name), "C:edit.com\\x.y");
 }
 
