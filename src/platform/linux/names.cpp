@@ -30,12 +30,6 @@ bool sameButForCase(std::string_view a, std::string_view b) {
 // How well an entry of a directory answers to a name.
 enum class Match { kNone, kShortName, kWithoutEnd, kCase, kExact };
 
-// Windows drops blanks and dots at the end of a name.
-std::string_view withoutEnd(std::string_view name) {
-    while (name.ends_with('.') || name.ends_with(' ')) name.remove_suffix(1);
-    return name;
-}
-
 Match matchOf(std::string_view wanted, std::string_view name, bool byShortName) {
     if (sameButForCase(wanted, name)) return wanted == name ? Match::kExact : Match::kCase;
     if (sameButForCase(withoutEnd(wanted), name)) return Match::kWithoutEnd;
@@ -46,6 +40,11 @@ Match matchOf(std::string_view wanted, std::string_view name, bool byShortName) 
 }
 
 }  // namespace
+
+std::string_view withoutEnd(std::string_view name) {
+    while (name.ends_with('.') || name.ends_with(' ')) name.remove_suffix(1);
+    return name;
+}
 
 Start takeStart(const char*& name) {
     if (isSeparator(name[0]) && isSeparator(name[1])) return Start::kServer;
@@ -97,7 +96,8 @@ bool SystemName::addRest(const char* name, Wildcards wildcards) {
     while (*name) {
         std::string_view component = takeComponent(name);
         asDirectory_ = isSeparator(name[-1]);
-        bool mayBeWild = wildcards == Wildcards::kInLast && !*name && !asDirectory_;
+        bool isLast = !*name && !asDirectory_;
+        bool mayBeWild = wildcards == Wildcards::kAnywhere || (wildcards == Wildcards::kInLast && isLast);
         if (!mayBeWild && component.find_first_of("?*") != std::string_view::npos) return false;
         if (component == "..") {
             removeLast();
@@ -136,7 +136,7 @@ bool SystemName::makeAbsolute() {
     if (::syscall(SYS_getcwd, text_, sizeof text_) < 0 || text_[0] != '/') return failed(false, kPathNotFound);
     length_ = std::strlen(text_);
     bool kept = asDirectory_;
-    bool done = addRest(written, Wildcards::kInLast);
+    bool done = addRest(written, Wildcards::kAnywhere);
     asDirectory_ = kept;
     return done || failed(false, kFilenameTooLong);
 }

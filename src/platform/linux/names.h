@@ -16,6 +16,9 @@ inline char lowered(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c 
 inline char raised(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c; }
 inline bool isSeparator(char c) { return c == '\\' || c == '/'; }
 
+// Windows drops blanks and dots at the end of a name.
+std::string_view withoutEnd(std::string_view name);
+
 // What a name begins with.
 enum class Start {
     kRoot,
@@ -33,7 +36,7 @@ std::string_view takeComponent(const char*& name);
 // A name for the system's calls. `.` and `..` are worked out by the text alone, as Windows does.
 class SystemName {
  public:
-    enum class Wildcards { kRefused, kInLast };
+    enum class Wildcards { kRefused, kInLast, kAnywhere };
     enum class Found {
         kThere,
         kOnlyDirectory,  // the last component is missing; the text names what could be made

@@ -169,7 +169,7 @@ bool LinuxTree::removeDirectory(const char* name) {
     return ::unlinkat(AT_FDCWD, path.text(), AT_REMOVEDIR) == 0 || failedCall();
 }
 
-// A matter of texts alone, so that also other drives and servers have full paths.
+// A matter of texts alone, so that also other drives and servers, and patterns, have full paths.
 std::uint32_t LinuxTree::fullPath(const char* name, char* path, std::uint32_t room) {
     const char* rest = name ? name : "";
     Start start = takeStart(rest);
@@ -177,7 +177,8 @@ std::uint32_t LinuxTree::fullPath(const char* name, char* path, std::uint32_t ro
     if (start == Start::kOtherDrive) {
         std::snprintf(rooted, sizeof rooted, "\\%s", isSeparator(name[2]) ? name + 3 : name + 2);
     }
-    SystemName full(start == Start::kServer ? name + 1 : start == Start::kOtherDrive ? rooted : name);
+    const char* given = start == Start::kServer ? name + 1 : start == Start::kOtherDrive ? rooted : name;
+    SystemName full(given, SystemName::Wildcards::kAnywhere);
     if (!full.valid() || !full.makeAbsolute()) return 0;
     char text[PATH_MAX + 4];
     std::size_t length = toDriveForm(full.view(), text, sizeof text - 1);

@@ -8,10 +8,10 @@
 namespace vx::platform {
 
 Wildcards::Wildcards(std::string_view pattern) {
-    if (pattern == "*.*") pattern = "*";
     // A dot at the end says that there is no extension.
     bool noExtension = pattern.ends_with('.');
-    while (pattern.ends_with('.')) pattern.remove_suffix(1);
+    pattern = withoutEnd(pattern);
+    if (pattern == "*.*") pattern = "*";
     for (std::size_t i = 0; i < pattern.size(); ++i) {
         char next = i + 1 < pattern.size() ? pattern[i + 1] : noExtension ? '.' : '\0';
         char c = lowered(pattern[i]);
