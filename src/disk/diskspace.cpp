@@ -6,7 +6,7 @@
 #include <optional>
 
 #include "disk/drives.h"
-#include "files/filesearch.h"
+#include "files/filefind.h"
 #include "files/path.h"
 #include "frame/text.h"
 #include "platform/errors.h"

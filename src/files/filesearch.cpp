@@ -1,4 +1,4 @@
-// Searching directories by lists of patterns, the caller's search blocks, and what is found in one call.
+// Searching directories by lists of patterns, the caller's search blocks, and what is told of all that is found.
 #include "files/filesearch.h"
 
 #include <cstring>
@@ -73,9 +73,9 @@ void SearchState::close() {
 }
 
 std::size_t SearchState::putName(std::uint32_t nameFlags, char* to) const {
-    std::string_view name = nameFlags & kShortNames ? entry.shortName : entry.name;
-    bool full = (nameFlags & kFullNames) && std::strcmp(entry.name, ".") != 0;
-    if (full && entry.name[0]) {
+    bool isDot = std::strcmp(entry.name, ".") == 0;
+    std::string_view name = (nameFlags & kShortNames) && !isDot ? entry.shortName : entry.name;
+    if ((nameFlags & kFullNames) && !isDot && entry.name[0]) {
         PathView parts = viewPath(pattern);
         return joinPath({parts.drive, parts.directory, name, {}}, to);
     }
@@ -98,84 +98,6 @@ bool isFile(const char* list, std::uint32_t flags) {
         if (state.putName(flags, name) == 0 || !takes(flags, state.entry)) return false;
     }
     return true;
-}
-
-namespace {
-
-constexpr DelimiterSet kDirectoryDelimiters(";");
-
-// Where a listed directory is, with a separator behind it. A drive alone stands for its root.
-bool placeOf(std::string_view directory, WalkPath& place) {
-    WalkPath given;
-    char full[platform::kPathSize];
-    bool drive = directory.size() == 2 && directory[1] == ':';
-    if (!given.append(directory) || (drive && !given.append("\\"))) return false;
-    std::uint32_t size = platform::current().tree->fullPath(given.text(), full, sizeof full);
-    if (size == 0 || size >= sizeof full) return false;
-    place.cut(0);
-    return place.append({full, size}) && (endsInSeparator(place.view()) || place.append("\\"));
-}
-
-// Calls visit with the path of each listed directory until it returns true.
-template <class Visit>
-bool anyOfList(const char* list, Visit visit) {
-    std::string_view all = view(list);
-    std::optional<Token> item = nextToken(all, kDirectoryDelimiters, 0);
-    WalkPath place;
-    if (!item) return placeOf(".", place) && visit(place);
-    for (; item; item = nextToken(all, kDirectoryDelimiters, item->end())) {
-        if (placeOf(item->in(all), place) && visit(place)) return true;
-    }
-    return false;
-}
-
-// Makes `place`, a directory with its separator, the path of the first entry in it that matches.
-bool findIn(WalkPath& place, std::string_view name) {
-    std::size_t here = place.size();
-    if (!place.append(name)) return false;
-    DirectorySearch search(place.text());
-    place.cut(here);
-    for (; search.found(); search.next()) {
-        if (isDots(search.entry().name)) continue;
-        if (place.append(name.substr(0, lastComponent(name))) && place.append(search.entry().name)) return true;
-        place.cut(here);
-    }
-    return false;
-}
-
-// The same, also in what is below the directory. Links are not followed: they may lead back.
-bool findBelow(WalkPath& place, std::string_view name) {
-    if (findIn(place, name)) return true;
-    std::size_t here = place.size();
-    if (!place.append("*.*")) return false;
-    DirectorySearch search(place.text());
-    place.cut(here);
-    for (; search.found(); search.next()) {
-        const FoundEntry& entry = search.entry();
-        if (!isSubdirectory(entry) || (entry.attributes & platform::kLink)) continue;
-        if (place.appendDirectory(entry.name) && findBelow(place, name)) return true;
-        place.cut(here);
-    }
-    return false;
-}
-
-}  // namespace
-
-std::size_t findDirectoryInList(const char* name, const char* list, char* to) {
-    std::size_t size = 0;
-    if (!view(name).empty()) {
-        anyOfList(list, [&](WalkPath& place) {
-            platform::Tree& tree = *platform::current().tree;
-            if (!place.append(name)) return false;
-            std::uint32_t attributes = tree.attributes(place.text());
-            if (attributes == platform::kNoAttributes || !(attributes & platform::kDirectoryEntry)) return false;
-            size = tree.fullPath(place.text(), to, platform::kPathSize);
-            if (size >= platform::kPathSize) size = 0;
-            return size != 0;
-        });
-    }
-    to[size] = '\0';
-    return size;
 }
 
 namespace {
@@ -386,16 +308,4 @@ ENTRY(int32_t, FileCount)(const char* list, uint32_t flags) noexcept {
         ++count;
     }
     return count;
-}
-
-ENTRY(char*, FileFind)(const char* name, const char* directories, char* dest) noexcept {
-    if (!dest) return nullptr;
-    *dest = '\0';
-    if (view(name).empty()) return dest;
-    anyOfList(directories, [&](WalkPath& place) {
-        if (!findBelow(place, name)) return false;
-        store(dest, place.view());
-        return true;
-    });
-    return dest;
 }

@@ -95,8 +95,4 @@ class FileSearch {
 // Whether the first entry of every pattern is one that the search takes; an empty list is. NULL is empty.
 bool isFile(const char* list, std::uint32_t flags);
 
-// The full name of the directory called `name` in the first of the listed directories (";" between them) that has one:
-// not in what is below them. `to` needs platform::kPathSize; empty if there is none. The length.
-std::size_t findDirectoryInList(const char* name, const char* list, char* to);
-
 }  // namespace vx

@@ -97,6 +97,7 @@ TEST_F(FileSearch, Lists) {
         {"C:*.doc;C:/d/sub/*.*", 512, {"C:c.doc", "C:/d/sub/x.txt"}},
         {"C:\\d\\*.*", 512 | 16, {".", "C:\\d\\..", "C:\\d\\sub"}},
         {"C:\\d\\*.*", 512 | 256 | 16, {"C:\\d\\sub"}},
+        {"C:\\d\\*.*", 1024 | 16, {"."}},  // which has no short name; the one of ".." is empty
         {"l*.txt", 1024, {"LONGNA~1.TXT"}},
         {"l*.txt", 1024 | 512, {"LONGNA~1.TXT"}},
         {"a.txt;l*.txt", 1024, {}},  // kept: the empty short name looks like the end
@@ -294,6 +295,8 @@ TEST_F(FileSearch, FindsFilesBelowListedDirectories) {
         EXPECT_EQ(lib().strfilefind(row.name, row.directories, dest), std::strlen(row.found));
     }
     EXPECT_EQ(lib().FileFind("f.txt", "C:\\a", nullptr), nullptr);
+    Edit both("g.txt", 260);
+    EXPECT_STREQ(lib().FileFind(both, "C:\\a", both), "C:\\a\\z\\g.txt");
     std::string deep = "C:\\deep";
     while (deep.size() < 400) disk.put((deep += "\\0123456789") + "\\far");
     disk.put(deep + "\\farther");

@@ -1,0 +1,106 @@
+// What lies in listed directories and below them, by its name.
+#include "files/filefind.h"
+
+#include <optional>
+
+#include "entries/filesearch.h"
+#include "files/path.h"
+#include "files/walk.h"
+#include "frame/text.h"
+#include "platform/platform.h"
+#include "strings/token.h"
+
+namespace vx {
+namespace {
+
+constexpr DelimiterSet kDirectoryDelimiters(";");
+
+// Where a listed directory is, with a separator behind it. A drive alone stands for its root.
+bool placeOf(std::string_view directory, WalkPath& place) {
+    WalkPath given;
+    char full[platform::kPathSize];
+    bool drive = directory.size() == 2 && directory[1] == ':';
+    if (!given.append(directory) || (drive && !given.append("\\"))) return false;
+    std::uint32_t size = platform::current().tree->fullPath(given.text(), full, sizeof full);
+    if (size == 0 || size >= sizeof full) return false;
+    place.cut(0);
+    return place.append({full, size}) && (endsInSeparator(place.view()) || place.append("\\"));
+}
+
+// Calls visit with the path of each listed directory until it returns true.
+template <class Visit>
+bool anyOfList(const char* list, Visit visit) {
+    std::string_view all = view(list);
+    std::optional<Token> item = nextToken(all, kDirectoryDelimiters, 0);
+    WalkPath place;
+    if (!item) return placeOf(".", place) && visit(place);
+    for (; item; item = nextToken(all, kDirectoryDelimiters, item->end())) {
+        if (placeOf(item->in(all), place) && visit(place)) return true;
+    }
+    return false;
+}
+
+// Makes `place`, a directory with its separator, the path of the first entry in it that matches.
+bool findIn(WalkPath& place, std::string_view name) {
+    std::size_t here = place.size();
+    if (!place.append(name)) return false;
+    DirectorySearch search(place.text());
+    place.cut(here);
+    for (; search.found(); search.next()) {
+        if (isDots(search.entry().name)) continue;
+        if (place.append(name.substr(0, lastComponent(name))) && place.append(search.entry().name)) return true;
+        place.cut(here);
+    }
+    return false;
+}
+
+// The same, also in what is below the directory. Links are not followed: they may lead back.
+bool findBelow(WalkPath& place, std::string_view name) {
+    if (findIn(place, name)) return true;
+    std::size_t here = place.size();
+    if (!place.append("*.*")) return false;
+    DirectorySearch search(place.text());
+    place.cut(here);
+    for (; search.found(); search.next()) {
+        const platform::FoundEntry& entry = search.entry();
+        if (!isSubdirectory(entry) || (entry.attributes & platform::kLink)) continue;
+        if (place.appendDirectory(entry.name) && findBelow(place, name)) return true;
+        place.cut(here);
+    }
+    return false;
+}
+
+}  // namespace
+
+std::size_t findDirectoryInList(const char* name, const char* list, char* to) {
+    std::size_t size = 0;
+    if (!view(name).empty()) {
+        anyOfList(list, [&](WalkPath& place) {
+            platform::Tree& tree = *platform::current().tree;
+            if (!place.append(name)) return false;
+            std::uint32_t attributes = tree.attributes(place.text());
+            if (attributes == platform::kNoAttributes || !(attributes & platform::kDirectoryEntry)) return false;
+            size = tree.fullPath(place.text(), to, platform::kPathSize);
+            if (size >= platform::kPathSize) size = 0;
+            return size != 0;
+        });
+    }
+    to[size] = '\0';
+    return size;
+}
+
+}  // namespace vx
+
+using namespace vx;
+
+ENTRY(char*, FileFind)(const char* name, const char* directories, char* dest) noexcept {
+    if (!dest) return nullptr;
+    auto find = [&](WalkPath& place) {
+        if (!findBelow(place, view(name))) return false;
+        store(dest, place.view());
+        return true;
+    };
+    // Nothing is written before: the destination may be the text of the name.
+    if (view(name).empty() || !anyOfList(directories, find)) *dest = '\0';
+    return dest;
+}
