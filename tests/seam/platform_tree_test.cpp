@@ -212,6 +212,11 @@ TEST_F(SystemTree, FailuresTellWhy) {
         {"move what is open", move("full\\x", "x"), kSharingViolation},
     };
     for (const Row& row : rows) EXPECT_EQ(row.got, row.expected) << row.call;
+    // A separator behind its name makes no directory of a file.
+    EXPECT_EQ(attributes("F\\"), kNoAttributes);
+    EXPECT_NE(erase("f\\"), 0u);
+    for (const char* name : {"F\\", "new/"}) EXPECT_EQ(system.files->create(place.path(name).c_str(), 0), -1) << name;
+    EXPECT_TRUE(place.has("f") && !place.has("new"));
     EXPECT_TRUE(system.files->close(handle));
     EXPECT_EQ(erase("full\\x"), 0u);
     EXPECT_EQ(removeDirectory("full\\"), 0u);

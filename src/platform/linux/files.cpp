@@ -193,6 +193,7 @@ std::int32_t LinuxFiles::create(const char* name, std::uint32_t attributes) {
             continue;
         }
         if (errno != ENOENT) return failedCall();
+        if (path.asDirectory()) return failed(-1, kInvalidName);
         mode_t mode = attributes & kReadOnly ? 0444 : 0666;
         descriptor = Descriptor(openFor(path.text(), O_RDWR | O_CREAT | O_EXCL, mode));
         if (descriptor) return start(std::move(descriptor), path.text(), attributes);

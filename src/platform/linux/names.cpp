@@ -108,6 +108,11 @@ bool SystemName::addRest(const char* name, Wildcards wildcards) {
     return true;
 }
 
+bool SystemName::falselyAsDirectory() const {
+    struct stat state;
+    return asDirectory_ && ::fstatat(AT_FDCWD, text_, &state, 0) == 0 && !S_ISDIR(state.st_mode);
+}
+
 bool SystemName::add(std::string_view component) {
     if (length_ + component.size() + 2 > sizeof text_) return false;
     if (length_ != 0 && text_[length_ - 1] != '/') text_[length_++] = '/';

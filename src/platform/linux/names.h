@@ -55,6 +55,9 @@ class SystemName {
     // A separator was behind the last component.
     bool asDirectory() const { return asDirectory_; }
 
+    // The same where something else than a directory is: on Windows nothing has such a name.
+    bool falselyAsDirectory() const;
+
     // Puts the current directory in front. False, with the reason, if that cannot be told.
     bool makeAbsolute();
 
@@ -88,9 +91,14 @@ inline bool isMissing(int error) { return error == ENOENT || error == ENOTDIR; }
 // finds. Below 0, with errno set, is failure.
 template <typename Call>
 auto callWith(SystemName& name, Call call) -> decltype(call(name.text())) {
-    auto result = uninterrupted([&] { return call(name.text()); });
+    auto attempt = [&]() -> decltype(call(name.text())) {
+        if (!name.falselyAsDirectory()) return uninterrupted([&] { return call(name.text()); });
+        errno = ENOTDIR;
+        return -1;
+    };
+    auto result = attempt();
     if (result >= 0 || !isMissing(errno) || name.lookFurther() != SystemName::Found::kThere) return result;
-    return uninterrupted([&] { return call(name.text()); });
+    return attempt();
 }
 
 // The system's absolute path in drive form. The length; 0, and nothing written, if it does not fit or cannot be given
