@@ -40,15 +40,17 @@ bool anyOfList(const char* list, Visit visit) {
     return false;
 }
 
-// Makes `place`, a directory with its separator, the path of the first entry in it that matches.
+// Makes `place`, a directory with its separator, the path of the first entry in it that matches. A name that ends in
+// `.` or `..` would match an entry that is elsewhere.
 bool findIn(WalkPath& place, std::string_view name) {
     std::size_t here = place.size();
-    if (!place.append(name)) return false;
+    std::size_t last = lastComponent(name);
+    if (isDots(name.substr(last)) || !place.append(name)) return false;
     DirectorySearch search(place.text());
     place.cut(here);
     for (; search.found(); search.next()) {
         if (isDots(search.entry().name)) continue;
-        if (place.append(name.substr(0, lastComponent(name))) && place.append(search.entry().name)) return true;
+        if (place.append(name.substr(0, last)) && place.append(search.entry().name)) return true;
         place.cut(here);
     }
     return false;

@@ -285,6 +285,8 @@ TEST_F(FileSearch, FindsFilesBelowListedDirectories) {
                         {"f.txt", nullptr, ""},
                         {"own.txt", "C:", "C:\\w\\own.txt"},
                         {"none", "C:\\", ""},
+                        {"..", "C:\\a;C:\\a\\z", ""},
+                        {"b\\.", "C:\\a", ""},
                         {"", "C:\\a", ""},
                         {nullptr, "C:\\a", ""},
                         {"f.txt", "Q:\\;?", ""}};
