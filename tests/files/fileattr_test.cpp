@@ -55,6 +55,13 @@ TEST_F(RealFileAttr, TimesComeBack) {
         EXPECT_EQ(std::tuple(a, b, c), std::tuple(row.year, row.month, row.day));
         EXPECT_EQ(lib().FGetDosTime(name, &a, &b, &c), 1);
         EXPECT_EQ(std::tuple(a, b, c), std::tuple(row.hour, row.minute, row.second));
+        std::int32_t handle = lib().FOpen(name, 0);
+        EXPECT_EQ(lib().FileJDate(handle), lib().IntToJulian(row.year, row.month, row.day));
+        EXPECT_EQ(lib().FileDosTime(handle, &a, &b, &c), 1);
+        EXPECT_EQ(std::tuple(a, b, c), std::tuple(row.hour, row.minute, row.second));
+        EXPECT_EQ(lib().FileAttr(handle), lib().FGetAttr(name));
+        EXPECT_EQ(lib().FClose(handle), 1);
+        EXPECT_EQ(lib().FileJDate(handle) + lib().FileAttr(handle), 0) << "closed";
     }
     auto written = std::filesystem::last_write_time(place.native("file"));
     EXPECT_EQ(lib().FSetDosDate(name, 2001, 2, 29), 0);

@@ -1,4 +1,4 @@
-// Attributes and time stamps of files: on a made-up disk, in a zone two hours east of Greenwich, and on the real disk.
+// Attributes and time stamps of files on a made-up disk, in a zone two hours east of Greenwich.
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -6,7 +6,6 @@
 
 #include "tests/seam/seam.h"
 #include "tests/support/text.h"
-#include "tests/support/workplace.h"
 
 namespace vx::test {
 namespace {
@@ -263,23 +262,6 @@ TEST_F(FileAttr, AttributesOfAllKinds) {
         EXPECT_EQ(lib().FChanged(missing), 1);
         EXPECT_EQ(lib().FSetAttr(missing, 1, 1) + lib().FProtect(missing) + lib().FUnHide(missing), 0);
     }
-}
-
-// The handles of this test are the system's, which the seam opens.
-TEST(FileAttrOnDisk, ByNameAndByHandle) {
-    Workplace place;
-    std::string name = place.put("stamped", "text");
-    if (!lib().FSetDate(name.c_str(), "3/1/2000")) {
-        GTEST_SKIP() << "the system sets no times of a file opened for reading";
-    }
-    ASSERT_EQ(lib().FSetTime(name.c_str(), "1:02:03"), 1);
-    std::int32_t handle = door()->platform->files->open(name.c_str(), platform::kRead);
-    EXPECT_EQ(triple(lib().FileDosDate, handle), std::pair(1, Triple(2000, 3, 1)));
-    EXPECT_EQ(triple(lib().FGetDosTime, name.c_str()), std::pair(1, Triple(1, 2, 3)));
-    EXPECT_EQ(lib().FileJDate(handle), lib().IntToJulian(2000, 3, 1));
-    EXPECT_EQ(lib().FileAttr(handle), lib().FGetAttr(name.c_str()));
-    EXPECT_TRUE(door()->platform->files->close(handle));
-    EXPECT_EQ(lib().FileAttr(handle), 0) << "closed";
 }
 
 }  // namespace
