@@ -78,11 +78,8 @@ std::size_t findDirectoryInList(const char* name, const char* list, char* to) {
     std::size_t size = 0;
     if (!view(name).empty()) {
         anyOfList(list, [&](WalkPath& place) {
-            platform::Tree& tree = *platform::current().tree;
-            if (!place.append(name)) return false;
-            std::uint32_t attributes = tree.attributes(place.text());
-            if (attributes == platform::kNoAttributes || !(attributes & platform::kDirectoryEntry)) return false;
-            size = tree.fullPath(place.text(), to, platform::kPathSize);
+            if (!place.append(name) || !directoryExists(place.text())) return false;
+            size = platform::current().tree->fullPath(place.text(), to, platform::kPathSize);
             if (size >= platform::kPathSize) size = 0;
             return size != 0;
         });

@@ -200,10 +200,7 @@ std::int32_t createNew(const char* name, std::uint32_t attributes) {
 
 // A file that has the name of a directory refuses to become one, with the system's reason.
 bool ensureDirectory(const char* path) {
-    platform::Tree& tree = *platform::current().tree;
-    std::uint32_t attributes = tree.attributes(path);
-    bool there = attributes != platform::kNoAttributes && (attributes & platform::kDirectoryEntry);
-    return there || tree.createDirectory(path);
+    return directoryExists(path) || platform::current().tree->createDirectory(path);
 }
 
 enum class Made { kNothing, kAll, kFailed };
@@ -228,6 +225,11 @@ Made makeDirectories(std::string_view item) {
 }
 
 }  // namespace
+
+bool directoryExists(const char* path) {
+    std::uint32_t attributes = platform::current().tree->attributes(path);
+    return attributes != platform::kNoAttributes && (attributes & platform::kDirectoryEntry);
+}
 
 bool makePath(const char* list) {
     std::string_view all = view(list);

@@ -60,6 +60,8 @@ bool endsInSeparator(std::string_view path);
 // where there is none, and * takes the rest and ends it. `to` needs room for the longer of the two. The length.
 std::size_t fillPattern(std::string_view pattern, std::string_view from, char* to);
 
+bool directoryExists(const char* path);
+
 // What separates the paths of a list.
 inline constexpr DelimiterSet kListDelimiters(";,");
 
