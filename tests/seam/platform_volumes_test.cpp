@@ -133,6 +133,9 @@ TEST_F(SystemVolumes, SystemDirectoriesAreThoseOfTheEnvironment) {
     EXPECT_EQ(volumes.systemDirectory(path, sizeof path), 17u);
     EXPECT_STREQ(path, "C:\\winnt\\System32");
     ::unsetenv("SystemRoot");
+    ::setenv("SYSTEMROOT", "C:\\other", 1);
+    EXPECT_EQ(volumes.windowsDirectory(path, sizeof path), 8u) << "in any letter case, as all variables";
+    ::unsetenv("SYSTEMROOT");
 }
 
 #endif

@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <climits>
-#include <cstdlib>
 #include <cstring>
 #include <limits>
 #include <string_view>
@@ -15,6 +14,7 @@
 #include "platform/linux/file_state.h"
 #include "platform/linux/last_error.h"
 #include "platform/linux/names.h"
+#include "platform/linux/process_data.h"
 #include "platform/platform.h"
 
 namespace vx::platform {
@@ -53,7 +53,7 @@ bool volumeOf(const char* root, struct statvfs& volume) {
 
 // A directory below the one that the environment names. The length; 0 if there is none, or too little room.
 std::uint32_t systemPath(std::string_view below, char* path, std::uint32_t room) {
-    const char* root = std::getenv("SystemRoot");
+    const char* root = findVariable("SystemRoot");
     if (!root || !*root) return 0;
     std::string_view start = root;
     while (start.size() > 1 && isSeparator(start.back())) start.remove_suffix(1);
