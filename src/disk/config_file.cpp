@@ -5,6 +5,8 @@
 #include <string_view>
 
 #include "disk/drives.h"
+#include "files/lines.h"
+#include "files/open_file.h"
 #include "files/path.h"
 #include "platform/platform.h"
 #include "strings/difference.h"
@@ -13,38 +15,6 @@
 
 namespace vx {
 namespace {
-
-constexpr std::size_t kLongestLine = 2048;
-
-class TextFile {
- public:
-    explicit TextFile(const char* name)
-        : files_(*platform::current().files), handle_(files_.open(name, platform::kRead | platform::kDenyNone)) {}
-    ~TextFile() {
-        if (handle_ != -1) files_.close(handle_);
-    }
-    TextFile(const TextFile&) = delete;
-    TextFile& operator=(const TextFile&) = delete;
-
-    // The next line, in pieces if it is too long; nothing at the end.
-    std::optional<std::string_view> nextLine() {
-        std::int32_t count = handle_ == -1 ? -1 : files_.read(handle_, bytes_, kLongestLine);
-        if (count < 1) return std::nullopt;
-        std::string_view read(bytes_, static_cast<std::size_t>(count));
-        std::size_t end = read.find('\n');
-        if (end == read.npos) return read;
-        std::int32_t ahead = count - static_cast<std::int32_t>(end + 1);
-        if (ahead > 0 && files_.seek(handle_, -ahead, platform::kFromCurrent) < 0) return std::nullopt;
-        std::string_view line = read.substr(0, end);
-        if (line.ends_with('\r')) line.remove_suffix(1);
-        return line;
-    }
-
- private:
-    platform::Files& files_;
-    std::int32_t handle_;
-    char bytes_[kLongestLine];
-};
 
 std::optional<std::int32_t> lastDriveOf(std::string_view line) {
     static constexpr char kWord[] = "LASTDRIV";
@@ -67,12 +37,16 @@ std::optional<std::int32_t> lastDriveOf(std::string_view line) {
 }  // namespace
 
 std::optional<std::int32_t> configuredLastDrive() {
+    // The system may have been started from a diskette that is out by now.
+    platform::SilentErrors silent(*platform::current().process);
     char shell[kPathRoom];
     std::uint32_t length = platform::current().process->variable("COMSPEC", shell, sizeof shell);
     char path[kJoinedSize];
     joinPath(splitPath(length > 0 && length < sizeof shell ? shell : "C:").drive, "\\", "CONFIG", ".SYS", path);
-    TextFile file(path);
-    while (std::optional<std::string_view> line = file.nextLine()) {
+    OpenFile file = OpenFile::open(path, platform::kRead | platform::kDenyNone);
+    if (!file) return std::nullopt;
+    char bytes[kLongestLine];
+    while (std::optional<std::string_view> line = readLine(file.handle(), bytes)) {
         if (std::optional<std::int32_t> drive = lastDriveOf(*line)) return drive;
     }
     return std::nullopt;

@@ -91,6 +91,7 @@ std::int32_t countFloppies() {
 
 std::int32_t countPhysicalDrives() {
     constexpr std::int32_t kMost = 8;
+    platform::SilentErrors silent(*platform::current().process);
     for (std::int32_t number = 0; number < kMost; ++number) {
         if (!hardware().canOpenPhysicalDrive(static_cast<std::uint32_t>(number)) &&
             platform::current().process->lastError() != platform::kAccessDenied) {

@@ -23,7 +23,7 @@ std::int32_t seekTo(std::int32_t handle, std::int32_t position) {
 }
 
 struct Line {
-    std::string_view text;   // without its end
+    std::string_view text;   // without its end; null when nothing could be read
     std::int32_t ahead = 0;  // bytes read behind it
 };
 
@@ -232,10 +232,10 @@ std::int32_t lineFromBottom(std::int32_t handle, std::int32_t n) {
 
 }  // namespace
 
-std::string_view readLine(std::int32_t handle, char (&bytes)[kLongestLine]) {
+std::optional<std::string_view> readLine(std::int32_t handle, char (&bytes)[kLongestLine]) {
     Line line = readAhead(handle, bytes);
     if (line.ahead > 0) files().seek(handle, -line.ahead, platform::kFromCurrent);
-    return line.text;
+    return line.text.data() ? std::optional(line.text) : std::nullopt;
 }
 
 }  // namespace vx
@@ -245,7 +245,7 @@ using namespace vx;
 ENTRY(char*, FReadLine)(int32_t handle, char* buffer) noexcept {
     char bytes[kLongestLine];
     if (buffer) *buffer = '\0';
-    std::string_view line = readLine(handle, bytes);
+    std::string_view line = readLine(handle, bytes).value_or(std::string_view());
     return buffer ? store(buffer, line) : nullptr;
 }
 

@@ -97,7 +97,7 @@ class MadeUpVolumes final : public platform::Volumes {
     }
     bool changeDirectory(const char* path) override {
         MadeUpDrive* drive = path[0] && path[1] == ':' ? at(path) : &drives[current];
-        if (!drive || std::strchr(path, '?')) return refuse(platform::kPathNotFound);
+        if (!drive || !*path || std::strchr(path, '?')) return refuse(platform::kPathNotFound);
         if (path[0] && path[1] == ':') {
             current = letterOf(path);
             path += 2;

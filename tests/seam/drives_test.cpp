@@ -271,6 +271,8 @@ TEST_F(Drives, HardDisksByDevice) {
             EXPECT_EQ(lib().NumFixed(), count) << opening.size();
         }
     }
+    EXPECT_EQ(fake.process.errorMode, 0u) << "put back";
+    EXPECT_EQ(fake.process.silences, static_cast<int>(2 * std::size(rows))) << "no box for a drive without a disk";
     setDrives("AB");
     EXPECT_EQ(lib().Numfloppy(), 3) << "kept: a mask";
 }
@@ -305,6 +307,8 @@ TEST_F(Drives, LastDriveOfConfigSys) {
         EXPECT_EQ(lib().LastDrive(), last) << text;
         EXPECT_EQ(fake.disk.openFiles(), 0u);
     }
+    EXPECT_EQ(fake.process.errorMode, 0u) << "put back";
+    EXPECT_EQ(fake.process.silences, static_cast<int>(std::size(rows))) << "no box when the shell is on a diskette";
     fake.disk.put("C:\\CONFIG.SYS", "REM " + std::string(5000, 'x') + "\nLASTDRIVE=T\n" + std::string(3000, '\n'));
     EXPECT_EQ(lib().LastDrive(), 19);
     fake.disk.put("C:\\CONFIG.SYS", std::string(2048, ' ') + "LASTDRIVE=T");
