@@ -1911,7 +1911,8 @@ VEXLOR32_API int32_t VEXLOR32_CALL delvolume(const char *drive);
 /* Whether a disk is there and can be written to: its label is changed and changed back.
  *   drive    0 for A to 25 for Z
  *   returns  0 if it can be written to; 1 if it is write-protected, 3 if it is not ready, 7 if it cannot be read, 8
- *            if it is not formatted, 13 for a general failure; -1 if there is no such drive */
+ *            if it is not formatted or for any other reason, 13 for a general failure; -1 if there is no such drive
+ * On Linux, whose disks keep the labels that they have, it is 8 for C, or 1 where the file system is read-only. */
 VEXLOR32_API int32_t VEXLOR32_CALL DiskStatus(int32_t drive);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _diskstatus(int32_t drive);
@@ -2933,7 +2934,8 @@ VEXLOR32_API int32_t VEXLOR32_CALL _setfillchar(int32_t c);
 /* Puts a text on the clipboard.
  *   text     the text to copy; NULL counts as empty
  *   returns  1 if the text is on the clipboard, 0 if not
- * When no window has the focus, or the clipboard is in use, a notice says so and the result is 0. */
+ * When no window has the focus, or the clipboard is in use, a notice says so and the result is 0. Linux needs
+ * wl-copy, xclip or xsel for it; without one of these the result is 0. */
 VEXLOR32_API int32_t VEXLOR32_CALL StrPaste(const char *text);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL strpaste(const char *text);
@@ -5229,7 +5231,8 @@ VEXLOR32_API int32_t VEXLOR32_CALL sysinfo1(int32_t selector);
 /* Sounds the speaker for a while.
  *   frequency  Hz, at least 37 and at most 32767
  *   ticks      of 55 ms
- *   returns    what turning the sound off gave */
+ *   returns    what turning the sound off gave
+ * On Linux nothing sounds; the call takes as long all the same, and gives 0. */
 VEXLOR32_API int32_t VEXLOR32_CALL Tone(int32_t frequency, uint32_t ticks);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _tone(int32_t frequency, uint32_t ticks);
@@ -5238,7 +5241,8 @@ VEXLOR32_API int32_t VEXLOR32_CALL tone(int32_t frequency, uint32_t ticks);
 
 /* Turns the speaker on; it sounds until Silence.
  *   frequency  Hz, at least 37 and at most 32767
- *   returns    nothing */
+ *   returns    nothing
+ * On Linux nothing sounds. */
 VEXLOR32_API void VEXLOR32_CALL Noise(int32_t frequency);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API void VEXLOR32_CALL _noise(int32_t frequency);

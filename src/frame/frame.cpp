@@ -29,9 +29,9 @@ bool paste(std::string_view text) {
     if (!copy) return false;  // kept: the clipboard stays open when there is no memory for the text
     store(copy, text);
     desktop.emptyClipboard();
-    desktop.setClipboardText(copy);
+    bool taken = desktop.setClipboardText(copy);
     desktop.closeClipboard();
-    return true;
+    return taken;
 }
 
 }  // namespace

@@ -21,10 +21,10 @@ class Desktop {
     virtual bool openClipboard(Window owner) = 0;
 
     // Memory for a clipboard text, ready to be written; null if there is none. It belongs to the caller until
-    // setClipboardText takes it over.
+    // setClipboardText takes it over, which is false if no program on the system keeps texts for others (Linux).
     virtual char* allocateClipboardText(std::size_t size) = 0;
     virtual void emptyClipboard() = 0;
-    virtual void setClipboardText(char* text) = 0;
+    virtual bool setClipboardText(char* text) = 0;
     virtual void closeClipboard() = 0;
 
     // Ends the user's session; the system's result, 0 on failure.

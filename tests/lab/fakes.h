@@ -70,6 +70,7 @@ class RecordedDesktop final : public platform::Desktop {
     platform::Window focus = 7;
     std::int32_t boxResult = 1;
     bool clipboardOpens = true;
+    bool clipboardKeeps = true;
     bool memoryLeft = true;
     std::int32_t logOffResult = 1;
 
@@ -93,9 +94,10 @@ class RecordedDesktop final : public platform::Desktop {
         return memoryLeft ? memory_.data() : nullptr;
     }
     void emptyClipboard() override { steps += 'e'; }
-    void setClipboardText(char*) override {
+    bool setClipboardText(char*) override {
         steps += 's';
-        pasted = {memory_};
+        if (clipboardKeeps) pasted = {memory_};
+        return clipboardKeeps;
     }
     void closeClipboard() override { steps += 'c'; }
     std::int32_t logOff() override {

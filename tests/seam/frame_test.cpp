@@ -127,6 +127,10 @@ TEST_F(Frame, PasteFailures) {
     fake.desktop.memoryLeft = false;
     EXPECT_EQ(lib().StrPaste("x"), 0);
     EXPECT_EQ(fake.desktop.steps, "oa") << "kept: the clipboard stays open";
+    fake.desktop = {};
+    fake.desktop.clipboardKeeps = false;
+    EXPECT_EQ(lib().StrPaste("x"), 0);
+    EXPECT_EQ(fake.desktop.steps, "oaesc") << "closed all the same";
     EXPECT_TRUE(fake.desktop.boxes.empty());
 
     fake.desktop.clipboardOpens = false;

@@ -1,9 +1,11 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
 #include <string>
 
 #include "platform/linux/helper_program.h"
@@ -66,13 +68,13 @@ class LinuxDesktop final : public Desktop {
     // A new text replaces the old one in one step.
     void emptyClipboard() override {}
 
-    void setClipboardText(char* text) override {
+    bool setClipboardText(char* text) override {
         const std::vector<const char*> tools[] = {
             {"wl-copy"}, {"xclip", "-selection", "clipboard"}, {"xsel", "--clipboard", "--input"}};
-        for (const auto& tool : tools) {
-            if (runHelper(tool, text) == 0) break;
-        }
+        bool taken = std::any_of(std::begin(tools), std::end(tools),
+                                 [text](const auto& tool) { return runHelper(tool, text) == 0; });
         std::free(text);
+        return taken;
     }
 
     void closeClipboard() override {}

