@@ -94,8 +94,8 @@ std::int32_t diskStatus(std::int32_t drive) {
 // --- Current drive and directory -----------------------------------------------------------------------------------
 
 char* putCurrentDirectory(const char* driveText, char* dest) {
-    *dest = '\0';
     std::int32_t number = driveNumber(driveText);
+    *dest = '\0';
     if (number == kNoDrive) return dest;
     platform::SilentErrors silent(process());
     if (!volumes().currentDirectory(number, dest, kPathRoomHere)) *dest = '\0';

@@ -147,6 +147,9 @@ TEST_F(DiskSpace, CurrentDirectories) {
     EXPECT_EQ(directory("a"), "A:\\");
     EXPECT_EQ(withoutDrive("C:"), "\\WORK\\NOW");
     EXPECT_EQ(withoutDrive("f"), "\\");
+    char inPlace[261] = "f:";
+    EXPECT_STREQ(lib().CurDir(inPlace, inPlace), "F:\\");
+    EXPECT_STREQ(lib().GetDir(inPlace, inPlace), "\\");
     for (const char* bad : {"1", "Q"}) {
         EXPECT_EQ(directory(bad), "");
         EXPECT_EQ(withoutDrive(bad), "");
