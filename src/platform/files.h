@@ -25,7 +25,7 @@ enum OpenMode : std::uint32_t {
 
 enum Origin : std::int32_t { kFromStart = 0, kFromCurrent = 1, kFromEnd = 2 };
 
-// Positions go up to here; a call that would leave the position beyond it is refused.
+// Positions that can be told go up to here: seek refuses what is beyond, and on Linux reading and writing end here.
 inline constexpr std::int64_t kLastPosition = 0x7FFFFFFF;
 
 enum Attribute : std::uint32_t {

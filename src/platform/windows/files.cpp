@@ -30,6 +30,9 @@ OVERLAPPED placeAt(std::int64_t position) {
     return place;
 }
 
+// Windows 95 refuses to read and write anywhere but where the handle stands.
+bool hasPlaces() { return (GetVersion() & 0x80000000) == 0; }
+
 class WindowsFiles final : public Files {
  public:
     std::int32_t open(const char* name, std::uint32_t mode) override {
@@ -40,7 +43,11 @@ class WindowsFiles final : public Files {
         return static_cast<std::int32_t>(_lcreat(name, static_cast<int>(attributes)));
     }
 
-    bool close(std::int32_t handle) override { return CloseHandle(handleOf(handle)); }
+    bool close(std::int32_t handle) override {
+        if (handle != -1) return CloseHandle(handleOf(handle));
+        SetLastError(kInvalidHandle);  // Windows NT closes the running process's handle, and that is no failure
+        return false;
+    }
 
     std::int32_t read(std::int32_t handle, void* to, std::uint32_t count) override {
         DWORD done = 0;
@@ -63,6 +70,7 @@ class WindowsFiles final : public Files {
     }
 
     std::int32_t readAt(std::int32_t handle, std::int64_t position, void* to, std::uint32_t count) override {
+        if (!hasPlaces()) return move(handle, position, kFromStart) < 0 ? -1 : read(handle, to, count);
         OVERLAPPED place = placeAt(position);
         DWORD before = GetLastError();
         DWORD done = 0;
@@ -73,6 +81,7 @@ class WindowsFiles final : public Files {
     }
 
     std::int32_t writeAt(std::int32_t handle, std::int64_t position, const void* from, std::uint32_t count) override {
+        if (!hasPlaces()) return move(handle, position, kFromStart) < 0 ? -1 : write(handle, from, count);
         OVERLAPPED place = placeAt(position);
         DWORD done = 0;
         return WriteFile(handleOf(handle), from, count, &done, &place) ? static_cast<std::int32_t>(done) : -1;
@@ -80,10 +89,7 @@ class WindowsFiles final : public Files {
 
     std::int64_t size(std::int32_t handle) override {
         DWORD high = 0;
-        SetLastError(kNoError);
-        DWORD low = GetFileSize(handleOf(handle), &high);
-        if (low == INVALID_FILE_SIZE && GetLastError() != kNoError) return -1;
-        return static_cast<std::int64_t>(high) << 32 | low;
+        return unlessFailed(high, [&] { return GetFileSize(handleOf(handle), &high); });
     }
 
     bool truncate(std::int32_t handle) override { return SetEndOfFile(handleOf(handle)); }
@@ -118,9 +124,20 @@ class WindowsFiles final : public Files {
  private:
     static std::int64_t move(std::int32_t handle, std::int64_t distance, std::int32_t origin) {
         LONG high = static_cast<LONG>(distance >> 32);
+        return unlessFailed(high, [&] {
+            return SetFilePointer(handleOf(handle), static_cast<LONG>(distance), &high, static_cast<DWORD>(origin));
+        });
+    }
+
+    // What a call gives in two halves. The low one that tells a failure is also one of a number: then the last error
+    // decides, and stays what it was when there was none.
+    template <typename High, typename Call>
+    static std::int64_t unlessFailed(const High& high, Call call) {
+        DWORD before = GetLastError();
         SetLastError(kNoError);
-        DWORD low = SetFilePointer(handleOf(handle), static_cast<LONG>(distance), &high, static_cast<DWORD>(origin));
-        if (low == INVALID_SET_FILE_POINTER && GetLastError() != kNoError) return -1;
+        DWORD low = call();
+        if (low == INVALID_FILE_SIZE && GetLastError() != kNoError) return -1;
+        SetLastError(before);
         return static_cast<std::int64_t>(high) << 32 | low;
     }
 };
