@@ -3168,7 +3168,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL _fclose(int32_t handle);
 /* Reads bytes.
  *   handle   file handle
  *   buffer   memory block of the caller; room: count
- *   count    from 2147483648 on, nothing is read
+ *   count    unsigned number
  *   returns  the number of bytes read, 0 at the end of the file, -1 on failure */
 VEXLOR32_API int32_t VEXLOR32_CALL FRead(int32_t handle, void *buffer, uint32_t count);
 #ifdef VEXLOR32_ALL_NAMES

@@ -16,8 +16,6 @@ namespace {
 using platform::FileTime;
 using platform::Moment;
 
-constexpr std::uint32_t kReading = platform::kRead | platform::kDenyNone;
-
 // These bits are the library's as well as the platform's.
 constexpr std::uint32_t kSettable = platform::kReadOnly | platform::kHidden | platform::kSystem | platform::kArchive;
 

@@ -6,7 +6,6 @@
 #include <limits>
 
 #include "entries/handles.h"
-#include "frame/library.h"
 #include "frame/text.h"
 #include "platform/errors.h"
 
@@ -45,15 +44,15 @@ bool seesNone(const char* name) {
     return false;
 }
 
-std::int32_t refuse(std::uint32_t code) {
-    platform::current().process->setLastError(code);
-    return -1;
-}
-
-// A count that does not fit its result reads nothing.
+// A count beyond all positions is for what is left of the file.
 std::int32_t readBytes(std::int32_t handle, void* to, std::uint32_t count) {
-    if (!to) return refuse(platform::kInvalidParameter);
-    return count <= kMostAtOnce ? files().read(handle, to, count) : 0;
+    if (!to) return refuse(-1, platform::kInvalidParameter);
+    if (count > kMostAtOnce) {
+        std::int32_t length = lengthOf(handle);
+        if (length < 0) return -1;
+        count = static_cast<std::uint32_t>(std::max(length - positionOf(handle), 0));
+    }
+    return files().read(handle, to, count);
 }
 
 std::int32_t readBytes(std::int32_t handle, void* to, std::int32_t count) {
@@ -62,7 +61,7 @@ std::int32_t readBytes(std::int32_t handle, void* to, std::int32_t count) {
 
 std::int32_t writeBytes(std::int32_t handle, const void* from, std::int32_t count) {
     if (count < 1) return 0;
-    return from ? files().write(handle, from, static_cast<std::uint32_t>(count)) : refuse(platform::kInvalidParameter);
+    return from ? files().write(handle, from, static_cast<std::uint32_t>(count)) : refuse(-1, platform::kInvalidParameter);
 }
 
 template <class Number>
@@ -83,15 +82,15 @@ void record(std::int32_t handle) {
 }
 
 std::int32_t openRecorded(const char* name, std::uint32_t mode) {
-    return recorded(files().open(name ? name : emptyText, mode));
+    return recorded(files().open(textOf(name), mode));
 }
 
 std::int32_t createRecorded(const char* name, std::uint32_t attributes) {
-    return recorded(files().create(name ? name : emptyText, attributes));
+    return recorded(files().create(textOf(name), attributes));
 }
 
 std::int32_t createNewRecorded(const char* name, std::uint32_t attributes) {
-    return seesNone(name ? name : emptyText) ? createRecorded(name, attributes) : -1;
+    return seesNone(textOf(name)) ? createRecorded(name, attributes) : -1;
 }
 
 bool closeRecorded(std::int32_t handle) {
@@ -102,7 +101,7 @@ bool closeRecorded(std::int32_t handle) {
 
 std::int32_t lengthOf(std::int32_t handle) {
     std::int64_t size = files().size(handle);
-    return size <= platform::kLastPosition ? static_cast<std::int32_t>(size) : refuse(platform::kInvalidParameter);
+    return size <= platform::kLastPosition ? static_cast<std::int32_t>(size) : refuse(-1, platform::kInvalidParameter);
 }
 
 bool atEnd(std::int32_t handle) {
@@ -206,7 +205,7 @@ ENTRY(char*, FReadStr)(int32_t handle, char* buffer, int32_t count) noexcept {
 }
 
 ENTRY(int32_t, FReads)(int32_t handle, void* buffer, int32_t count, int32_t delimiter) noexcept {
-    if (!buffer) return refuse(platform::kInvalidParameter);
+    if (!buffer) return refuse(-1, platform::kInvalidParameter);
     char* text = static_cast<char*>(buffer);
     *text = '\0';
     std::int32_t size = readBytes(handle, text, count);

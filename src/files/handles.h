@@ -6,11 +6,21 @@
 #include <optional>
 #include <string_view>
 
+#include "frame/library.h"
 #include "platform/platform.h"
 
 namespace vx {
 
 inline platform::Files& files() { return *platform::current().files; }
+
+inline const char* textOf(const char* name) { return name ? name : emptyText; }
+
+// Gives a result back with the reason for it.
+template <typename Result>
+Result refuse(Result result, std::uint32_t code) {
+    platform::current().process->setLastError(code);
+    return result;
+}
 
 // Opens and closes files for callers: what they leave open is closed when the library goes. When all slots are taken,
 // the file is open and not recorded. NULL is an empty name.

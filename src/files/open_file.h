@@ -4,8 +4,7 @@
 #include <cstdint>
 #include <utility>
 
-#include "frame/library.h"
-#include "platform/platform.h"
+#include "files/handles.h"
 
 namespace vx {
 
@@ -21,13 +20,15 @@ class KeptError {
     std::uint32_t code_;
 };
 
+inline constexpr std::uint32_t kReading = platform::kRead | platform::kDenyNone;
+
 class OpenFile {
  public:
     explicit OpenFile(std::int32_t handle) : handle_(handle) {}
 
     // A name that is NULL is an empty one, which no file has.
-    static OpenFile open(const char* name, std::uint32_t mode) { return OpenFile(files().open(text(name), mode)); }
-    static OpenFile create(const char* name) { return OpenFile(files().create(text(name), 0)); }
+    static OpenFile open(const char* name, std::uint32_t mode) { return OpenFile(files().open(textOf(name), mode)); }
+    static OpenFile create(const char* name) { return OpenFile(files().create(textOf(name), 0)); }
 
     OpenFile(OpenFile&& other) noexcept : handle_(std::exchange(other.handle_, kNoHandle)) {}
     OpenFile& operator=(OpenFile&&) = delete;
@@ -47,9 +48,6 @@ class OpenFile {
     }
 
  private:
-    static platform::Files& files() { return *platform::current().files; }
-    static const char* text(const char* name) { return name ? name : emptyText; }
-
     std::int32_t handle_;
 };
 

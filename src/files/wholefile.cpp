@@ -1,15 +1,12 @@
-// Whole files: copied, moved, compared, encrypted, wiped, tested, renamed, erased, measured.
+// Whole files: moved, compared, wiped, tested, renamed, erased, measured.
 #include "entries/wholefile.h"
 
 #include <algorithm>
 #include <bit>
 #include <cstring>
-#include <limits>
 #include <memory>
-#include <new>
-#include <optional>
 
-#include "checks/cipher.h"
+#include "files/copy.h"
 #include "files/open_file.h"
 #include "files/path.h"
 #include "frame/text.h"
@@ -19,120 +16,8 @@
 namespace vx {
 namespace {
 
-constexpr std::uint32_t kReading = platform::kRead | platform::kDenyNone;
-constexpr std::uint32_t kChanging = platform::kReadWrite | platform::kDenyNone;
-constexpr std::int32_t kMostBytes = std::numeric_limits<std::int32_t>::max();
-static_assert(kMostBytes == platform::kLastPosition);
-
-platform::Files& files() { return *platform::current().files; }
 platform::Tree& tree() { return *platform::current().tree; }
 platform::Process& process() { return *platform::current().process; }
-
-const char* textOf(const char* name) { return name ? name : emptyText; }
-
-// As StrEmpty tells: NULL is no blank text.
-bool isBlank(const char* text) { return text && text[std::strspn(text, " \t")] == '\0'; }
-
-template <typename Result>
-Result refuse(Result result, std::uint32_t code) {
-    process().setLastError(code);
-    return result;
-}
-
-// Room for what is read and written at once: a little where there is no memory for more.
-class TransferBuffer {
- public:
-    explicit TransferBuffer(std::uint32_t wanted) : large_(new (std::nothrow) char[wanted]) {
-        if (large_) size_ = wanted;
-    }
-    char* data() { return large_ ? large_.get() : small_; }
-    std::uint32_t size() const { return size_; }
-
- private:
-    std::unique_ptr<char[]> large_;
-    char small_[1024];
-    std::uint32_t size_ = sizeof small_;
-};
-
-// --- Copies ---
-
-constexpr std::uint32_t kCopyBlock = 512 << 10;
-
-// Copies what is left of a file, `most` bytes at most. Nothing if reading failed or writing fell short.
-std::optional<std::int32_t> copyBytes(std::int32_t from, std::int32_t to, std::int32_t most) {
-    TransferBuffer buffer(std::min(kCopyBlock, static_cast<std::uint32_t>(most)));
-    std::int32_t done = 0;
-    while (done < most) {
-        std::uint32_t wanted = std::min(buffer.size(), static_cast<std::uint32_t>(most - done));
-        std::int32_t got = files().read(from, buffer.data(), wanted);
-        if (got < 0) return std::nullopt;
-        if (got == 0) break;
-        if (files().write(to, buffer.data(), static_cast<std::uint32_t>(got)) != got) return std::nullopt;
-        done += got;
-    }
-    return done;
-}
-
-// An open file to be read as a whole. Those with positions that cannot be told are refused.
-bool inspect(const OpenFile& file, platform::FileInformation& information) {
-    if (!files().information(file.handle(), information)) return false;
-    return information.size <= std::uint64_t{kMostBytes} || refuse(false, platform::kFileTooLarge);
-}
-
-enum class Target { kOther, kSource, kUnknown };
-
-Target relationOfPaths(const char* a, const char* b) {
-    char paths[2][platform::kPathSize];
-    for (int i : {0, 1}) {
-        std::uint32_t size = tree().fullPath(textOf(i == 0 ? a : b), paths[i], platform::kPathSize);
-        if (size == 0) return Target::kUnknown;
-        if (size >= platform::kPathSize) return refuse(Target::kUnknown, platform::kFilenameTooLong);
-    }
-    bool same = std::equal(paths[0], paths[0] + std::strlen(paths[0]) + 1, paths[1],
-                           [](char x, char y) { return upper(x) == upper(y); });
-    return same ? Target::kSource : Target::kOther;
-}
-
-// Whether a target that would be emptied is the source by another name or another spelling. Unknown, with the reason,
-// where that cannot be told: a target that is there and does not open could not be written either.
-Target relationOf(const platform::FileInformation& source, const char* sourceName, const char* targetName) {
-    OpenFile target = OpenFile::open(targetName, kReading);
-    if (!target) {
-        std::uint32_t reason = process().lastError();
-        bool isNew = reason == platform::kFileNotFound || reason == platform::kPathNotFound;
-        return isNew ? Target::kOther : Target::kUnknown;
-    }
-    platform::FileInformation found;
-    bool known = files().information(target.handle(), found) && found.identity.index != 0 && source.identity.index != 0;
-    if (!known) return relationOfPaths(sourceName, targetName);
-    return found.identity == source.identity ? Target::kSource : Target::kOther;
-}
-
-// Closes and removes what could not be made whole. The error code stays the cause's.
-void discard(OpenFile& file, const char* name) {
-    KeptError cause;
-    file.close();
-    tree().erase(name);
-}
-
-std::int32_t copyFile(const char* sourceName, const char* targetName) {
-    OpenFile source = OpenFile::open(sourceName, kReading);
-    platform::FileInformation information;
-    if (!source || !inspect(source, information)) return -1;
-    Target relation = relationOf(information, sourceName, targetName);
-    if (relation == Target::kSource) return refuse(-1, platform::kSharingViolation);
-    if (relation == Target::kUnknown) return -1;
-    OpenFile target = OpenFile::create(targetName);
-    if (!target) return -1;
-    std::optional<std::int32_t> copied = copyBytes(source.handle(), target.handle(), kMostBytes);
-    {
-        KeptError cause;
-        files().setTimes(target.handle(), information.times);
-    }
-    if (copied && target.close()) return *copied;
-    discard(target, targetName);
-    return -1;
-}
 
 // --- Moves ---
 
@@ -279,56 +164,6 @@ bool wipe(const char* name) {
     return tree().erase(name);
 }
 
-// --- Encrypting ---
-
-// The size of the blocks, each of which is encrypted by itself, belongs to the format of encrypted files.
-constexpr std::uint32_t kCipherBlock = 32768;
-
-// Reads all of a block, or what the file has left of it. -1 on failure.
-std::int32_t readBlock(std::int32_t handle, char* to, std::uint32_t size) {
-    std::uint32_t done = 0;
-    while (done < size) {
-        std::int32_t got = files().read(handle, to + done, size - done);
-        if (got < 0) return -1;
-        if (got == 0) break;
-        done += static_cast<std::uint32_t>(got);
-    }
-    return static_cast<std::int32_t>(done);
-}
-
-bool encryptBytes(std::int32_t from, std::int32_t to, TransferBuffer& buffer) {
-    for (std::int32_t left = kMostBytes; left > 0;) {
-        std::int32_t got = readBlock(from, buffer.data(), std::min(buffer.size(), static_cast<std::uint32_t>(left)));
-        if (got <= 0) return got == 0;
-        applyBufferCipher(buffer.data(), static_cast<std::size_t>(got));
-        if (files().write(to, buffer.data(), static_cast<std::uint32_t>(got)) != got) return false;
-        left -= got;
-    }
-    return true;
-}
-
-bool encrypt(const char* sourceName, const char* targetName) {
-    TransferBuffer buffer(kCipherBlock);
-    process().setLastError(platform::kNoError);
-    OpenFile source = OpenFile::open(sourceName, kReading);
-    platform::FileInformation information;
-    if (!source || !inspect(source, information)) return false;
-    bool inPlace = isBlank(targetName);
-    if (!inPlace) {
-        Target relation = relationOf(information, sourceName, targetName);
-        if (relation == Target::kUnknown) return false;
-        inPlace = relation == Target::kSource;
-    }
-    OpenFile target = inPlace ? OpenFile::open(sourceName, kChanging) : OpenFile::create(targetName);
-    if (!target) return false;
-    if (encryptBytes(source.handle(), target.handle(), buffer) && target.close()) {
-        source.close();
-        return refuse(true, platform::kNoError);
-    }
-    if (!inPlace) discard(target, targetName);
-    return false;
-}
-
 // --- Texts and names ---
 
 std::int32_t replicate(std::int32_t handle, std::string_view text, std::int32_t count) {
@@ -386,10 +221,6 @@ std::int32_t zeroOr(bool done) { return done ? 0 : -1; }
 
 using namespace vx;
 
-ENTRY(int32_t, FCcopy)(const char* source, const char* target) noexcept { return copyFile(source, target); }
-ENTRY(int32_t, FCopyByte)(int32_t source, int32_t target, int32_t count) noexcept {
-    return copyBytes(source, target, std::max(count, 0)).value_or(-1);
-}
 ENTRY(int32_t, FMove)(const char* source, const char* directory, int32_t erase) noexcept {
     return moveFile(source, directory, erase == 1);  // kept: any other flag keeps the source
 }
@@ -404,8 +235,6 @@ ENTRY(int32_t, FileSize)(const char* name) noexcept { return fileSize(name); }
 ENTRY(int32_t, FReplicate)(int32_t handle, const char* text, int32_t count) noexcept {
     return replicate(handle, view(text), count);
 }
-ENTRY(int32_t, FEncrypt)(const char* source, const char* target) noexcept { return encrypt(source, target); }
-ENTRY(int32_t, FDecrypt)(const char* source, const char* target) noexcept { return encrypt(source, target); }
 
 // Made aside: the name may be its own destination.
 ENTRY(char*, FMerge)(const char* pattern, const char* name, char* dest) noexcept {

@@ -16,6 +16,7 @@ namespace vx::test {
 namespace {
 
 constexpr std::int32_t kMost = INT_MAX;
+constexpr std::uint32_t kReason = 1117;
 
 // What an open file does, on a text and a number.
 struct ModelFile {
@@ -89,7 +90,8 @@ class RandomWalk {
         };
         const std::function<void()> steps[] = {
             [&] {
-                EXPECT_EQ(got(exact, f.FRead(handle_, exact, static_cast<std::uint32_t>(count))), model.read(count));
+                EXPECT_EQ(got(exact, f.FRead(handle_, exact, static_cast<std::uint32_t>(std::max(count, 0)))),
+                          model.read(count));
             },
             [&] { EXPECT_EQ(got(exact, f.hread(handle_, exact, count)), model.read(count)); },
             [&] { EXPECT_STREQ(f.FReadStr(handle_, dest, count), model.read(count).c_str()); },
@@ -130,11 +132,13 @@ class RandomWalk {
 
  private:
     void compare() {
+        lib().SetFError(kReason);
         EXPECT_EQ(lib().FTell(handle_), model.at);
         EXPECT_EQ(lib().FLen(handle_), static_cast<std::int32_t>(model.data.size()));
         EXPECT_EQ(lib().FEof(handle_), model.at >= static_cast<std::int64_t>(model.data.size()));
         EXPECT_EQ(lib().FBof(handle_), model.at == 0);
         EXPECT_EQ(lib().FTell(handle_), model.at) << "the questions do not move it";
+        EXPECT_EQ(lib().FError(), kReason) << "nor hide an older reason";
     }
 
     std::int32_t handle_;
@@ -189,9 +193,16 @@ TEST(Handles, OpeningAndCreating) {
 TEST(Handles, NothingToWorkOn) {
     Workplace place;
     const std::int32_t handle = lib().FOpen(place.put("f", "12345").c_str(), 2);
+    for (std::uint32_t count : {0x80000000u, UINT32_MAX}) {
+        Dest rest(4);
+        lib().FSeek(handle, 1, 0);
+        EXPECT_EQ(lib().FRead(handle, rest, count), 4) << count;
+        EXPECT_EQ(std::string(rest.get(), 4), "2345");
+        EXPECT_EQ(lib().FRead(handle, rest, count), 0) << count;
+        EXPECT_EQ(lib().FRead(-1, rest, count), -1) << count;
+    }
+    lib().FSeek(handle, 0, 0);
     Dest dest(1);
-    EXPECT_EQ(lib().FRead(handle, dest, 0x80000000u), 0) << "negative to most callers";
-    EXPECT_EQ(lib().FRead(handle, dest, UINT32_MAX), 0);
     EXPECT_STREQ(lib().FReadStr(handle, dest, INT_MIN), "");
     EXPECT_EQ(lib().FReads(handle, dest, INT_MIN, 10), 0);
     EXPECT_EQ(lib().FWrite(handle, nullptr, INT_MIN), 0);
@@ -219,6 +230,8 @@ TEST(Handles, NothingToWorkOn) {
         EXPECT_EQ(lib().FLen(none), -1);
         EXPECT_EQ(lib().ValidHandle(none), 0);
         EXPECT_EQ(lib().FCommit(none), 0);
+        EXPECT_EQ(lib().FClose(none), 0);
+        EXPECT_EQ(lib().FError(), 6u) << none;
     }
 }
 
@@ -230,6 +243,9 @@ TEST(Handles, NoPositionBeyondTheLast) {
     EXPECT_EQ(lib().FSeek(handle, kMost, 2), -1);
     EXPECT_EQ(lib().FTell(handle), kMost);
     EXPECT_EQ(lib().FEof(handle), 1);
+    Dest dest(1);
+    std::filesystem::resize_file(place.native("big"), kMost);
+    EXPECT_EQ(lib().FRead(handle, dest, 1), 0) << "the end, as anywhere else";
     std::filesystem::resize_file(place.native("big"), std::uintmax_t{kMost} + 2);
     EXPECT_EQ(lib().FLen(handle), -1);
     EXPECT_EQ(lib().FError(), 87u);

@@ -229,7 +229,7 @@ std::int32_t LinuxFiles::read(std::int32_t handle, void* to, std::uint32_t count
     OpenFile* file = opened(handle);
     if (!file) return -1;
     std::int64_t position = file->position.load(std::memory_order_relaxed);
-    if (position >= kLastPosition) return failed(-1, kInvalidParameter);
+    if (position >= kLastPosition && size(handle) > kLastPosition) return failed(-1, kInvalidParameter);
     std::int32_t done = readAt(handle, position, to, allowed(position, count));
     if (done > 0) file->position.store(position + done, std::memory_order_relaxed);
     return done;

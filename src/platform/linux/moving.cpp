@@ -64,9 +64,10 @@ bool copyContent(int from, int to) {
 bool copyState(int from, const struct stat& state, int to) {
     FileInformation information;
     if (!readState(from, information)) return false;
-    if (::fchown(to, state.st_uid, state.st_gid) != 0 && errno != EPERM && errno != EINVAL) return false;
+    bool owned = ::fchown(to, state.st_uid, state.st_gid) == 0;
+    if (!owned && errno != EPERM && errno != EINVAL) return false;
     writeAttributes(to, information.attributes & ~std::uint32_t{kReadOnly});
-    ::fchmod(to, state.st_mode & 07777);
+    ::fchmod(to, state.st_mode & (owned ? 07777 : 01777));  // no program runs as an owner that it did not have
     timespec times[] = {state.st_atim, state.st_mtim};
     return ::futimens(to, times) == 0;
 }
