@@ -248,6 +248,10 @@ bool makePath(const char* list) {
     return result;
 }
 
+bool makeDirectory(std::string_view path) {
+    return path.size() <= kLongestPath && makeDirectories(path) != Made::kFailed;
+}
+
 namespace {
 
 // Joined aside: the destination may be the text that the pieces lie in.

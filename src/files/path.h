@@ -69,4 +69,7 @@ inline constexpr DelimiterSet kListDelimiters(";,");
 // the first that cannot be made.
 bool makePath(const char* list);
 
+// Makes one directory, with those on the way.
+bool makeDirectory(std::string_view path);
+
 }  // namespace vx

@@ -54,22 +54,27 @@ bool hasRoom(const PathView& path, std::int32_t size) {
 }
 
 bool isDirectory(const char* path) {
-    platform::SilentErrors silent(process());
     std::uint32_t attributes = tree().attributes(path);
     return attributes != platform::kNoAttributes && (attributes & platform::kDirectoryEntry);
 }
 
-// A directory that is there needs no making, and may have the commas in its name that separate the paths of a list.
+// Of one that is there, those on the way are not looked at. Commas in its name separate nothing: it is one directory.
 bool ensureDirectoryOf(const PathView& path) {
     char text[kDriveSize + kPieceSize];
-    joinPath({path.drive, path.directory, {}, {}}, text);
-    return path.directory.empty() || isDirectory(text) || makePath(text);
+    std::size_t size = joinPath({path.drive, path.directory, {}, {}}, text);
+    platform::SilentErrors silent(process());
+    return isDirectory(text) || makeDirectory({text, size});
+}
+
+// A piece of the greatest size may have been cut.
+bool isWhole(const PathView& path) {
+    return path.directory.size() < kPieceSize - 1 || refuse(false, platform::kFilenameTooLong);
 }
 
 std::int32_t moveFile(const char* source, const char* directory, bool erases) {
     char target[kJoinedSize];
     PathView path = viewPath({target, appendName(source, directory, target)});
-    if (!hasRoom(path, fileSize(source)) || !ensureDirectoryOf(path)) return -1;
+    if (!isWhole(path) || !hasRoom(path, fileSize(source)) || !ensureDirectoryOf(path)) return -1;
     if (copyFile(source, target) < 0) return -1;
     std::int32_t size = fileSize(target);
     if (size < 0 || fileSize(source) != size) return -1;

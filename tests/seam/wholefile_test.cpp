@@ -219,14 +219,14 @@ TEST_F(WholeFile, Moves) {
         std::uint32_t error;
     };
     fake.volumes.drives['F'].error = platform::kNotReady;
+    const std::string tooLong = "C:\\" + std::string(300, 'x');
     for (const auto& [free, directory, result, code] :
          {Row{1000, "C:\\A", 0, 0}, Row{999, "C:\\B", -1, platform::kDiskFull}, Row{999, "B", -1, platform::kDiskFull},
           Row{std::uint64_t{5} << 32, "C:\\D", 0, 0}, Row{1000, "F:\\E", -1, platform::kNotReady},
           Row{1000, "", -1, platform::kSharingViolation}, Row{1000, "C:", -1, platform::kSharingViolation},
           Row{1000, "C:\\DATA\\SOURCE", -1, platform::kAlreadyExists}, Row{1000, "C:\\Smith, John", 0, 0},
-          Row{1000, nullptr, -1, platform::kSharingViolation}}) {
+          Row{1000, tooLong.c_str(), -1, platform::kFilenameTooLong}, Row{1000, nullptr, -1, platform::kSharingViolation}}) {
         disk.directory = "C:\\DATA";
-        disk.putDirectory("C:\\Smith, John");
         fake.volumes.bytesFree = free;
         EXPECT_EQ(lib().FMove(kSource, directory, 0), result) << directory;
         EXPECT_EQ(result == 0 ? 0 : error, code) << directory;
