@@ -54,6 +54,9 @@ void expectAllModes(const std::string& file, std::int32_t first) {
             lib().FClose(handle);
         }
     }
+    std::int32_t created = lib().FCreate(file.c_str(), 0);
+    EXPECT_EQ(created != -1, bothMay(first, 2)) << first;
+    lib().FClose(created);
 }
 
 template <typename Check>
