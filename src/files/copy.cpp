@@ -120,7 +120,8 @@ bool encrypt(const char* sourceName, const char* targetName) {
         if (relation == Target::kUnknown) return false;
         inPlace = relation == Target::kSource;
     }
-    OpenFile target = inPlace ? OpenFile::open(sourceName, platform::kReadWrite | platform::kDenyNone) : OpenFile::create(targetName);
+    OpenFile target =
+        inPlace ? OpenFile::open(sourceName, platform::kReadWrite | platform::kDenyNone) : OpenFile::create(targetName);
     if (!target) return false;
     if (encryptBytes(source.handle(), target.handle(), buffer) && target.close()) {
         source.close();

@@ -61,7 +61,8 @@ std::int32_t readBytes(std::int32_t handle, void* to, std::int32_t count) {
 
 std::int32_t writeBytes(std::int32_t handle, const void* from, std::int32_t count) {
     if (count < 1) return 0;
-    return from ? files().write(handle, from, static_cast<std::uint32_t>(count)) : refuse(-1, platform::kInvalidParameter);
+    return from ? files().write(handle, from, static_cast<std::uint32_t>(count))
+                : refuse(-1, platform::kInvalidParameter);
 }
 
 template <class Number>
@@ -81,9 +82,7 @@ void record(std::int32_t handle) {
     if (std::int32_t* slot = slotWith(kNoHandle)) *slot = handle;
 }
 
-std::int32_t openRecorded(const char* name, std::uint32_t mode) {
-    return recorded(files().open(textOf(name), mode));
-}
+std::int32_t openRecorded(const char* name, std::uint32_t mode) { return recorded(files().open(textOf(name), mode)); }
 
 std::int32_t createRecorded(const char* name, std::uint32_t attributes) {
     return recorded(files().create(textOf(name), attributes));

@@ -225,7 +225,8 @@ TEST_F(WholeFile, Moves) {
           Row{std::uint64_t{5} << 32, "C:\\D", 0, 0}, Row{1000, "F:\\E", -1, platform::kNotReady},
           Row{1000, "", -1, platform::kSharingViolation}, Row{1000, "C:", -1, platform::kSharingViolation},
           Row{1000, "C:\\DATA\\SOURCE", -1, platform::kAlreadyExists}, Row{1000, "C:\\Smith, John", 0, 0},
-          Row{1000, tooLong.c_str(), -1, platform::kFilenameTooLong}, Row{1000, nullptr, -1, platform::kSharingViolation}}) {
+          Row{1000, tooLong.c_str(), -1, platform::kFilenameTooLong},
+          Row{1000, nullptr, -1, platform::kSharingViolation}}) {
         disk.directory = "C:\\DATA";
         fake.volumes.bytesFree = free;
         EXPECT_EQ(lib().FMove(kSource, directory, 0), result) << directory;
