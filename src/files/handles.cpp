@@ -48,9 +48,9 @@ bool seesNone(const char* name) {
 std::int32_t readBytes(std::int32_t handle, void* to, std::uint32_t count) {
     if (!to) return refuse(-1, platform::kInvalidParameter);
     if (count > kMostAtOnce) {
-        std::int32_t length = lengthOf(handle);
-        if (length < 0) return -1;
-        count = static_cast<std::uint32_t>(std::max(length - positionOf(handle), 0));
+        std::int32_t length = lengthOf(handle), position = length < 0 ? -1 : positionOf(handle);
+        if (position < 0) return -1;
+        count = static_cast<std::uint32_t>(std::max(length - position, 0));
     }
     return files().read(handle, to, count);
 }

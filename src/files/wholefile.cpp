@@ -53,17 +53,12 @@ bool hasRoom(const PathView& path, std::int32_t size) {
     return size <= 0 || static_cast<std::uint64_t>(size) <= bytes || refuse(false, platform::kDiskFull);
 }
 
-bool isDirectory(const char* path) {
-    std::uint32_t attributes = tree().attributes(path);
-    return attributes != platform::kNoAttributes && (attributes & platform::kDirectoryEntry);
-}
-
 // Of one that is there, those on the way are not looked at. Commas in its name separate nothing: it is one directory.
 bool ensureDirectoryOf(const PathView& path) {
     char text[kDriveSize + kPieceSize];
     std::size_t size = joinPath({path.drive, path.directory, {}, {}}, text);
     platform::SilentErrors silent(process());
-    return isDirectory(text) || makeDirectory({text, size});
+    return directoryExists(text) || makeDirectory({text, size});
 }
 
 // A piece of the greatest size may have been cut.
