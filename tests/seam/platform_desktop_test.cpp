@@ -42,7 +42,8 @@ class SystemDesktop : public testing::Test {
 
     void SetUp() override {
         install("tried", 0);
-        if (::access(place.native("tried").c_str(), X_OK) != 0) GTEST_SKIP() << "nothing can be run in " << place.path();
+        if (::access(place.native("tried").c_str(), X_OK) != 0)
+            GTEST_SKIP() << "nothing can be run in " << place.path();
     }
 
     // A program that keeps its name, its arguments and its input in a file and ends with a code.
