@@ -4,6 +4,8 @@
 #include <charconv>
 #include <cstring>
 
+#include "files/open_file.h"
+
 namespace vx::dbf {
 namespace {
 
@@ -76,10 +78,8 @@ bool overwrite(const File& file, std::int64_t position, std::string_view bytes) 
     auto size = static_cast<std::size_t>(std::min<std::int64_t>(static_cast<std::int64_t>(bytes.size()), behind));
     if (!file.readAll(position, before, size)) return false;
     if (file.write(position, bytes.data(), bytes.size())) return true;
-    platform::Process& process = *platform::current().process;
-    std::uint32_t cause = process.lastError();
+    KeptError cause;
     file.write(position, before, size);
-    process.setLastError(cause);
     return false;
 }
 

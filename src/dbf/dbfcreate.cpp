@@ -10,6 +10,7 @@
 #include "dbf/locks.h"
 #include "dbf/registry.h"
 #include "dbf/table.h"
+#include "files/open_file.h"
 
 namespace vx::dbf {
 namespace {
@@ -238,9 +239,12 @@ bool writeBlanks(const File& file, std::int64_t position, std::size_t recordSize
 // Takes records back that could not be written or counted; what cannot be done now is done with the next write.
 void takeBack(Table& table, std::int64_t start, std::int64_t end) {
     if (!table.writable) return;
+    KeptError cause;
     table.leftoverStart = start;
     table.leftoverEnd = end;
-    if (!table.headerChanged) cutLeftover(table);
+    // Another handle may have counted them meanwhile.
+    if (table.shared) table.headerChanged = true;
+    writeBack(table);
 }
 
 // Counts the new records. Those of a shared table are there by the file's size alone, so a header that cannot be
@@ -250,10 +254,16 @@ bool countRecords(Table& table, std::int64_t count) {
     table.header.setCount(static_cast<std::uint32_t>(count));
     if (writeHeader(table) || table.shared) return true;
     table.header = before;
-    platform::Process& process = *platform::current().process;
-    std::uint32_t cause = process.lastError();
+    KeptError cause;
     table.headerChanged = !table.file.write(0, before.bytes, kHeaderSize);
-    process.setLastError(cause);
+    return false;
+}
+
+bool addBlanks(Table& table, std::int64_t first, std::int64_t count) {
+    std::int64_t start = table.positionOf(first), end = table.positionOf(first + count);
+    if (end > platform::kLastPosition) return false;
+    if (writeBlanks(table.file, start, table.recordSize(), count) && countRecords(table, first + count - 1)) return true;
+    takeBack(table, start, end);
     return false;
 }
 
@@ -267,11 +277,9 @@ std::int64_t append(Table& table, std::uint32_t count) {
     }
     if (!claimRecords(table, count)) return 0;
     std::int64_t first = std::int64_t{table.count()} + 1;
-    std::int64_t end = table.positionOf(first + count);
-    std::int64_t start = table.positionOf(first);
-    if (end > platform::kLastPosition) return 0;
-    if (!writeBlanks(table.file, start, table.recordSize(), count) || !countRecords(table, first + count - 1)) {
-        takeBack(table, start, end);
+    if (!addBlanks(table, first, count)) {
+        // Others may have the numbers, unless something is left behind them.
+        if (table.leftoverEnd == 0) table.lock.giveBack(table.file);
         return 0;
     }
     goToBlanks(table, first, count);

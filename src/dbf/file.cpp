@@ -3,6 +3,7 @@
 #include <limits>
 
 #include "files/handles.h"
+#include "files/open_file.h"
 
 namespace vx::dbf {
 namespace {
@@ -41,14 +42,11 @@ bool File::write(std::int64_t position, const void* from, std::size_t count) con
 }
 
 bool File::cutBack(std::int64_t end, std::int64_t most) const {
-    platform::Process& process = *platform::current().process;
-    std::uint32_t cause = process.lastError();
+    KeptError cause;
     std::int64_t now = size();
-    bool done = now >= 0 && (now <= end || now > most);
-    if (!done && now >= 0 && files().seek(handle_, static_cast<std::int32_t>(end), platform::kFromStart) >= 0)
-        done = files().truncate(handle_);
-    process.setLastError(cause);
-    return done;
+    if (now < 0) return false;
+    if (now <= end || now > most) return true;
+    return files().seek(handle_, static_cast<std::int32_t>(end), platform::kFromStart) >= 0 && files().truncate(handle_);
 }
 
 }  // namespace vx::dbf

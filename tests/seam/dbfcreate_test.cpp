@@ -266,6 +266,33 @@ TEST_F(Locking, AppendsThatMustWait) {
     EXPECT_EQ(lib().DbfAppend(one, 1), 0) << "record 6 is claimed";
 }
 
+// An append that finds no room, while another handle writes a header that it owes: what was written is counted by none.
+TEST_F(Locking, AppendsThatFail) {
+    EXPECT_EQ(lib().DbfAppend(one, INT32_MAX), 0) << "behind the last position";
+    EXPECT_TRUE(isFree(kRecords + 4, 1'000'000)) << "the others can have the numbers";
+    auto onceItGrows = [&](std::function<void()> work) {
+        disk.onCall = [this, work, size = bytes("T.DBF").size()] {
+            if (bytes("T.DBF").size() == size) return;
+            auto now = work;
+            disk.onCall = {};
+            now();
+        };
+    };
+    onceItGrows([&] { disk.fault = {.atCall = 1, .lasts = true}; });
+    EXPECT_EQ(lib().DbfAppend(two, 1), 4) << "to be counted later";
+    disk.fault = {};
+    std::size_t size = bytes("T.DBF").size();
+    disk.capacity = size + bytes("T.DBT").size() + bytes("T.BLO").size() + 5000;
+    onceItGrows([&] {
+        EXPECT_EQ(lib().DbfClose(two), 0);
+        EXPECT_NE(bytes("T.DBF").substr(4, 4), little(4, 4));
+    });
+    EXPECT_EQ(lib().DbfAppend(one, 200), 0);
+    EXPECT_EQ(bytes("T.DBF").size(), size);
+    EXPECT_EQ(bytes("T.DBF").substr(4, 4), little(4, 4));
+    EXPECT_TRUE(isFree(kRecords + 4, 1'000'000));
+}
+
 TEST_F(Locking, MemosAndBlobs) {
     for (auto [file, offset, field] : {std::tuple("T.DBT", 1'000'000'000u, 2), {"T.BLO", 2'000'000'000u, 3}}) {
         std::string table = bytes("T.DBF"), companion = bytes(file);
