@@ -61,10 +61,12 @@ class Store {
         return useEnd(end, need, value);
     }
 
-    // The block of a blob in use.
-    std::optional<Block> blob(std::int64_t start) const {
+    // The block of a blob in use. One of another size is not what the field refers to: a copied record, or one that was
+    // read before another handle changed it, may lead to where something else is by now.
+    std::optional<Block> blob(std::int64_t start, std::uint32_t size) const {
         std::optional<Block> block = blockAt(start);
-        return block && block->used > 0 && block->used <= block->capacity && isWhole(*block) ? block : std::nullopt;
+        bool sound = block && size > 0 && block->used == size && size <= block->capacity && isWhole(*block);
+        return sound ? block : std::nullopt;
     }
 
     bool rewrite(Block block, std::string_view value) const {
@@ -75,6 +77,9 @@ class Store {
     }
 
     void release(Block block) {
+        // Within a larger free block it is no blob any more, either.
+        block.used = block.next = block.previous = 0;
+        if (!writeHeader(block)) return;
         if (std::optional<Block> right = freeAt(block.behind()); right && unlink(*right))
             block.capacity += static_cast<std::uint32_t>(kOverhead + right->capacity);
         if (std::optional<Block> left = freeBefore(block.start)) {
@@ -83,9 +88,7 @@ class Store {
             return;
         }
         std::uint32_t first = firstLink();
-        block.used = 0;
         block.next = first;
-        block.previous = 0;
         if (!writeTrailer(block) || !writeHeader(block)) return;
         if (std::optional<Block> second = blockAt(first)) setPrevious(*second, block.start);
         setNext(0, block.start);
@@ -261,7 +264,7 @@ bool writeBlob(Table& table, Field& field, std::string_view value) {
     if (!lock || !hasRoomForBlob(field) || value.size() > kMost) return false;
     Store store(table.blob);
     if (!store) return false;
-    std::optional<Block> old = store.blob(referenceIn(table, field));
+    std::optional<Block> old = store.blob(referenceIn(table, field), blobSizeIn(table, field));
     if (old && !value.empty() && value.size() <= old->capacity) {
         auto start = static_cast<std::uint32_t>(old->start);
         return store.rewrite(*old, value) && referToBlob(table, field, start, value.size(), true);

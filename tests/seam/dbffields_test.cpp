@@ -441,6 +441,40 @@ TEST_F(Fields, BlobStore) {
     EXPECT_EQ(bytes("T.DBF").substr(33 + 5 * 32 + 1, 100), recordOf(table)) << "written back at once";
 }
 
+// Records that are copies of others, or were read before another handle changed them, refer to blobs that are gone: what
+// is in their place stays.
+TEST_F(Fields, BlobsThatAreGone) {
+    struct Row {
+        const char* what;
+        std::vector<std::size_t> freed;  // fields
+        std::vector<std::size_t> taken;  // sizes of new blobs
+    };
+    const Row rows[] = {{"a part of a free block", {1, 3, 2}, {}},
+                        {"a block of another size", {2}, {90}},
+                        {"what is in a larger block", {1, 3, 2}, {340}}};
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.what);
+        disk.put("T.BLO", lab::bloBytes({std::string(100, '1'), std::string(100, '2'), std::string(100, '3')}));
+        std::string reference = lab::blobReference(188, 100);
+        std::uint32_t table =
+            with(0x43, {{"A", 'B', 20}, {"B", 'B', 20}, {"C", 'B', 20}, {"COPY", 'B', 20}, {"NEW", 'B', 20}},
+                 lab::blobReference(64, 100) + reference + lab::blobReference(312, 100) + reference);
+        for (std::size_t field : row.freed) EXPECT_EQ(lib().DbfFieldPut(table, static_cast<int>(field), ""), 1);
+        std::string taken;
+        for (std::size_t size : row.taken) {
+            taken = std::string(size, 't');
+            EXPECT_EQ(lib().DbfFieldPut(table, 5, taken.c_str()), 1);
+        }
+        for (std::size_t size : {90, 200, 300}) {
+            std::string value(size, 'v');
+            EXPECT_EQ(lib().DbfFieldPut(table, 4, value.c_str()), 1);
+            EXPECT_EQ(valueOf(table, 4), value);
+            EXPECT_EQ(valueOf(table, 5), taken);
+            blocksOf(bytes("T.BLO"));
+        }
+    }
+}
+
 // A list that is damaged is not used: what is in use stays, and new blobs go behind the end.
 TEST_F(Fields, BlobStoreWithADamagedList) {
     std::string sound = lab::blobFileHeader(64) + lab::blobHeader(152, 0, 0, 64) + std::string(64, '.') +
