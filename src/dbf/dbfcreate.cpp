@@ -272,6 +272,7 @@ std::int64_t append(Table& table, std::uint32_t count) {
     lockHeader(table);  // kept: given back when the table is closed, not before
     if (!writeBack(table)) return 0;
     if (count == 0) {
+        if (table.writable) writeHeader(table);
         goTo(table, std::int64_t{table.count()} + 1);
         return table.number;
     }

@@ -122,7 +122,10 @@ TEST_F(Creating, Appending) {
     EXPECT_EQ(bytes("T.DBF").size(), 129u + 1005 * 36);
     // What a table without an end mark has behind its records is written over.
     disk.put("E.DBF", tableBytes(3, {{"A", 'C', 2}}, {" ab"}, "xxxxxxxx"));
-    EXPECT_EQ(lib().DbfAppend(open("E"), 2), 2);
+    table = open("E");
+    EXPECT_EQ(lib().DbfAppend(table, 0), 2);
+    EXPECT_EQ(bytes("E.DBF").substr(1, 7), std::string("\x7E\x0B\x17") + little(1, 4)) << "none is a new date";
+    EXPECT_EQ(lib().DbfAppend(table, 2), 2);
     EXPECT_EQ(bytes("E.DBF").substr(65), " ab      xx");
 }
 
@@ -212,6 +215,8 @@ TEST_F(Locking, AppendsOfSeveralHandles) {
     EXPECT_FALSE(isFree(kRecords + 4));
     EXPECT_FALSE(isFree(kRecords + 5));
     EXPECT_TRUE(isFree(kRecords + 6, 1'000'000));
+    EXPECT_EQ(lib().DbfAppend(two, 0), 6);
+    EXPECT_EQ(placeOf(two), (Place{6, 0, 1})) << "behind the other's";
     EXPECT_EQ(lib().DbfAppend(two, 1), 6);
     lib().DbfFieldPut(two, 1, "B6");
     lib().DbfFieldPut(one, 1, "A4");
