@@ -97,9 +97,14 @@ bool Table::isDeleted() const { return find<Query>("DbfIsDeleted")(handle_) != 0
 std::string Table::value(std::size_t field) {
     auto number = static_cast<std::int32_t>(field + 1);
     std::int32_t size = std::max(fieldSize_(handle_, number), fields_[field].length);
-    buffer_.resize(std::max(kLongestMemo, static_cast<std::size_t>(std::max(size, 0))) + 1);
-    std::int32_t placed = fieldGet_(handle_, number, buffer_.data());
-    return std::string(trimmed({buffer_.data(), static_cast<std::size_t>(std::max(placed, 0))}));
+    // A damaged table may tell sizes that nothing fills: what is not filled is not touched.
+    std::size_t room = std::max(kLongestMemo, static_cast<std::size_t>(std::max(size, 0))) + 1;
+    if (room > room_) {
+        buffer_ = std::make_unique_for_overwrite<char[]>(room);
+        room_ = room;
+    }
+    std::int32_t placed = fieldGet_(handle_, number, buffer_.get());
+    return std::string(trimmed({buffer_.get(), static_cast<std::size_t>(std::max(placed, 0))}));
 }
 
 std::string tableHeading(const Table& table, const std::string& file) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -50,7 +51,8 @@ class Table {
     FieldQuery* fieldSize_;
     FieldText* fieldGet_;
     std::vector<TableField> fields_;
-    std::string buffer_;
+    std::unique_ptr<char[]> buffer_;
+    std::size_t room_ = 0;
 };
 
 struct TableOptions {
