@@ -31,7 +31,9 @@ bool refer(Table& table, const Field& field, std::string_view bytes, bool keeps 
     std::memcpy(before, to, bytes.size());
     std::memcpy(to, bytes.data(), bytes.size());
     table.bufferChanged = true;
-    if (writeBack(table) || keeps) return true;
+    writeBack(table);
+    // A header that cannot be written stays for later; the record refers to the value.
+    if (!table.bufferChanged || keeps) return true;
     // The file may have some of it: the record stays marked, to be written as it was.
     std::memcpy(to, before, bytes.size());
     return false;
