@@ -262,7 +262,8 @@ bool countRecords(Table& table, std::int64_t count) {
 bool addBlanks(Table& table, std::int64_t first, std::int64_t count) {
     std::int64_t start = table.positionOf(first), end = table.positionOf(first + count);
     if (end > platform::kLastPosition) return false;
-    if (writeBlanks(table.file, start, table.recordSize(), count) && countRecords(table, first + count - 1)) return true;
+    if (writeBlanks(table.file, start, table.recordSize(), count) && countRecords(table, first + count - 1))
+        return true;
     takeBack(table, start, end);
     return false;
 }

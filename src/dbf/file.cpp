@@ -46,7 +46,8 @@ bool File::cutBack(std::int64_t end, std::int64_t most) const {
     std::int64_t now = size();
     if (now < 0) return false;
     if (now <= end || now > most) return true;
-    return files().seek(handle_, static_cast<std::int32_t>(end), platform::kFromStart) >= 0 && files().truncate(handle_);
+    return files().seek(handle_, static_cast<std::int32_t>(end), platform::kFromStart) >= 0 &&
+           files().truncate(handle_);
 }
 
 }  // namespace vx::dbf

@@ -9,6 +9,7 @@ constexpr std::uint32_t kRecordLocks = 1'000'000'000;  // and the record's numbe
 constexpr std::uint32_t kTableLock = 1'000'000'001;
 constexpr std::uint32_t kTableLockLength = 2'000'000'000;
 constexpr int kHeaderAttempts = 4;
+constexpr int kGivingBackAttempts = 4;
 
 constexpr std::uint32_t kPatience = 2000;  // milliseconds
 constexpr std::uint32_t kLongestNap = 20;
@@ -29,6 +30,12 @@ bool insist(Try once) {
 bool hold(Table& table, std::int64_t offset, std::uint32_t length) {
     table.lock = {static_cast<std::uint32_t>(offset), length};
     return table.lock.take(table.file);
+}
+
+// For a lock that nobody asks to give back later: others would wait for it in vain.
+void giveBackSurely(Region& region, const File& file) {
+    for (int i = 0; i < kGivingBackAttempts && !region.giveBack(file); ++i) {
+    }
 }
 
 }  // namespace
@@ -75,7 +82,7 @@ bool claimRecords(Table& table, std::uint32_t count) {
 CountLock::CountLock(Table& table)
     : table_(table), had_(!table.shared || insist([&] { return table.countLock.take(table.file); })) {}
 
-CountLock::~CountLock() { table_.countLock.giveBack(table_.file); }
+CountLock::~CountLock() { giveBackSurely(table_.countLock, table_.file); }
 
 CompanionLock::CompanionLock(const Table& table, const File& file, Region& region)
     : file_(file), region_(region), had_(!table.shared || region.take(file)) {}
@@ -83,7 +90,7 @@ CompanionLock::CompanionLock(const Table& table, const File& file, Region& regio
 CompanionLock::~CompanionLock() {
     if (!region_.held) return;
     file_.commit();
-    region_.giveBack(file_);
+    giveBackSurely(region_, file_);
 }
 
 }  // namespace vx::dbf

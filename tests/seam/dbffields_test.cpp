@@ -441,8 +441,8 @@ TEST_F(Fields, BlobStore) {
     EXPECT_EQ(bytes("T.DBF").substr(33 + 5 * 32 + 1, 100), recordOf(table)) << "written back at once";
 }
 
-// Records that are copies of others, or were read before another handle changed them, refer to blobs that are gone: what
-// is in their place stays.
+// Records that are copies of others, or were read before another handle changed them, refer to blobs that are gone:
+// what is in their place stays.
 TEST_F(Fields, BlobsThatAreGone) {
     struct Row {
         const char* what;
