@@ -165,29 +165,6 @@ TEST_P(EveryCall, LeavesWhatItsResultTells) {
 INSTANTIATE_TEST_SUITE_P(Tables, EveryCall,
                          testing::Combine(testing::Bool(), testing::Values(kPrivateMode, kSharedMode)));
 
-// A put that writes the record back, while a header is still to be written that could not be before.
-TEST_F(Faults, PutsWithAHeaderToBeWritten) {
-    for (auto [fox, field] : {std::pair(false, 2), {false, 3}, {true, 2}}) {
-        for (int n = 1; n <= 20; ++n) {
-            SCOPED_TRACE(testing::Message() << (fox ? "FPT" : "DBT") << " field " << field << " call " << n);
-            putTable(fox);
-            std::uint32_t table = lib().DbfOpen("T", kSharedMode);
-            disk.onCall = [this, size = bytes("T.DBF").size()] {
-                if (bytes("T.DBF").size() > size) disk.fault = {.atCall = 1, .lasts = true};
-            };
-            EXPECT_EQ(lib().DbfAppend(table, 1), kRecords + 1);
-            disk.onCall = {};
-            disk.fault = {.atCall = disk.calls + n};
-            bool worked = lib().DbfFieldPut(table, field, "a new value") == 1;
-            disk.fault = {};
-            EXPECT_EQ(valueOf(table, field), worked ? "a new value" : "");
-            EXPECT_EQ(lib().DbfClose(table), 0);
-            EXPECT_EQ((valuesNow(kSharedMode)[{kRecords + 1, field}]), worked ? "a new value" : "");
-            EXPECT_EQ(bytes("T.DBF")[4], kRecords + 1);
-        }
-    }
-}
-
 // Both give 0 for what fails, the cause, and leave nothing open.
 TEST_F(Faults, CreatingAndOpening) {
     for (bool creates : {true, false}) {
