@@ -201,10 +201,12 @@ TEST_F(Locking, GivingBackWritesFirst) {
     }
     EXPECT_EQ(lib().DbfLock(one), 1);
     lib().DbfGoto(one, 1);
-    lib().DbfFieldPut(one, 1, "zz");
-    disk.fault = {.atCall = disk.calls + 1};
-    EXPECT_EQ(lib().DbfUnlock(one), 0);
-    EXPECT_FALSE(isFree(kTable)) << "kept, and so is the change";
+    for (int call : {1, 2, 3}) {  // that writes, commits, unlocks
+        lib().DbfFieldPut(one, 1, "zz");
+        disk.fault = {.atCall = disk.calls + call};
+        EXPECT_EQ(lib().DbfUnlock(one), 0) << call;
+        EXPECT_FALSE(isFree(kTable)) << "kept, and so is the change";
+    }
     EXPECT_EQ(lib().DbfUnlock(one), 1);
     EXPECT_EQ(bytes("T.DBF").substr(130, 2), "zz");
 }
@@ -228,7 +230,9 @@ TEST_F(Locking, AppendsOfSeveralHandles) {
     EXPECT_EQ(bytes("T.DBF").substr(4, 4), little(7, 4)) << "the header counts all";
     EXPECT_EQ(lib().DbfUnlock(one), 1);
     EXPECT_FALSE(isFree(kHeader));
+    int before = disk.calls;
     EXPECT_EQ(lib().DbfClose(one), 0);
+    EXPECT_EQ(disk.calls - before, 5) << "commits, unlocks the header, closes three files";
     EXPECT_TRUE(isFree(kHeader));
     EXPECT_EQ(lib().DbfAppend(two, 1), 8);
     EXPECT_FALSE(isFree(kHeader)) << "now the other's";
@@ -296,6 +300,18 @@ TEST_F(Locking, AppendsThatFail) {
     EXPECT_EQ(bytes("T.DBF").size(), size);
     EXPECT_EQ(bytes("T.DBF").substr(4, 4), little(4, 4));
     EXPECT_TRUE(isFree(kRecords + 4, 1'000'000));
+    // What cannot be cut off is kept from the others until it can.
+    two = open("T", kSharedMode);
+    onceItGrows([&] { disk.fault = {.atCall = 1, .lasts = true}; });
+    EXPECT_EQ(lib().DbfAppend(two, 200), 0);
+    disk.fault = {};
+    EXPECT_GT(bytes("T.DBF").size(), size);
+    EXPECT_EQ(lib().DbfAppend(one, 1), 0);
+    EXPECT_EQ(lib().DbfClose(one), 0);
+    EXPECT_EQ(lib().DbfUnlock(two), 1);
+    EXPECT_EQ(bytes("T.DBF").size(), size);
+    EXPECT_EQ(bytes("T.DBF").substr(4, 4), little(4, 4));
+    EXPECT_TRUE(isFree(kHeader, 1'000'000));
 }
 
 TEST_F(Locking, MemosAndBlobs) {
@@ -307,7 +323,14 @@ TEST_F(Locking, MemosAndBlobs) {
         EXPECT_EQ(bytes("T.DBF") + bytes(file), table + companion) << "nothing written";
         EXPECT_EQ(valueOf(one, field), "");
         disk.unlock(handle, offset, 1);
-        EXPECT_EQ(lib().DbfFieldPut(one, field, "text"), 1);
+        auto callsOfPut = [&](std::uint32_t table) {
+            int before = disk.calls;
+            EXPECT_EQ(lib().DbfFieldPut(table, field, "text"), 1);
+            return disk.calls - before;
+        };
+        std::uint32_t own = open("T");
+        lib().DbfGoto(own, 2);
+        EXPECT_EQ(callsOfPut(one), callsOfPut(own) + 3) << "locks, commits, unlocks";
         EXPECT_TRUE(disk.lock(handle, offset, 1)) << "given back";
         disk.close(handle);
     }
