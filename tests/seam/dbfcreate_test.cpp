@@ -302,7 +302,7 @@ TEST_F(Locking, AppendsThatFail) {
     EXPECT_TRUE(isFree(kRecords + 4, 1'000'000));
     // What cannot be cut off is kept from the others until it can.
     two = open("T", kSharedMode);
-    onceItGrows([&] { disk.fault = {.atCall = 1, .lasts = true}; });
+    onceItGrows([&] { disk.fault = {.atCall = disk.calls + 1}; });
     EXPECT_EQ(lib().DbfAppend(two, 200), 0);
     disk.fault = {};
     EXPECT_GT(bytes("T.DBF").size(), size);
