@@ -7,7 +7,7 @@
 #include <limits>
 #include <tuple>
 
-#include "tests/datetime/environment.h"
+#include "tests/support/environment.h"
 #include "tests/support/library.h"
 #include "tests/support/text.h"
 

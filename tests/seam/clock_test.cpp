@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <limits>
 
-#include "tests/datetime/environment.h"
+#include "tests/support/environment.h"
 #include "tests/seam/seam.h"
 #include "tests/support/text.h"
 
