@@ -70,16 +70,20 @@ std::uint32_t getOther(Table& table, Field& field, char* to) {
     return size;
 }
 
-// How many bytes the value has. Without a table and a field it is an empty text.
-std::uint32_t getValue(const Place& place, char* to) {
+// How many bytes the value has. Without a table and a field it is an empty text. Inlined, with the usual field first:
+// scanning a table is little else.
+[[gnu::always_inline]] inline std::uint32_t getValue(const Place& place, char* to) {
     if (!to) return 0;
     if (!place) {
         *to = '\0';
         return 0;
     }
-    std::uint32_t size =
-        place.field->isStored ? getStored(*place.table, *place.field, to) : getOther(*place.table, *place.field, to);
-    if (place.field->notify) place.field->notify(*place.table, *place.field, kFieldRead);
+    Table& table = *place.table;
+    Field& field = *place.field;
+    if (field.isStored && !field.notify) [[likely]]
+        return getStored(table, field, to);
+    std::uint32_t size = field.isStored ? getStored(table, field, to) : getOther(table, field, to);
+    if (field.notify) field.notify(table, field, kFieldRead);
     return size;
 }
 
