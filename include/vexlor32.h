@@ -9,12 +9,161 @@
  * with 1, or with 0 in the functions that say so. Failures are told by the result alone.
  *
  * Every function has further names. They are declared when VEXLOR32_ALL_NAMES is defined, except those that belong to the C
- * library, too (isalpha, fopen, ...): a program finds those with GetProcAddress or dlsym.
+ * library or to others, too (isalpha, fopen, crc32, ...): a program finds those with GetProcAddress or dlsym.
+ *
+ * Include this header after all those of the system and of other libraries. Some of them define a name of ours as a macro
+ * (StrCmp in <shlwapi.h>); it is undefined here, and would be back, silently, if they came later.
  */
 #ifndef VEXLOR32_H
 #define VEXLOR32_H
 
 #include <stdint.h>
+
+/* ---- Open modes: what a program wants to do with a file; for FOpen and DbfOpen, plus what others may not do ---- */
+#define VX_OPEN_READ      0 /* reading */
+#define VX_OPEN_WRITE     1 /* writing */
+#define VX_OPEN_READWRITE 2 /* both */
+
+/* ---- Share modes: what others may not do with a file that is open; added to an open mode ---- */
+#define VX_SHARE_COMPATIBLE 0x00 /* like VX_SHARE_DENY_NONE */
+#define VX_SHARE_EXCLUSIVE  0x10 /* others may not open the file */
+#define VX_SHARE_DENY_WRITE 0x20 /* others may not write */
+#define VX_SHARE_DENY_READ  0x30 /* others may not read */
+#define VX_SHARE_DENY_NONE  0x40 /* others may read and write */
+
+/* ---- Table modes: for DbfOpen, which takes all other open modes, too ---- */
+#define VX_TABLE_SHARED 0x42 /* reading and writing, shared with other programs: appends and locks are coordinated */
+
+/* ---- Seek origins: what an offset of FSeek, or a line number of FSeekLine, is counted from ---- */
+#define VX_SEEK_START   0 /* the start of the file */
+#define VX_SEEK_CURRENT 1 /* the position */
+#define VX_SEEK_END     2 /* the end of the file */
+
+/* ---- File attributes: bits of a file's attributes; in the flags of a search, the mask of those of which an entry
+ * has one at least ---- */
+#define VX_ATTR_NORMAL     0x00 /* none of the others */
+#define VX_ATTR_READONLY   0x01 /* may not be written to */
+#define VX_ATTR_HIDDEN     0x02 /* left out of listings */
+#define VX_ATTR_SYSTEM     0x04 /* belongs to the system */
+#define VX_ATTR_DIRECTORY  0x10 /* a directory */
+#define VX_ATTR_ARCHIVE    0x20 /* changed since the last backup */
+#define VX_ATTR_COMPRESSED 0x40 /* compressed by the file system */
+
+/* ---- Search flags: how a search chooses its entries and gives their names; added to a mask of attributes ---- */
+#define VX_FIND_MASK_ONLY   0x080 /* nothing but the mask decides */
+#define VX_FIND_DIRECTORIES 0x100 /* every directory but . and .. is taken, whatever the mask says */
+#define VX_FIND_FULL_NAMES  0x200 /* names come with the pattern's drive and directory */
+#define VX_FIND_SHORT_NAMES 0x400 /* names are the short ones (8.3) */
+
+/* ---- Sizes: bytes of blocks that a program keeps for the library ---- */
+#define VX_FIND_BLOCK_SIZE 1115 /* the block of a search */
+
+/* ---- Letter case in files: for FLocate and FStrCount; the text that is looked for is always taken as it is ---- */
+#define VX_LOCATE_EXACT 0 /* the file's bytes as they are */
+#define VX_LOCATE_UPPER 1 /* the file's bytes in upper case */
+#define VX_LOCATE_LOWER 2 /* the file's bytes in lower case */
+
+/* ---- Prune modes: what Prune leaves of a tree ---- */
+#define VX_PRUNE_ALL              0 /* nothing */
+#define VX_PRUNE_KEEP_TOP         1 /* the directory itself, empty */
+#define VX_PRUNE_KEEP_TOP_FILES   2 /* the directory with its own files */
+#define VX_PRUNE_KEEP_DIRECTORIES 4 /* the directory with its own files, and all directories below, empty */
+
+/* ---- Trim modes: the end of a text that ChrTrim works on ---- */
+#define VX_TRIM_START (-1) /* the start */
+#define VX_TRIM_BOTH  0    /* both ends */
+#define VX_TRIM_END   1    /* the end */
+
+/* ---- StrJustify modes: where a text stands in its field ---- */
+#define VX_JUSTIFY_NONE          1 /* as it is */
+#define VX_JUSTIFY_LEFT          2 /* at the left */
+#define VX_JUSTIFY_RIGHT         3 /* at the right, with its trailing blanks */
+#define VX_JUSTIFY_RIGHT_TRIMMED 4 /* at the right, without them */
+
+/* ---- TokenJustify modes: where the tokens stand in a line ---- */
+#define VX_TOKENS_SPREAD         0 /* from margin to margin */
+#define VX_TOKENS_INDENTED       1 /* single gaps, from where the first token stands in the text */
+#define VX_TOKENS_LEFT           2 /* single gaps, from the left margin */
+#define VX_TOKENS_RIGHT_INDENTED 3 /* single gaps, as far from the right margin as in the text */
+#define VX_TOKENS_RIGHT          4 /* single gaps, up to the right margin */
+
+/* ---- Regular expression errors: what RegCheck and its kin give for a bad pattern ---- */
+#define VX_REGEX_OK               0     /* the pattern is good */
+#define VX_REGEX_NO_PATTERN       (-1)  /* it is empty, and there is no last one */
+#define VX_REGEX_UNFINISHED       (-2)  /* a class has no end, a backslash is the last character, or the pattern is too long */
+#define VX_REGEX_CLOSURE_FIRST    (-3)  /* * or + comes first */
+#define VX_REGEX_CLOSURE_OF_MARK  (-4)  /* * or + follows an anchor, a group mark, a word mark or a back-reference */
+#define VX_REGEX_TOO_MANY_GROUPS  (-5)  /* there are more than 9 groups */
+#define VX_REGEX_NO_OPEN_GROUP    (-6)  /* a group ends that has not begun */
+#define VX_REGEX_EMPTY_GROUP      (-7)  /* a group or a word has nothing in it */
+#define VX_REGEX_REFERENCE_INSIDE (-8)  /* a back-reference stands in its own group */
+#define VX_REGEX_REFERENCE_BEFORE (-9)  /* a back-reference stands before its group */
+#define VX_REGEX_OPEN_GROUP       (-10) /* a group does not end */
+
+/* ---- Character classes: bits of a character's classes, for IsStrType and SetCharType; those above are free for
+ * programs ---- */
+#define VX_TYPE_ALPHA       0x001 /* letters */
+#define VX_TYPE_ASCII       0x002 /* 0x01 to 0x7F */
+#define VX_TYPE_LOWER       0x004 /* a to z */
+#define VX_TYPE_UPPER       0x008 /* A to Z */
+#define VX_TYPE_DIGIT       0x010 /* 0 to 9 */
+#define VX_TYPE_NUMERIC     0x020 /* digits, signs and the full stop */
+#define VX_TYPE_SPACE       0x040 /* blank and tab */
+#define VX_TYPE_HEX_DIGIT   0x080 /* 0 to 9, A to F, a to f */
+#define VX_TYPE_CONTROL     0x100 /* control characters */
+#define VX_TYPE_PRINTABLE   0x200 /* 0x20 to 0x7E */
+#define VX_TYPE_PUNCTUATION 0x400 /* printable, but no letter, no digit and no blank */
+#define VX_TYPE_WHITE       0x800 /* blank, tab, line feed, carriage return, and both line ends with their high bits set */
+
+/* ---- Diskette formats: what DriveType and DiskType give ---- */
+#define VX_DISKETTE_UNKNOWN 0   /* none of these */
+#define VX_DISKETTE_160K    160 /* 160 KB */
+#define VX_DISKETTE_180K    180 /* 180 KB */
+#define VX_DISKETTE_320K    320 /* 320 KB */
+#define VX_DISKETTE_360K    360 /* 360 KB */
+#define VX_DISKETTE_720K    720 /* 720 KB */
+#define VX_DISKETTE_1M      250 /* 2002 sectors */
+#define VX_DISKETTE_1200K   120 /* 1.2 MB, and 1232 sectors */
+#define VX_DISKETTE_1440K   144 /* 1.44 MB */
+#define VX_DISKETTE_2M      500 /* 4004 sectors */
+#define VX_DISKETTE_2880K   288 /* 2.88 MB */
+
+/* ---- Disk states: what DiskStatus gives ---- */
+#define VX_DISK_READY       0    /* it can be written to */
+#define VX_DISK_PROTECTED   1    /* it is write-protected */
+#define VX_DISK_NOT_READY   3    /* no disk is there */
+#define VX_DISK_UNREADABLE  7    /* it cannot be read */
+#define VX_DISK_UNFORMATTED 8    /* it is not formatted, or any other reason */
+#define VX_DISK_FAILURE     13   /* a general failure */
+#define VX_DISK_NO_DRIVE    (-1) /* there is no such drive */
+
+/* ---- Error numbers: common reasons that FError gives, on both systems; they are those of Windows, which has more
+ * ---- */
+#define VX_ERROR_NONE                0   /* no failure */
+#define VX_ERROR_FILE_NOT_FOUND      2   /* there is no such file */
+#define VX_ERROR_PATH_NOT_FOUND      3   /* there is no such directory */
+#define VX_ERROR_TOO_MANY_FILES      4   /* too many files are open */
+#define VX_ERROR_ACCESS_DENIED       5   /* the file's permissions or attributes do not allow it */
+#define VX_ERROR_INVALID_HANDLE      6   /* the handle is not that of an open file */
+#define VX_ERROR_NO_MEMORY           8   /* there is not enough memory */
+#define VX_ERROR_INVALID_DRIVE       15  /* there is no such drive */
+#define VX_ERROR_CURRENT_DIRECTORY   16  /* the current directory cannot be removed */
+#define VX_ERROR_NO_MORE_FILES       18  /* the search is at its end */
+#define VX_ERROR_WRITE_PROTECTED     19  /* the disk is write-protected */
+#define VX_ERROR_NOT_READY           21  /* no disk is in the drive */
+#define VX_ERROR_WRITE_FAULT         29  /* the device cannot be written to */
+#define VX_ERROR_READ_FAULT          30  /* the device cannot be read */
+#define VX_ERROR_GENERAL_FAILURE     31  /* the device does not work */
+#define VX_ERROR_SHARING             32  /* another has opened the file and does not share it */
+#define VX_ERROR_LOCKED              33  /* another has locked the bytes */
+#define VX_ERROR_FILE_EXISTS         80  /* the file exists */
+#define VX_ERROR_INVALID_PARAMETER   87  /* an argument is out of range */
+#define VX_ERROR_DISK_FULL           112 /* the disk is full */
+#define VX_ERROR_INVALID_NAME        123 /* no file can have the name */
+#define VX_ERROR_NEGATIVE_SEEK       131 /* the position would lie before the start of the file */
+#define VX_ERROR_DIRECTORY_NOT_EMPTY 145 /* the directory is not empty */
+#define VX_ERROR_ALREADY_EXISTS      183 /* a file or directory of that name exists */
+#define VX_ERROR_NAME_TOO_LONG       206 /* the name is too long */
 
 #if defined(_WIN32)
 #define VEXLOR32_CALL __stdcall
@@ -37,8 +186,8 @@ extern "C" {
 
 /* Fills a field of a blob with a text, cut to the field's length, and zero bytes.
  *   blob     NULL: nothing happens; room: max(offset, 0) + max(length, min(len(text), max(length, 0)) + 1)
- *   offset   of the field; below 0 counts as 0
- *   length   of the field; below 0 counts as 0
+ *   offset   of the field, in bytes; below 0 counts as 0
+ *   length   of the field, in bytes; below 0 counts as 0
  *   text     text; NULL counts as empty
  *   returns  the blob
  * A terminator always follows the text: when the text fills the field, it lies on the byte behind the field. */
@@ -46,46 +195,46 @@ VEXLOR32_API void *VEXLOR32_CALL _str2blob(void *blob, int32_t offset, int32_t l
 
 /* Stores a byte in a blob.
  *   blob     NULL: nothing happens; room: max(offset, 0) + 1
- *   offset   below 0 counts as 0
+ *   offset   in bytes from the blob's start; below 0 counts as 0
  *   value    character; only the low byte counts
  *   returns  the byte that was there, -128 to 127; 0 if the blob is NULL */
 VEXLOR32_API int32_t VEXLOR32_CALL _byte2blob(void *blob, int32_t offset, int32_t value);
 
 /* Stores a 32-bit number in a blob, its low byte first, at any offset.
  *   blob     NULL: nothing happens; room: max(offset, 0) + 4
- *   offset   below 0 counts as 0
- *   value    signed number
+ *   offset   in bytes from the blob's start; below 0 counts as 0
+ *   value    the number to store
  *   returns  the number that was there; 0 if the blob is NULL */
 VEXLOR32_API int32_t VEXLOR32_CALL _int2blob(void *blob, int32_t offset, int32_t value);
 
 /* The same as _int2blob: both store 32 bits.
  *   blob     NULL: nothing happens; room: max(offset, 0) + 4
- *   offset   below 0 counts as 0
- *   value    signed number
+ *   offset   in bytes from the blob's start; below 0 counts as 0
+ *   value    the number to store
  *   returns  the number that was there; 0 if the blob is NULL */
 VEXLOR32_API int32_t VEXLOR32_CALL _long2blob(void *blob, int32_t offset, int32_t value);
 
 /* The byte at an offset of a blob.
  *   blob     NULL gives 0; room: max(offset, 0) + 1
- *   offset   below 0 counts as 0
- *   returns  -128 to 127 */
+ *   offset   in bytes from the blob's start; below 0 counts as 0
+ *   returns  the byte, -128 to 127; 0 if the blob is NULL */
 VEXLOR32_API int32_t VEXLOR32_CALL _blob2byte(const void *blob, int32_t offset);
 
 /* The 32-bit number at an offset of a blob.
  *   blob     NULL gives 0; room: max(offset, 0) + 4
- *   offset   below 0 counts as 0
- *   returns  a signed number */
+ *   offset   in bytes from the blob's start; below 0 counts as 0
+ *   returns  the number; 0 if the blob is NULL */
 VEXLOR32_API int32_t VEXLOR32_CALL _blob2int(const void *blob, int32_t offset);
 
 /* The same as _blob2int: both read 32 bits.
  *   blob     NULL gives 0; room: max(offset, 0) + 4
- *   offset   below 0 counts as 0
- *   returns  a signed number */
+ *   offset   in bytes from the blob's start; below 0 counts as 0
+ *   returns  the number; 0 if the blob is NULL */
 VEXLOR32_API int32_t VEXLOR32_CALL _blob2long(const void *blob, int32_t offset);
 
 /* Copies bytes of a blob, zero bytes among them, and adds a terminator.
  *   blob     NULL: the result is a constant empty text; room: max(offset, 0) + max(count, 0)
- *   offset   below 0 counts as 0
+ *   offset   in bytes from the blob's start; below 0 counts as 0
  *   count    number of bytes; below 0 counts as 0
  *   dest     destination; room: max(count, 0) + 1; NULL: nothing is written; left as it is when blob is NULL
  *   returns  dest, or a constant empty text when the blob is NULL */
@@ -96,9 +245,9 @@ VEXLOR32_API uint32_t VEXLOR32_CALL strblob2str(const void *blob, int32_t offset
 
 /* Copies bytes from a place in one blob to a place in another.
  *   blob        NULL: nothing happens; room: max(offset, 0) + max(count, 0)
- *   offset      below 0 counts as 0
+ *   offset      in bytes from the blob's start; below 0 counts as 0
  *   dest        NULL: nothing happens; room: max(destOffset, 0) + max(count, 0)
- *   destOffset  below 0 counts as 0
+ *   destOffset  in bytes from the start of dest; below 0 counts as 0
  *   count       number of bytes; below 0 counts as 0
  *   returns     just past the last byte written, ready for the next piece; dest if either block is NULL */
 VEXLOR32_API void *VEXLOR32_CALL blobcopy(const void *blob, int32_t offset, void *dest, int32_t destOffset, int32_t count);
@@ -314,7 +463,7 @@ VEXLOR32_API char *VEXLOR32_CALL _chrkeep(const char *set, const char *text, cha
 VEXLOR32_API char *VEXLOR32_CALL chrkeep(const char *set, const char *text, char *dest);
 #endif
 
-/* As ChrKeep, returning the length of the resulting text. */
+/* As ChrKeep, returning 0, as it measures from the terminator. */
 VEXLOR32_API uint32_t VEXLOR32_CALL strchrkeep(const char *set, const char *text, char *dest);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API uint32_t VEXLOR32_CALL StrChrKeep(const char *set, const char *text, char *dest);
@@ -363,7 +512,6 @@ VEXLOR32_API uint32_t VEXLOR32_CALL StrChrUnique(const char *text, char *dest);
 VEXLOR32_API uint32_t VEXLOR32_CALL Crc32(const void *bytes, uint32_t running, uint32_t count);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API uint32_t VEXLOR32_CALL _crc32(const void *bytes, uint32_t running, uint32_t count);
-VEXLOR32_API uint32_t VEXLOR32_CALL crc32(const void *bytes, uint32_t running, uint32_t count);
 #endif
 
 /* CRC-16 of a block, carried on from a running value: CCITT polynomial 0x1021, not reflected.
@@ -514,7 +662,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL _setcollatetable(int32_t c, int32_t value);
 
 /* Adds classes to a character. Classes can be added, never removed.
  *   c        character; only the low byte counts
- *   bits     classes to add; 0 only asks
+ *   bits     the classes to add, VX_TYPE_... or a program's own; 0 only asks
  *   returns  the low 8 bits of the previous classes
  * Classes from 0x100 upward are not reported back. */
 VEXLOR32_API int32_t VEXLOR32_CALL SetCharType(int32_t c, uint32_t bits);
@@ -790,7 +938,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL _islower(const char *text, int32_t count);
 /* Whether each character of a text belongs to one of the classes at least.
  *   text     text; NULL counts as empty
  *   count    the largest number of characters to look at
- *   mask     classes
+ *   mask     the sum of VX_TYPE_...
  *   returns  1 if so, else 0 */
 VEXLOR32_API int32_t VEXLOR32_CALL IsStrType(const char *text, int32_t count, uint32_t mask);
 #ifdef VEXLOR32_ALL_NAMES
@@ -800,7 +948,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL _isstrtype(const char *text, int32_t count, u
 
 /* A predicate by number: 1 IsHexDigit, 2 IsUpper, 3 IsSpace, 4 IsPunct, 5 IsPrint, 6 IsNum, 7 IsLower, 8 IsDigit, 9
  * IsCntrl, 10 IsAscii, 11 IsAlpha; 0 for any other number.
- *   selector  the predicate
+ *   selector  the predicate, 1 to 11
  *   text      text; NULL counts as empty
  *   count     the largest number of characters to look at
  *   returns   1 if so, else 0 */
@@ -813,6 +961,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL isthings(int32_t selector, const char *text, 
  *   a        text; NULL counts as empty
  *   b        text; NULL counts as empty
  *   returns  -1, 0 or 1 when a comes before b, equals it, or comes behind it */
+#undef StrCmp
 VEXLOR32_API int32_t VEXLOR32_CALL StrCmp(const char *a, const char *b);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _strcmp(const char *a, const char *b);
@@ -930,9 +1079,9 @@ VEXLOR32_API uint32_t VEXLOR32_CALL StrStrSwap(const char *text, const char *del
 /* ---- Date formatting and the system date ---- */
 
 /* A date as a picture shows it.
- *   year     signed number
- *   month    signed number
- *   day      signed number
+ *   year     in full
+ *   month    from 1
+ *   day      from 1
  *   picture  text; NULL counts as empty
  *   dest     destination; room: len(picture) * 11 + 1; NULL: nothing is written
  *   returns  dest */
@@ -1007,9 +1156,9 @@ VEXLOR32_API uint32_t VEXLOR32_CALL StrDtow(int32_t jd, char *dest);
 #endif
 
 /* A date like 12/31/1999; empty for what is no date.
- *   year     signed number
- *   month    signed number
- *   day      signed number
+ *   year     in full
+ *   month    from 1
+ *   day      from 1
  *   dest     destination; room: 32; NULL: nothing is written
  *   returns  dest */
 VEXLOR32_API char *VEXLOR32_CALL IntToDate(int32_t year, int32_t month, int32_t day, char *dest);
@@ -1139,9 +1288,9 @@ VEXLOR32_API int32_t VEXLOR32_CALL _dow(void);
 #endif
 
 /* Today's year, month and day.
- *   year     receives a number; NULL is skipped
- *   month    receives a number; NULL is skipped
- *   day      receives a number; NULL is skipped
+ *   year     receives the year in full; NULL is skipped
+ *   month    receives the month, from 1; NULL is skipped
+ *   day      receives the day, from 1; NULL is skipped
  *   returns  nothing */
 VEXLOR32_API void VEXLOR32_CALL DosGetDate(int32_t *year, int32_t *month, int32_t *day);
 #ifdef VEXLOR32_ALL_NAMES
@@ -1150,9 +1299,9 @@ VEXLOR32_API void VEXLOR32_CALL dosgetdate(int32_t *year, int32_t *month, int32_
 #endif
 
 /* Sets the date of the machine's clock; the time of day stays. Only the low 16 bits of each number count.
- *   year     signed number
- *   month    signed number
- *   day      signed number
+ *   year     in full
+ *   month    1 to 12
+ *   day      1 to 31
  *   returns  what the system says; 0 if it refuses, and the clock is as it was */
 VEXLOR32_API int32_t VEXLOR32_CALL DosSetDate(int32_t year, int32_t month, int32_t day);
 #ifdef VEXLOR32_ALL_NAMES
@@ -1183,8 +1332,8 @@ VEXLOR32_API int32_t VEXLOR32_CALL setjdate(int32_t jd);
 
 /* The day number of a date. Months and days out of range roll over: 30 February is 1 or 2 March.
  *   year     in full
- *   month    signed number
- *   day      signed number
+ *   month    from 1
+ *   day      from 1
  *   returns  the day number; 0 if the year is before 1584 */
 VEXLOR32_API int32_t VEXLOR32_CALL IntToJulian(int32_t year, int32_t month, int32_t day);
 #ifdef VEXLOR32_ALL_NAMES
@@ -1196,9 +1345,9 @@ VEXLOR32_API int32_t VEXLOR32_CALL _inttojulian(int32_t year, int32_t month, int
 
 /* The year, month and day of a day number; 0, 0, 0 for 2299603 and less.
  *   jd       a day number
- *   year     receives a number; NULL is skipped
- *   month    receives a number; NULL is skipped
- *   day      receives a number; NULL is skipped
+ *   year     receives the year in full; NULL is skipped
+ *   month    receives the month, from 1; NULL is skipped
+ *   day      receives the day, from 1; NULL is skipped
  *   returns  nothing */
 VEXLOR32_API void VEXLOR32_CALL JulianToInt(int32_t jd, int32_t *year, int32_t *month, int32_t *day);
 #ifdef VEXLOR32_ALL_NAMES
@@ -1298,9 +1447,9 @@ VEXLOR32_API int32_t VEXLOR32_CALL addmonth(int32_t jd, int32_t months);
 
 /* The year, month and day of a date text, not checked; what is missing is 0. A year of two digits stays one.
  *   text     month, day and year with slashes between; NULL counts as empty
- *   year     receives a number; NULL is skipped
- *   month    receives a number; NULL is skipped
- *   day      receives a number; NULL is skipped
+ *   year     receives the year as it is written; NULL is skipped
+ *   month    receives the month; NULL is skipped
+ *   day      receives the day; NULL is skipped
  *   returns  nothing */
 VEXLOR32_API void VEXLOR32_CALL DateToInt(const char *text, int32_t *year, int32_t *month, int32_t *day);
 #ifdef VEXLOR32_ALL_NAMES
@@ -1378,7 +1527,7 @@ VEXLOR32_API uint32_t VEXLOR32_CALL _dbfstrcreate(const char *name, const char *
 
 /* Appends blank records.
  *   table    table handle
- *   count    signed number
+ *   count    how many records; below 1 appends none and gives the record count plus 1
  *   returns  the number of the first new record, the current one from then on; 0 if none were appended */
 VEXLOR32_API int32_t VEXLOR32_CALL DbfAppend(uint32_t table, int32_t count);
 #ifdef VEXLOR32_ALL_NAMES
@@ -1401,7 +1550,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL _dbflock(uint32_t table);
 
 /* Locks so many records of a shared table, from the current one on.
  *   table    table handle
- *   count    signed number
+ *   count    how many records; below 1 locks none of a shared table and gives 0
  *   returns  whether the lock was had; always if the table is not shared */
 VEXLOR32_API int32_t VEXLOR32_CALL DbfRlock(uint32_t table, int32_t count);
 #ifdef VEXLOR32_ALL_NAMES
@@ -1427,7 +1576,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL _dbfunlock(uint32_t table);
 
 /* The name of a field; empty if there is no such field.
  *   table    table handle
- *   number   signed number
+ *   number   of the field, from 1
  *   buffer   destination; room: 11; NULL: nothing is written
  *   returns  buffer */
 VEXLOR32_API char *VEXLOR32_CALL DbfFieldName(uint32_t table, int32_t number, char *buffer);
@@ -1447,7 +1596,7 @@ VEXLOR32_API uint32_t VEXLOR32_CALL strdbffieldname(uint32_t table, int32_t numb
 
 /* The type letter of a field; empty if there is no such field.
  *   table    table handle
- *   number   signed number
+ *   number   of the field, from 1
  *   buffer   destination; room: 2; NULL: nothing is written
  *   returns  buffer */
 VEXLOR32_API char *VEXLOR32_CALL DbfFieldType(uint32_t table, int32_t number, char *buffer);
@@ -1467,7 +1616,7 @@ VEXLOR32_API uint32_t VEXLOR32_CALL strdbffieldtype(uint32_t table, int32_t numb
 
 /* The length of a field: 0 to 255 for N and F, 0 to 65535 for all others.
  *   table    table handle
- *   number   signed number
+ *   number   of the field, from 1
  *   returns  the width in the record; 0 if there is no such field */
 VEXLOR32_API int32_t VEXLOR32_CALL DbfFieldLen(uint32_t table, int32_t number);
 #ifdef VEXLOR32_ALL_NAMES
@@ -1479,8 +1628,8 @@ VEXLOR32_API int32_t VEXLOR32_CALL _dbffieldlen(uint32_t table, int32_t number);
 
 /* The decimals of a field; where the length has two bytes, the upper one.
  *   table    table handle
- *   number   signed number
- *   returns  0 if there is no such field */
+ *   number   of the field, from 1
+ *   returns  the number of decimals; 0 if there is no such field */
 VEXLOR32_API int32_t VEXLOR32_CALL DbfFieldDec(uint32_t table, int32_t number);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _dbfFieldDec(uint32_t table, int32_t number);
@@ -1491,8 +1640,8 @@ VEXLOR32_API int32_t VEXLOR32_CALL _dbffielddec(uint32_t table, int32_t number);
 
 /* Where a field lies in the record's data.
  *   table    table handle
- *   number   signed number
- *   returns  from 0, the deletion flag not counted; -1 if there is no such field */
+ *   number   of the field, from 1
+ *   returns  in bytes from 0, the deletion flag not counted; -1 if there is no such field */
 VEXLOR32_API int32_t VEXLOR32_CALL DbfFieldOff(uint32_t table, int32_t number);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _dbfFieldOff(uint32_t table, int32_t number);
@@ -1504,7 +1653,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL _dbffieldoff(uint32_t table, int32_t number);
 /* The field that has a name.
  *   table    table handle
  *   name     in the letter case in which the table has it; NULL counts as empty
- *   returns  its number, 0 if there is none */
+ *   returns  its number from 1, 0 if there is none */
 VEXLOR32_API int32_t VEXLOR32_CALL DbfFieldPos(uint32_t table, const char *name);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _dbfFieldPos(uint32_t table, const char *name);
@@ -1515,7 +1664,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL _dbffieldpos(uint32_t table, const char *name
 
 /* The value of a field in the current record.
  *   table    table handle
- *   number   signed number
+ *   number   of the field, from 1
  *   buffer   room for DbfFieldSize bytes and a terminator; blobs and raw fields get no terminator; room: 65537; NULL:
  *            nothing is written; must already end at its last byte
  *   returns  buffer */
@@ -1528,7 +1677,7 @@ VEXLOR32_API char *VEXLOR32_CALL _dbffieldget(uint32_t table, int32_t number, ch
 
 /* DbfFieldGet, with the length of the value.
  *   table    table handle
- *   number   signed number
+ *   number   of the field, from 1
  *   buffer   as for DbfFieldGet; room: 65537; NULL: nothing is written; must already end at its last byte
  *   returns  the length of the text; of a blob or raw field the number of bytes placed */
 VEXLOR32_API uint32_t VEXLOR32_CALL strdbfFieldGet(uint32_t table, int32_t number, char *buffer);
@@ -1563,7 +1712,7 @@ VEXLOR32_API uint32_t VEXLOR32_CALL strdbffield(uint32_t table, const char *name
 
 /* Replaces the value of a field in the current record.
  *   table    table handle
- *   number   signed number
+ *   number   of the field, from 1
  *   value    text; NULL counts as empty
  *   returns  whether it was written */
 VEXLOR32_API int32_t VEXLOR32_CALL DbfFieldPut(uint32_t table, int32_t number, const char *value);
@@ -1589,7 +1738,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL _dbfreplace(uint32_t table, const char *name,
 
 /* The size of a field's value in the current record: for a memo or a blob, that of the text or the blob.
  *   table    table handle
- *   number   signed number
+ *   number   of the field, from 1
  *   returns  the size in bytes; 0 if there is no such field */
 VEXLOR32_API uint32_t VEXLOR32_CALL DbfFieldSize(uint32_t table, int32_t number);
 #ifdef VEXLOR32_ALL_NAMES
@@ -1604,7 +1753,7 @@ VEXLOR32_API uint32_t VEXLOR32_CALL _dbffieldsize(uint32_t table, int32_t number
 
 /* Opens a table and its memo and blob files, and goes to record 1.
  *   name     the table's path; DBF is its extension if it has none; NULL counts as empty
- *   mode     how its files are opened, as FOpen takes it; 66 opens the table shared
+ *   mode     how its files are opened, as FOpen takes it; VX_TABLE_SHARED (0x42) opens the table shared
  *   returns  the table's handle, 0 if it cannot be opened */
 VEXLOR32_API uint32_t VEXLOR32_CALL DbfOpen(const char *name, int32_t mode);
 #ifdef VEXLOR32_ALL_NAMES
@@ -1628,7 +1777,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL _dbfclose(uint32_t table);
 
 /* Goes to a record by its number.
  *   table    table handle
- *   number   signed number
+ *   number   of the record, from 1; below 1 goes before the first, above the count behind the last
  *   returns  the number of the record that was current before; 0 without a table */
 VEXLOR32_API int32_t VEXLOR32_CALL DbfGoto(uint32_t table, int32_t number);
 #ifdef VEXLOR32_ALL_NAMES
@@ -1640,7 +1789,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL _dbfgoto(uint32_t table, int32_t number);
 
 /* Goes so many records on.
  *   table    table handle
- *   count    negative to go backwards
+ *   count    of records; negative to go backwards
  *   returns  the number of the record that was current before; 0 without a table */
 VEXLOR32_API int32_t VEXLOR32_CALL DbfSkip(uint32_t table, int32_t count);
 #ifdef VEXLOR32_ALL_NAMES
@@ -1663,7 +1812,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL _dbfrecno(uint32_t table);
 
 /* The record count; that of a shared table comes from the size of its file.
  *   table    table handle
- *   returns  the number of records */
+ *   returns  the number of records; 0 without a table */
 VEXLOR32_API uint32_t VEXLOR32_CALL DbfLastrec(uint32_t table);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API uint32_t VEXLOR32_CALL _dbfLastrec(uint32_t table);
@@ -1718,7 +1867,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL _dbfrecordsize(uint32_t table);
 
 /* The number of fields.
  *   table    table handle
- *   returns  0 without a table */
+ *   returns  the number of fields; 0 without a table */
 VEXLOR32_API int32_t VEXLOR32_CALL DbfFieldCount(uint32_t table);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _dbfFieldCount(uint32_t table);
@@ -1830,7 +1979,7 @@ VEXLOR32_API uint32_t VEXLOR32_CALL diskused(const char *drive);
 
 /* The number of clusters of a drive.
  *   drive    begins with the drive's letter; without one, the current drive; NULL counts as empty
- *   returns  0 if the drive does not answer */
+ *   returns  the number of clusters; 0 if the drive does not answer */
 VEXLOR32_API uint32_t VEXLOR32_CALL Clusters(const char *drive);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API uint32_t VEXLOR32_CALL _clusters(const char *drive);
@@ -1839,7 +1988,7 @@ VEXLOR32_API uint32_t VEXLOR32_CALL clusters(const char *drive);
 
 /* The number of free clusters of a drive.
  *   drive    begins with the drive's letter; without one, the current drive; NULL counts as empty
- *   returns  0 if the drive does not answer */
+ *   returns  the number of free clusters; 0 if the drive does not answer */
 VEXLOR32_API uint32_t VEXLOR32_CALL FreeClusters(const char *drive);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API uint32_t VEXLOR32_CALL _freeclusters(const char *drive);
@@ -1866,7 +2015,7 @@ VEXLOR32_API uint32_t VEXLOR32_CALL sectorsize(const char *drive);
 
 /* The number of sectors of a drive.
  *   drive    begins with the drive's letter; without one, the current drive; NULL counts as empty
- *   returns  0 if the drive does not answer */
+ *   returns  the number of sectors; 0 if the drive does not answer */
 VEXLOR32_API uint32_t VEXLOR32_CALL Sectors(const char *drive);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API uint32_t VEXLOR32_CALL _sectors(const char *drive);
@@ -1910,8 +2059,9 @@ VEXLOR32_API int32_t VEXLOR32_CALL delvolume(const char *drive);
 
 /* Whether a disk is there and can be written to: its label is changed and changed back.
  *   drive    0 for A to 25 for Z
- *   returns  0 if it can be written to; 1 if it is write-protected, 3 if it is not ready, 7 if it cannot be read, 8
- *            if it is not formatted or for any other reason, 13 for a general failure; -1 if there is no such drive
+ *   returns  VX_DISK_READY (0) if it can be written to; VX_DISK_PROTECTED (1), VX_DISK_NOT_READY (3),
+ *            VX_DISK_UNREADABLE (7), VX_DISK_UNFORMATTED (8) for any other reason, too, or VX_DISK_FAILURE (13);
+ *            VX_DISK_NO_DRIVE (-1) if there is no such drive
  * On Linux, whose disks keep the labels that they have, it is 8 for C, or 1 where the file system is read-only. */
 VEXLOR32_API int32_t VEXLOR32_CALL DiskStatus(int32_t drive);
 #ifdef VEXLOR32_ALL_NAMES
@@ -2171,17 +2321,17 @@ VEXLOR32_API int32_t VEXLOR32_CALL mediatype(const char *drive);
 
 /* The largest format that a diskette drive takes. B is A on a machine that has no B.
  *   drive    0 for A, 1 for B
- *   returns  160, 180, 320, 360, 720, or 120 for 1.2 MB, 144, 288 and so on; 0 if unknown, -1 if there is no such
+ *   returns  VX_DISKETTE_1440K (144) for 1.44 MB and the other VX_DISKETTE_...; 0 if unknown, -1 if there is no such
  *            drive */
-VEXLOR32_API int32_t VEXLOR32_CALL DriveType(int32_t drive);
-#ifdef VEXLOR32_ALL_NAMES
+/* DriveType: another library has a function of this name; declared as _drivetype. */
 VEXLOR32_API int32_t VEXLOR32_CALL _drivetype(int32_t drive);
+#ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL drivetype(int32_t drive);
 #endif
 
 /* The format of the diskette that is in a drive. B is A on a machine that has no B.
  *   drive    0 for A, 1 for B
- *   returns  160, 180, 320, 360, 720, or 120 for 1.2 MB, 144, 288 and so on; 0 if unknown, -1 if there is no such
+ *   returns  VX_DISKETTE_1440K (144) for 1.44 MB and the other VX_DISKETTE_...; 0 if unknown, -1 if there is no such
  *            drive or disk */
 VEXLOR32_API int32_t VEXLOR32_CALL DiskType(int32_t drive);
 #ifdef VEXLOR32_ALL_NAMES
@@ -2220,7 +2370,7 @@ VEXLOR32_API uint32_t VEXLOR32_CALL strdrivestr(char *dest);
 #endif
 
 /* The number of diskette drives.
- *   returns  0 to 2; on Windows NT 1 for A, 2 for B, 3 for both */
+ *   returns  the number, 0 to 2; on Windows NT 1 for A, 2 for B, 3 for both */
 VEXLOR32_API int32_t VEXLOR32_CALL Numfloppy(void);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _numfloppy(void);
@@ -2228,7 +2378,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL numfloppy(void);
 #endif
 
 /* The number of hard disks.
- *   returns  0 to 8 */
+ *   returns  the number, 0 to 8 */
 VEXLOR32_API int32_t VEXLOR32_CALL NumFixed(void);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _numfixed(void);
@@ -2296,7 +2446,7 @@ VEXLOR32_API uint32_t VEXLOR32_CALL strarg(int32_t n, char *dest);
 #endif
 
 /* The number of arguments up to the first empty one.
- *   returns  a signed number */
+ *   returns  their number, without the program itself */
 VEXLOR32_API int32_t VEXLOR32_CALL ArgCount(void);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _argc(void);
@@ -2357,7 +2507,7 @@ VEXLOR32_API uint32_t VEXLOR32_CALL strenv(int32_t n, char *dest);
 #endif
 
 /* The number of entries of the environment.
- *   returns  a signed number */
+ *   returns  their number */
 VEXLOR32_API int32_t VEXLOR32_CALL EnvCount(void);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _envc(void);
@@ -2371,7 +2521,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL _envcount(void);
 
 /* The attributes of a file or directory.
  *   name     text; NULL counts as empty
- *   returns  -1 if there is no such file */
+ *   returns  the attributes: the sum of VX_ATTR_...; -1 if there is no such file */
 VEXLOR32_API int32_t VEXLOR32_CALL FGetAttr(const char *name);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _fgetattr(const char *name);
@@ -2380,7 +2530,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL fgetattr(const char *name);
 
 /* The attributes of an open file.
  *   handle   file handle
- *   returns  0 on failure */
+ *   returns  the attributes: the sum of VX_ATTR_...; 0 on failure */
 VEXLOR32_API int32_t VEXLOR32_CALL FileAttr(int32_t handle);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _fileattr(int32_t handle);
@@ -2389,10 +2539,10 @@ VEXLOR32_API int32_t VEXLOR32_CALL fileattr(int32_t handle);
 
 /* Adds attributes to a file, or removes them.
  *   name     text; NULL counts as empty
- *   bits     the attributes to change
+ *   bits     the attributes to change, VX_ATTR_...
  *   set      0 removes them, any other adds them
  *   returns  1 if so, else 0
- * The directory and compressed bits are passed over: with 16 nothing changes. */
+ * The directory and compressed bits are passed over: with VX_ATTR_DIRECTORY (0x10) alone nothing changes. */
 VEXLOR32_API int32_t VEXLOR32_CALL FSetAttr(const char *name, int32_t bits, int32_t set);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _fsetattr(const char *name, int32_t bits, int32_t set);
@@ -2447,9 +2597,9 @@ VEXLOR32_API int32_t VEXLOR32_CALL fchanged(const char *name);
 
 /* The date on which an open file was last written; zeros on failure.
  *   handle   file handle
- *   year     receives a number; NULL is skipped
- *   month    receives a number; NULL is skipped
- *   day      receives a number; NULL is skipped
+ *   year     receives the year in full; NULL is skipped
+ *   month    receives the month, from 1; NULL is skipped
+ *   day      receives the day, from 1; NULL is skipped
  *   returns  1 if so, else 0 */
 VEXLOR32_API int32_t VEXLOR32_CALL FileDosDate(int32_t handle, int32_t *year, int32_t *month, int32_t *day);
 #ifdef VEXLOR32_ALL_NAMES
@@ -2459,9 +2609,9 @@ VEXLOR32_API int32_t VEXLOR32_CALL filedosdate(int32_t handle, int32_t *year, in
 
 /* The time at which an open file was last written; zeros on failure.
  *   handle   file handle
- *   hour     receives a number; NULL is skipped
- *   minute   receives a number; NULL is skipped
- *   second   receives a number; NULL is skipped
+ *   hour     receives the hour, 0 to 23; NULL is skipped
+ *   minute   receives the minute; NULL is skipped
+ *   second   receives the second; NULL is skipped
  *   returns  1 if so, else 0 */
 VEXLOR32_API int32_t VEXLOR32_CALL FileDosTime(int32_t handle, int32_t *hour, int32_t *minute, int32_t *second);
 #ifdef VEXLOR32_ALL_NAMES
@@ -2471,9 +2621,9 @@ VEXLOR32_API int32_t VEXLOR32_CALL filedostime(int32_t handle, int32_t *hour, in
 
 /* The date on which a file was last written; zeros on failure.
  *   name     text; NULL counts as empty
- *   year     receives a number; NULL is skipped
- *   month    receives a number; NULL is skipped
- *   day      receives a number; NULL is skipped
+ *   year     receives the year in full; NULL is skipped
+ *   month    receives the month, from 1; NULL is skipped
+ *   day      receives the day, from 1; NULL is skipped
  *   returns  1 if so, else 0 */
 VEXLOR32_API int32_t VEXLOR32_CALL FGetDosDate(const char *name, int32_t *year, int32_t *month, int32_t *day);
 #ifdef VEXLOR32_ALL_NAMES
@@ -2483,9 +2633,9 @@ VEXLOR32_API int32_t VEXLOR32_CALL fgetdosdate(const char *name, int32_t *year, 
 
 /* The time at which a file was last written; zeros on failure.
  *   name     text; NULL counts as empty
- *   hour     receives a number; NULL is skipped
- *   minute   receives a number; NULL is skipped
- *   second   receives a number; NULL is skipped
+ *   hour     receives the hour, 0 to 23; NULL is skipped
+ *   minute   receives the minute; NULL is skipped
+ *   second   receives the second; NULL is skipped
  *   returns  1 if so, else 0 */
 VEXLOR32_API int32_t VEXLOR32_CALL FGetDosTime(const char *name, int32_t *hour, int32_t *minute, int32_t *second);
 #ifdef VEXLOR32_ALL_NAMES
@@ -2611,9 +2761,9 @@ VEXLOR32_API uint32_t VEXLOR32_CALL StrFGetTime(const char *name, char *dest);
 
 /* Changes the date on which a file was last written.
  *   name     text; NULL counts as empty
- *   year     0 keeps it
- *   month    0 keeps it
- *   day      0 keeps it
+ *   year     in full; 0 keeps it
+ *   month    1 to 12; 0 keeps it
+ *   day      1 to 31; 0 keeps it
  *   returns  1 if so, else 0 */
 VEXLOR32_API int32_t VEXLOR32_CALL FSetDosDate(const char *name, int32_t year, int32_t month, int32_t day);
 #ifdef VEXLOR32_ALL_NAMES
@@ -2658,7 +2808,8 @@ VEXLOR32_API int32_t VEXLOR32_CALL fsettime(const char *name, const char *time);
 /* Begins a search: the name of the first entry taken, empty if there is none.
  *   state    NULL: nothing is found; room: 1115
  *   list     NULL: nothing is found, and the block stays as it is
- *   flags    unsigned number
+ *   flags    the sum of VX_FIND_... and of the VX_ATTR_... of which an entry has one at least; without any of these,
+ *            entries without attributes and those with VX_ATTR_ARCHIVE (0x20) are taken
  *   dest     NULL: no search is begun; room: 514
  *   returns  dest */
 VEXLOR32_API char *VEXLOR32_CALL FindFirst(void *state, const char *list, uint32_t flags, char *dest);
@@ -2714,16 +2865,16 @@ VEXLOR32_API uint32_t VEXLOR32_CALL StrFindName(const void *state, char *dest);
 
 /* The current entry's size.
  *   state    bytes, read only; room: 1115
- *   returns  low 32 bits less the high ones; 0 without an entry */
+ *   returns  bytes: the low 32 bits less the high ones; 0 without an entry */
 VEXLOR32_API uint32_t VEXLOR32_CALL FindSize(const void *state);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API uint32_t VEXLOR32_CALL _findsize(const void *state);
 VEXLOR32_API uint32_t VEXLOR32_CALL findsize(const void *state);
 #endif
 
-/* The current entry's attributes: 1 read-only, 2 hidden, 4 system, 16 directory, 32 archive, 64 compressed.
+/* The current entry's attributes.
  *   state    bytes, read only; room: 1115
- *   returns  -1 without an entry */
+ *   returns  the attributes: the sum of VX_ATTR_...; -1 without an entry */
 VEXLOR32_API int32_t VEXLOR32_CALL FindAttr(const void *state);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _findattr(const void *state);
@@ -2732,9 +2883,9 @@ VEXLOR32_API int32_t VEXLOR32_CALL findattr(const void *state);
 
 /* The date of the current entry's last change.
  *   state    bytes, read only; room: 1115
- *   year     receives a number; NULL is skipped
- *   month    receives a number; NULL is skipped
- *   day      receives a number; NULL is skipped
+ *   year     receives the year in full; NULL is skipped
+ *   month    receives the month, from 1; NULL is skipped
+ *   day      receives the day, from 1; NULL is skipped
  *   returns  0 without an entry, and the outputs are 0 */
 VEXLOR32_API int32_t VEXLOR32_CALL FindDosDate(const void *state, int32_t *year, int32_t *month, int32_t *day);
 #ifdef VEXLOR32_ALL_NAMES
@@ -2744,9 +2895,9 @@ VEXLOR32_API int32_t VEXLOR32_CALL finddosdate(const void *state, int32_t *year,
 
 /* The time of the current entry's last change.
  *   state    bytes, read only; room: 1115
- *   hour     receives a number; NULL is skipped
- *   minute   receives a number; NULL is skipped
- *   second   receives a number; NULL is skipped
+ *   hour     receives the hour, 0 to 23; NULL is skipped
+ *   minute   receives the minute; NULL is skipped
+ *   second   receives the second; NULL is skipped
  *   returns  0 without an entry, and the outputs are 0 */
 VEXLOR32_API int32_t VEXLOR32_CALL FindDosTime(const void *state, int32_t *hour, int32_t *minute, int32_t *second);
 #ifdef VEXLOR32_ALL_NAMES
@@ -2814,7 +2965,8 @@ VEXLOR32_API uint32_t VEXLOR32_CALL StrFindTime(const void *state, char *dest);
 
 /* Whether every pattern finds something, and what it finds first is taken.
  *   list     an empty one gives 1; NULL counts as empty
- *   flags    unsigned number
+ *   flags    the sum of VX_FIND_... and of the VX_ATTR_... of which an entry has one at least; without any of these,
+ *            entries without attributes and those with VX_ATTR_ARCHIVE (0x20) are taken
  *   returns  1 if so, else 0 */
 VEXLOR32_API int32_t VEXLOR32_CALL IsFile(const char *list, uint32_t flags);
 #ifdef VEXLOR32_ALL_NAMES
@@ -2824,8 +2976,9 @@ VEXLOR32_API int32_t VEXLOR32_CALL isfile(const char *list, uint32_t flags);
 
 /* The sizes of all entries that a search takes.
  *   list     text; NULL counts as empty
- *   flags    unsigned number
- *   returns  modulo 2^32 */
+ *   flags    the sum of VX_FIND_... and of the VX_ATTR_... of which an entry has one at least; without any of these,
+ *            entries without attributes and those with VX_ATTR_ARCHIVE (0x20) are taken
+ *   returns  bytes, modulo 2^32 */
 VEXLOR32_API uint32_t VEXLOR32_CALL DirSize(const char *list, uint32_t flags);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API uint32_t VEXLOR32_CALL _dirsize(const char *list, uint32_t flags);
@@ -2834,8 +2987,9 @@ VEXLOR32_API uint32_t VEXLOR32_CALL dirsize(const char *list, uint32_t flags);
 
 /* The number of entries that a search takes.
  *   list     text; NULL counts as empty
- *   flags    unsigned number
- *   returns  a signed number
+ *   flags    the sum of VX_FIND_... and of the VX_ATTR_... of which an entry has one at least; without any of these,
+ *            entries without attributes and those with VX_ATTR_ARCHIVE (0x20) are taken
+ *   returns  their number, or -1 when an error was left behind
  * A pattern that finds nothing makes it -1 when a later one finds something, and a pattern that has come to its end
  * ends the count. */
 VEXLOR32_API int32_t VEXLOR32_CALL FileCount(const char *list, uint32_t flags);
@@ -2873,7 +3027,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL feraseall(const char *list);
 /* Deletes the files that match in a directory and in all below it.
  *   path     of a directory; empty is the current one; NULL counts as empty
  *   list     patterns of names, without directories; an empty one deletes nothing; NULL counts as empty
- *   returns  0 or -1
+ *   returns  0, or -1 on failure
  * -1 when a file could not be deleted. Of the directories right below one, only the last one's result counts. */
 VEXLOR32_API int32_t VEXLOR32_CALL FPrune(const char *path, const char *list);
 #ifdef VEXLOR32_ALL_NAMES
@@ -2883,7 +3037,9 @@ VEXLOR32_API int32_t VEXLOR32_CALL fprune(const char *path, const char *list);
 
 /* Deletes a tree of files and directories.
  *   path     of a directory; empty is the current one; NULL counts as empty
- *   mode     0 deletes all; 1 keeps the directory itself; 2 and 3 also its own files; 4 also all directories
+ *   mode     VX_PRUNE_ALL (0) deletes all; VX_PRUNE_KEEP_TOP (1) keeps the directory itself; VX_PRUNE_KEEP_TOP_FILES
+ *            (2) and 3 also its own files; VX_PRUNE_KEEP_DIRECTORIES (4) also all directories; any other deletes
+ *            nothing and gives -1
  *   returns  0, or -1 if something could not be deleted
  * Read-only files stay, and so do those hidden or system ones that lack the archive attribute. */
 VEXLOR32_API int32_t VEXLOR32_CALL Prune(const char *path, int32_t mode);
@@ -3085,7 +3241,6 @@ VEXLOR32_API int32_t VEXLOR32_CALL _isqueue(void);
 VEXLOR32_API int32_t VEXLOR32_CALL Compress(int32_t a, int32_t b, int32_t c);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _compress(int32_t a, int32_t b, int32_t c);
-VEXLOR32_API int32_t VEXLOR32_CALL compress(int32_t a, int32_t b, int32_t c);
 #endif
 
 /* Shows that the function has not been implemented.
@@ -3128,9 +3283,10 @@ VEXLOR32_API int32_t VEXLOR32_CALL _fdecompress(int32_t a, int32_t b);
 
 /* Opens a file.
  *   name     text; NULL counts as empty
- *   mode     0 to read, 1 to write, 2 for both; plus what others may not do: 0 or 64 nothing, 16 all, 32 write, 48
- *            read
- *   returns  -1 on failure */
+ *   mode     VX_OPEN_READ (0), VX_OPEN_WRITE (1) or VX_OPEN_READWRITE (2), plus what others may not do:
+ *            VX_SHARE_DENY_NONE (0x40) or VX_SHARE_COMPATIBLE (0x00), VX_SHARE_EXCLUSIVE (0x10), VX_SHARE_DENY_WRITE
+ *            (0x20) or VX_SHARE_DENY_READ (0x30)
+ *   returns  the file's handle; -1 on failure */
 VEXLOR32_API int32_t VEXLOR32_CALL FOpen(const char *name, uint32_t mode);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _fopen(const char *name, uint32_t mode);
@@ -3138,8 +3294,9 @@ VEXLOR32_API int32_t VEXLOR32_CALL _fopen(const char *name, uint32_t mode);
 
 /* Creates a file, or empties the one that is there, and opens it for reading and writing.
  *   name       text; NULL counts as empty
- *   attribute  0 normal, 1 read-only, 2 hidden, 4 system
- *   returns    -1 on failure */
+ *   attribute  VX_ATTR_NORMAL (0x00), or the sum of VX_ATTR_READONLY (0x01), VX_ATTR_HIDDEN (0x02) and VX_ATTR_SYSTEM
+ *              (0x04)
+ *   returns    the file's handle; -1 on failure */
 VEXLOR32_API int32_t VEXLOR32_CALL FCreate(const char *name, uint32_t attribute);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _fcreate(const char *name, uint32_t attribute);
@@ -3148,8 +3305,9 @@ VEXLOR32_API int32_t VEXLOR32_CALL fcreate(const char *name, uint32_t attribute)
 
 /* Creates a file under a name that does not exist and opens it for reading and writing.
  *   name       text; NULL counts as empty
- *   attribute  0 normal, 1 read-only, 2 hidden, 4 system
- *   returns    -1 on failure
+ *   attribute  VX_ATTR_NORMAL (0x00), or the sum of VX_ATTR_READONLY (0x01), VX_ATTR_HIDDEN (0x02) and VX_ATTR_SYSTEM
+ *              (0x04)
+ *   returns    the file's handle; -1 on failure
  * A file that has no attribute at all, not even the archive attribute, is not seen: it is emptied as by FCreate. */
 VEXLOR32_API int32_t VEXLOR32_CALL FCreatef(const char *name, uint32_t attribute);
 #ifdef VEXLOR32_ALL_NAMES
@@ -3168,7 +3326,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL _fclose(int32_t handle);
 /* Reads bytes.
  *   handle   file handle
  *   buffer   memory block of the caller; room: count
- *   count    unsigned number
+ *   count    how many bytes at most
  *   returns  the number of bytes read, 0 at the end of the file, -1 on failure */
 VEXLOR32_API int32_t VEXLOR32_CALL FRead(int32_t handle, void *buffer, uint32_t count);
 #ifdef VEXLOR32_ALL_NAMES
@@ -3178,7 +3336,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL _fread(int32_t handle, void *buffer, uint32_t
 /* Writes bytes.
  *   handle   file handle
  *   buffer   bytes, read only; room: max(count, 0)
- *   count    below 1, nothing is written
+ *   count    how many bytes; below 1, nothing is written
  *   returns  the number of bytes written, fewer when the disk is full; -1 on failure */
 VEXLOR32_API int32_t VEXLOR32_CALL FWrite(int32_t handle, const void *buffer, int32_t count);
 #ifdef VEXLOR32_ALL_NAMES
@@ -3188,21 +3346,21 @@ VEXLOR32_API int32_t VEXLOR32_CALL _fwrite(int32_t handle, const void *buffer, i
 /* Reads bytes.
  *   handle   file handle
  *   buffer   memory block of the caller; room: max(count, 0)
- *   count    below 1, nothing is read
+ *   count    how many bytes at most; below 1, nothing is read
  *   returns  the number of bytes read, 0 at the end of the file, -1 on failure */
 VEXLOR32_API int32_t VEXLOR32_CALL hread(int32_t handle, void *buffer, int32_t count);
 
 /* Writes bytes and does not tell whether that went well.
  *   handle   file handle
  *   buffer   bytes, read only; room: max(count, 0)
- *   count    below 1, nothing is written
+ *   count    how many bytes; below 1, nothing is written
  *   returns  nothing */
 VEXLOR32_API void VEXLOR32_CALL hwrite(int32_t handle, const void *buffer, int32_t count);
 
 /* Moves the position, which may go beyond the end.
  *   handle   file handle
- *   offset   signed number
- *   origin   0 from the start, 1 from the position, 2 from the end
+ *   offset   in bytes, negative to go backwards
+ *   origin   VX_SEEK_START (0), VX_SEEK_CURRENT (1) or VX_SEEK_END (2)
  *   returns  the new position; -1 on failure, and it is where it was */
 VEXLOR32_API int32_t VEXLOR32_CALL FSeek(int32_t handle, int32_t offset, int32_t origin);
 #ifdef VEXLOR32_ALL_NAMES
@@ -3211,7 +3369,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL _fseek(int32_t handle, int32_t offset, int32_
 
 /* The position.
  *   handle   file handle
- *   returns  -1 on failure */
+ *   returns  in bytes from the start of the file; -1 on failure */
 VEXLOR32_API int32_t VEXLOR32_CALL FTell(int32_t handle);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _ftell(int32_t handle);
@@ -3219,7 +3377,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL _ftell(int32_t handle);
 
 /* The length of the file.
  *   handle   file handle
- *   returns  -1 on failure */
+ *   returns  in bytes; -1 on failure */
 VEXLOR32_API int32_t VEXLOR32_CALL FLen(int32_t handle);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _flen(int32_t handle);
@@ -3262,9 +3420,9 @@ VEXLOR32_API int32_t VEXLOR32_CALL fcommit(int32_t handle);
 
 /* Locks nothing: it is for descriptors of a C runtime, and file handles are none.
  *   handle   file handle
- *   offset   signed number
- *   mode     signed number
- *   flag     signed number
+ *   offset   in bytes; has no effect
+ *   mode     has no effect
+ *   flag     has no effect
  *   returns  0 */
 VEXLOR32_API int32_t VEXLOR32_CALL FAccess(int32_t handle, int32_t offset, int32_t mode, int32_t flag);
 #ifdef VEXLOR32_ALL_NAMES
@@ -3291,14 +3449,14 @@ VEXLOR32_API int32_t VEXLOR32_CALL validhandle(int32_t handle);
 #endif
 
 /* The reason of the last failure on this thread.
- *   returns  a Windows error number; 2 when a file is not found, 5 when access is denied */
+ *   returns  a Windows error number; VX_ERROR_FILE_NOT_FOUND (2), VX_ERROR_ACCESS_DENIED (5) and so on */
 VEXLOR32_API uint32_t VEXLOR32_CALL FError(void);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API uint32_t VEXLOR32_CALL _ferror(void);
 #endif
 
 /* Sets what FError tells.
- *   code     unsigned number
+ *   code     a Windows error number; VX_ERROR_NONE (0) forgets the last failure
  *   returns  nothing */
 VEXLOR32_API void VEXLOR32_CALL SetFError(uint32_t code);
 #ifdef VEXLOR32_ALL_NAMES
@@ -3353,7 +3511,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL freadbyte(int32_t handle);
 
 /* Writes a number of 32 bits, its low byte first.
  *   handle   file handle
- *   value    unsigned number
+ *   value    the number
  *   returns  the number of bytes written; -1 on failure */
 VEXLOR32_API int32_t VEXLOR32_CALL FWriteDword(int32_t handle, uint32_t value);
 #ifdef VEXLOR32_ALL_NAMES
@@ -3363,7 +3521,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL fwritedword(int32_t handle, uint32_t value);
 
 /* Writes a number of 32 bits, its low byte first.
  *   handle   file handle
- *   value    signed number
+ *   value    the number
  *   returns  the number of bytes written; -1 on failure */
 VEXLOR32_API int32_t VEXLOR32_CALL FWriteLong(int32_t handle, int32_t value);
 #ifdef VEXLOR32_ALL_NAMES
@@ -3373,7 +3531,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL fwritelong(int32_t handle, int32_t value);
 
 /* Writes a number of 32 bits, its low byte first.
  *   handle   file handle
- *   value    signed number
+ *   value    the number
  *   returns  the number of bytes written; -1 on failure */
 VEXLOR32_API int32_t VEXLOR32_CALL FWriteInt(int32_t handle, int32_t value);
 #ifdef VEXLOR32_ALL_NAMES
@@ -3404,7 +3562,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL fwritebyte(int32_t handle, int32_t value);
 /* Reads bytes and puts a terminator behind them; an empty text on failure.
  *   handle   file handle
  *   buffer   destination; room: max(count, 0) + 1; NULL: nothing is written
- *   count    below 1, nothing is read
+ *   count    how many bytes at most; below 1, nothing is read
  *   returns  buffer */
 VEXLOR32_API char *VEXLOR32_CALL FReadStr(int32_t handle, char *buffer, int32_t count);
 #ifdef VEXLOR32_ALL_NAMES
@@ -3422,7 +3580,7 @@ VEXLOR32_API uint32_t VEXLOR32_CALL StrFReadStr(int32_t handle, char *buffer, in
  * character.
  *   handle     file handle
  *   buffer     memory block of the caller; room: max(count, 0) + 1
- *   count      below 1, nothing is read
+ *   count      how many bytes at most; below 1, nothing is read
  *   delimiter  a character; below 0, all bytes are read and no terminator is written
  *   returns    the number of bytes up to the position; -1 on failure */
 VEXLOR32_API int32_t VEXLOR32_CALL FReads(int32_t handle, void *buffer, int32_t count, int32_t delimiter);
@@ -3488,14 +3646,7 @@ VEXLOR32_API char *VEXLOR32_CALL _strwrap(const char *text, int32_t line, int32_
 VEXLOR32_API char *VEXLOR32_CALL strwrap(const char *text, int32_t line, int32_t width, char *dest);
 #endif
 
-/* A line of the text as it falls when wrapped at blanks to a width, padded with blanks to that width.
- *   text     text; NULL counts as empty
- *   line     from 1; below 1 gives a line of blanks, past the last line an empty text
- *   width    in characters; below 1 gives an empty text
- *   dest     destination; room: max(width, 0) + 1; NULL: nothing is written
- *   returns  dest; the end of the line of blanks for a line below 1 or an empty text
- * The character behind a full line is not looked at: a word that ends exactly at the width still moves on when a
- * blank stands before it. */
+/* As StrWrap, returning the length of the line in dest; a line of blanks counts, too; 0 when dest is NULL. */
 VEXLOR32_API uint32_t VEXLOR32_CALL strstrwrap(const char *text, int32_t line, int32_t width, char *dest);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API uint32_t VEXLOR32_CALL StrStrWrap(const char *text, int32_t line, int32_t width, char *dest);
@@ -3539,7 +3690,6 @@ VEXLOR32_API int32_t VEXLOR32_CALL linecount(const char *text);
 VEXLOR32_API char *VEXLOR32_CALL ReadLine(const char *text, int32_t line, char *dest);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API char *VEXLOR32_CALL _readline(const char *text, int32_t line, char *dest);
-VEXLOR32_API char *VEXLOR32_CALL readline(const char *text, int32_t line, char *dest);
 #endif
 
 /* As ReadLine, returning the length of the resulting text. */
@@ -3589,7 +3739,8 @@ VEXLOR32_API uint32_t VEXLOR32_CALL StrTabExpand(const char *text, int32_t tabWi
 /* The text set in a field of `width` characters, cut at its end if longer.
  *   text     NULL gives an empty text
  *   width    in characters; below 1 gives an empty text
- *   mode     1 as it is, 2 left, 3 right with its trailing blanks, any other right without them
+ *   mode     VX_JUSTIFY_NONE (1) as it is, VX_JUSTIFY_LEFT (2), VX_JUSTIFY_RIGHT (3) with its trailing blanks, any
+ *            other at the right without them
  *   fill     its first character pads; NULL or empty: the fill character
  *   dest     destination; room: max(width, 0) + 1; NULL: nothing is written
  *   returns  dest */
@@ -3676,9 +3827,9 @@ VEXLOR32_API int32_t VEXLOR32_CALL fbot(int32_t handle);
 
 /* Goes to a line.
  *   handle   file handle
- *   n        signed number
- *   origin   0: line n of the file; 1: n lines forward, or back if below 0; 2: line n from the end, whatever its
- *            sign; any other: stay
+ *   n        the number of the line, from 1, or of lines
+ *   origin   VX_SEEK_START (0): line n of the file; VX_SEEK_CURRENT (1): n lines forward, or back if below 0;
+ *            VX_SEEK_END (2): line n from the end, whatever its sign; any other: stay
  *   returns  the position; -1 on failure
  * For origin 2 and n = 0 the position is the end of the file, and the result is 1, as FBot gives it. */
 VEXLOR32_API int32_t VEXLOR32_CALL FSeekLine(int32_t handle, int32_t n, int32_t origin);
@@ -3689,7 +3840,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL fseekline(int32_t handle, int32_t n, int32_t 
 
 /* The number of lines from the position to the end; the position stays.
  *   handle   file handle
- *   returns  -1 on failure */
+ *   returns  the number of lines; -1 on failure */
 VEXLOR32_API int32_t VEXLOR32_CALL FLineCount(int32_t handle);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _flinecount(int32_t handle);
@@ -3699,8 +3850,8 @@ VEXLOR32_API int32_t VEXLOR32_CALL flinecount(int32_t handle);
 /* Finds a text from the position on and goes there; the position stays if there is none.
  *   handle   file handle
  *   text     up to 32767 bytes; not found if empty or longer; NULL counts as empty
- *   mode     0 compares exactly; 1: the file's bytes are taken in upper case, any other in lower case, the text
- *            always as it is
+ *   mode     VX_LOCATE_EXACT (0) compares exactly; VX_LOCATE_UPPER (1): the file's bytes are taken in upper case, any
+ *            other in lower case, the text always as it is
  *   returns  the position where it begins; -2 if there is none, -1 on failure */
 VEXLOR32_API int32_t VEXLOR32_CALL FLocate(int32_t handle, const char *text, int32_t mode);
 #ifdef VEXLOR32_ALL_NAMES
@@ -3711,9 +3862,9 @@ VEXLOR32_API int32_t VEXLOR32_CALL flocate(int32_t handle, const char *text, int
 /* The number of occurrences, without overlap, of a text from the position to the end; the position stays.
  *   handle   file handle
  *   text     up to 32767 bytes; -1 if empty, 0 if longer; NULL counts as empty
- *   mode     0 compares exactly; 1: the file's bytes are taken in upper case, any other in lower case, the text
- *            always as it is
- *   returns  -1 on failure */
+ *   mode     VX_LOCATE_EXACT (0) compares exactly; VX_LOCATE_UPPER (1): the file's bytes are taken in upper case, any
+ *            other in lower case, the text always as it is
+ *   returns  the number of occurrences; -1 on failure */
 VEXLOR32_API int32_t VEXLOR32_CALL FStrCount(int32_t handle, const char *text, int32_t mode);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _fstrcount(int32_t handle, const char *text, int32_t mode);
@@ -3892,9 +4043,10 @@ VEXLOR32_API uint32_t VEXLOR32_CALL StrFTempName(const char *pattern, char *dest
 
 /* Creates a new file under a temporary name and opens it.
  *   pattern    wildcards in its name and extension are filled; NULL counts as empty
- *   attribute  of the new file: 1 read-only, 2 hidden, 4 system
+ *   attribute  of the new file: VX_ATTR_NORMAL (0x00), or the sum of VX_ATTR_READONLY (0x01), VX_ATTR_HIDDEN (0x02)
+ *              and VX_ATTR_SYSTEM (0x04)
  *   dest       NULL: nothing happens, and the result is -1; room: min(len(pattern), 767) + 14
- *   returns    -1 if none of 100 names could be had */
+ *   returns    the file's handle; -1 if none of 100 names could be had */
 VEXLOR32_API int32_t VEXLOR32_CALL FUnique(const char *pattern, uint32_t attribute, char *dest);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _funique(const char *pattern, uint32_t attribute, char *dest);
@@ -4003,7 +4155,7 @@ VEXLOR32_API uint32_t VEXLOR32_CALL strdectohex(uint32_t value, char *dest);
 #endif
 
 /* A 32-bit value as eight hexadecimal digits.
- *   value    unsigned number
+ *   value    the number
  *   dest     destination; room: 9; NULL: nothing is written
  *   returns  dest */
 VEXLOR32_API char *VEXLOR32_CALL LongToHex(uint32_t value, char *dest);
@@ -4022,7 +4174,7 @@ VEXLOR32_API uint32_t VEXLOR32_CALL strlongtohex(uint32_t value, char *dest);
 #endif
 
 /* A 32-bit value as eight hexadecimal digits.
- *   value    unsigned number
+ *   value    the number
  *   dest     destination; room: 9; NULL: nothing is written
  *   returns  dest */
 VEXLOR32_API char *VEXLOR32_CALL DwordToHex(uint32_t value, char *dest);
@@ -4032,7 +4184,7 @@ VEXLOR32_API char *VEXLOR32_CALL _dwordtohex(uint32_t value, char *dest);
 #endif
 
 /* A 32-bit value as two groups of four hexadecimal digits with a colon between them.
- *   value    unsigned number
+ *   value    the number
  *   dest     destination; room: 10; NULL: nothing is written
  *   returns  dest */
 VEXLOR32_API char *VEXLOR32_CALL PtrToHex(uint32_t value, char *dest);
@@ -4140,7 +4292,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL _bintonum(const char *text);
 #endif
 
 /* A value in any base, digits 0 to 9 and A to Z.
- *   value    unsigned number
+ *   value    the number
  *   base     2 to 36; any other gives an empty text
  *   dest     destination; room: 33; NULL: nothing is written
  *   returns  dest */
@@ -4203,7 +4355,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL _random(int32_t seed);
 
 /* Compiles a pattern.
  *   pattern  the pattern; NULL or empty asks for the last one
- *   returns  0, or the error code */
+ *   returns  VX_REGEX_OK (0), or the error code, VX_REGEX_... */
 VEXLOR32_API int32_t VEXLOR32_CALL RegCheck(const char *pattern);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _regcheck(const char *pattern);
@@ -4213,7 +4365,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL regcheck(const char *pattern);
 /* Where a pattern first matches.
  *   pattern  the pattern; NULL or empty means the last one
  *   text     text; NULL counts as empty
- *   returns  the position (the first character is 1), 0 if there is none, or the error code */
+ *   returns  the position (the first character is 1), 0 if there is none, or the error code, VX_REGEX_... */
 VEXLOR32_API int32_t VEXLOR32_CALL RegAt(const char *pattern, const char *text);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _regat(const char *pattern, const char *text);
@@ -4224,7 +4376,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL regat(const char *pattern, const char *text);
  *   pattern  the pattern; NULL or empty means the last one
  *   text     text; NULL counts as empty
  *   n        which match, 1 for the first
- *   returns  the position (the first character is 1), 0 if there are fewer matches, or the error code */
+ *   returns  the position (the first character is 1), 0 if there are fewer matches, or the error code, VX_REGEX_... */
 VEXLOR32_API int32_t VEXLOR32_CALL RegAtNext(const char *pattern, const char *text, uint32_t n);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _regatnext(const char *pattern, const char *text, uint32_t n);
@@ -4235,7 +4387,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL regatnext(const char *pattern, const char *te
  *   pattern  the pattern; NULL or empty means the last one
  *   text     text; NULL counts as empty
  *   n        which match, 1 for the first
- *   returns  the length, 0 if there are fewer matches, or the error code */
+ *   returns  the length, 0 if there are fewer matches, or the error code, VX_REGEX_... */
 VEXLOR32_API int32_t VEXLOR32_CALL RegLen(const char *pattern, const char *text, uint32_t n);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _reglen(const char *pattern, const char *text, uint32_t n);
@@ -4246,7 +4398,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL reglen(const char *pattern, const char *text,
  * start.
  *   pattern  the pattern; NULL or empty means the last one
  *   text     text; NULL counts as empty
- *   returns  the number of matches, or the error code */
+ *   returns  the number of matches, or the error code, VX_REGEX_... */
 VEXLOR32_API int32_t VEXLOR32_CALL RegCount(const char *pattern, const char *text);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _regcount(const char *pattern, const char *text);
@@ -4267,14 +4419,7 @@ VEXLOR32_API char *VEXLOR32_CALL _regextract(const char *pattern, const char *te
 VEXLOR32_API char *VEXLOR32_CALL regextract(const char *pattern, const char *text, uint32_t n, char *dest, uint32_t size);
 #endif
 
-/* The n-th match, cut to size - 1 characters; empty if there are fewer matches or the pattern is bad.
- *   pattern  the pattern; NULL or empty means the last one
- *   text     text; NULL counts as empty
- *   n        which match, 1 for the first
- *   dest     destination; room: min(size, len(text) + 2); NULL: nothing is written; left as it is when size is below
- *            1
- *   size     bytes at dest, the terminator included
- *   returns  an unsigned number */
+/* As RegExtract, returning the length of the text in dest; 0 when dest is NULL or size is 0. */
 VEXLOR32_API uint32_t VEXLOR32_CALL StrRegExtract(const char *pattern, const char *text, uint32_t n, char *dest, uint32_t size);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API uint32_t VEXLOR32_CALL strregextract(const char *pattern, const char *text, uint32_t n, char *dest, uint32_t size);
@@ -4296,16 +4441,7 @@ VEXLOR32_API char *VEXLOR32_CALL _regswap(const char *pattern, const char *text,
 VEXLOR32_API char *VEXLOR32_CALL regswap(const char *pattern, const char *text, uint32_t n, const char *replacement, char *dest, uint32_t size);
 #endif
 
-/* The text with its n-th match replaced, cut to size - 1 characters; the whole text if there are fewer matches, empty
- * if the pattern is bad.
- *   pattern      the pattern; NULL or empty means the last one
- *   text         text; NULL counts as empty
- *   n            which match, 1 for the first
- *   replacement  the new text, with & and \\0 for the match and \\1 to \\9 for the groups; NULL counts as empty
- *   dest         destination; room: min(size, len(text) + (len(text) + 1) * len(replacement) + 1); NULL: nothing is
- *                written; left as it is when size is below 1
- *   size         bytes at dest, the terminator included
- *   returns      an unsigned number */
+/* As RegSwap, returning the length of the text in dest; 0 when dest is NULL or size is 0. */
 VEXLOR32_API uint32_t VEXLOR32_CALL StrRegSwap(const char *pattern, const char *text, uint32_t n, const char *replacement, char *dest, uint32_t size);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API uint32_t VEXLOR32_CALL strregswap(const char *pattern, const char *text, uint32_t n, const char *replacement, char *dest, uint32_t size);
@@ -4328,17 +4464,7 @@ VEXLOR32_API char *VEXLOR32_CALL _reginfo(const char *pattern, const char *text,
 VEXLOR32_API char *VEXLOR32_CALL reginfo(const char *pattern, const char *text, uint32_t n, int32_t *position, int32_t *length, char *dest, uint32_t size);
 #endif
 
-/* The n-th match, its position and its length. A bad pattern leaves position and length as they were.
- *   pattern   the pattern; NULL or empty means the last one
- *   text      text; NULL counts as empty
- *   n         which match, 1 for the first
- *   position  receives the position (the first character is 1); with fewer matches, how many characters lie before
- *             the last, failing search; NULL is skipped
- *   length    receives the length, 0 if there are fewer matches; NULL is skipped
- *   dest      receives the match, cut to size - 1 characters; NULL is skipped; room: min(size, len(text) + 2); left
- *             as it is when size is below 1
- *   size      bytes at dest, the terminator included
- *   returns   an unsigned number */
+/* As RegInfo, returning the length of the text in dest; 0 when dest is NULL or size is 0. */
 VEXLOR32_API uint32_t VEXLOR32_CALL StrRegInfo(const char *pattern, const char *text, uint32_t n, int32_t *position, int32_t *length, char *dest, uint32_t size);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API uint32_t VEXLOR32_CALL strreginfo(const char *pattern, const char *text, uint32_t n, int32_t *position, int32_t *length, char *dest, uint32_t size);
@@ -4697,7 +4823,7 @@ VEXLOR32_API char *VEXLOR32_CALL _strdiff(const char *a, const char *b);
 VEXLOR32_API char *VEXLOR32_CALL strdiff(const char *a, const char *b);
 #endif
 
-/* As StrDiff, returning the length of the resulting text. */
+/* As StrDiff, returning the length of what follows that place in b. */
 VEXLOR32_API uint32_t VEXLOR32_CALL strstrdiff(const char *a, const char *b);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API uint32_t VEXLOR32_CALL StrStrDiff(const char *a, const char *b);
@@ -5133,7 +5259,6 @@ VEXLOR32_API int32_t VEXLOR32_CALL _mouselang(int32_t selector);
  *   returns  0 */
 VEXLOR32_API int32_t VEXLOR32_CALL InPort(int32_t port);
 #ifdef VEXLOR32_ALL_NAMES
-VEXLOR32_API int32_t VEXLOR32_CALL inp(int32_t port);
 VEXLOR32_API int32_t VEXLOR32_CALL inport(int32_t port);
 VEXLOR32_API int32_t VEXLOR32_CALL _inport(int32_t port);
 #endif
@@ -5144,7 +5269,6 @@ VEXLOR32_API int32_t VEXLOR32_CALL _inport(int32_t port);
  *   returns  nothing */
 VEXLOR32_API void VEXLOR32_CALL OutPort(int32_t port, int32_t value);
 #ifdef VEXLOR32_ALL_NAMES
-VEXLOR32_API void VEXLOR32_CALL outp(int32_t port, int32_t value);
 VEXLOR32_API void VEXLOR32_CALL outport(int32_t port, int32_t value);
 VEXLOR32_API void VEXLOR32_CALL _outport(int32_t port, int32_t value);
 #endif
@@ -5155,7 +5279,6 @@ VEXLOR32_API void VEXLOR32_CALL _outport(int32_t port, int32_t value);
  *   returns  nothing */
 VEXLOR32_API void VEXLOR32_CALL OutPortWord(int32_t port, int32_t value);
 #ifdef VEXLOR32_ALL_NAMES
-VEXLOR32_API void VEXLOR32_CALL outpw(int32_t port, int32_t value);
 VEXLOR32_API void VEXLOR32_CALL outportword(int32_t port, int32_t value);
 VEXLOR32_API void VEXLOR32_CALL _outportword(int32_t port, int32_t value);
 #endif
@@ -5258,8 +5381,8 @@ VEXLOR32_API int32_t VEXLOR32_CALL silence(void);
 #endif
 
 /* Whether all bits of a mask are set in a value.
- *   value    signed number
- *   mask     signed number
+ *   value    any bits
+ *   mask     the bits that are tested; none gives 1
  *   returns  1 if so, else 0 */
 VEXLOR32_API int32_t VEXLOR32_CALL Test(int32_t value, int32_t mask);
 #ifdef VEXLOR32_ALL_NAMES
@@ -5268,9 +5391,9 @@ VEXLOR32_API int32_t VEXLOR32_CALL test(int32_t value, int32_t mask);
 #endif
 
 /* A value shifted right; the sign is kept.
- *   value    signed number
- *   count    its low five bits count
- *   returns  a signed number */
+ *   value    any bits
+ *   count    by how many bits; its low five bits count
+ *   returns  the shifted value */
 VEXLOR32_API int32_t VEXLOR32_CALL Shr(int32_t value, int32_t count);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _shr(int32_t value, int32_t count);
@@ -5278,9 +5401,9 @@ VEXLOR32_API int32_t VEXLOR32_CALL shr(int32_t value, int32_t count);
 #endif
 
 /* A value shifted left.
- *   value    signed number
- *   count    its low five bits count
- *   returns  a signed number */
+ *   value    any bits
+ *   count    by how many bits; its low five bits count
+ *   returns  the shifted value */
 VEXLOR32_API int32_t VEXLOR32_CALL Shl(int32_t value, int32_t count);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _shl(int32_t value, int32_t count);
@@ -5288,9 +5411,9 @@ VEXLOR32_API int32_t VEXLOR32_CALL shl(int32_t value, int32_t count);
 #endif
 
 /* A value shifted right; the sign is kept.
- *   value    signed number
- *   count    its low five bits count
- *   returns  a signed number */
+ *   value    any bits
+ *   count    by how many bits; its low five bits count
+ *   returns  the shifted value */
 VEXLOR32_API int32_t VEXLOR32_CALL _LShr(int32_t value, int32_t count);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _lshr(int32_t value, int32_t count);
@@ -5298,9 +5421,9 @@ VEXLOR32_API int32_t VEXLOR32_CALL lshr(int32_t value, int32_t count);
 #endif
 
 /* A value shifted left.
- *   value    signed number
- *   count    its low five bits count
- *   returns  a signed number */
+ *   value    any bits
+ *   count    by how many bits; its low five bits count
+ *   returns  the shifted value */
 VEXLOR32_API int32_t VEXLOR32_CALL _LShl(int32_t value, int32_t count);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _lshl(int32_t value, int32_t count);
@@ -5308,9 +5431,9 @@ VEXLOR32_API int32_t VEXLOR32_CALL lshl(int32_t value, int32_t count);
 #endif
 
 /* The bits that are set in either value.
- *   a        signed number
- *   b        signed number
- *   returns  a signed number */
+ *   a        any bits
+ *   b        any bits
+ *   returns  all of them */
 VEXLOR32_API int32_t VEXLOR32_CALL Ior(int32_t a, int32_t b);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _ior(int32_t a, int32_t b);
@@ -5322,12 +5445,13 @@ VEXLOR32_API int32_t VEXLOR32_CALL ior(int32_t a, int32_t b);
 
 /* The hour, minute and second of a time text, not checked; what is missing is 0.
  *   text     hour, minute and second with colons between; NULL: nothing is stored
- *   hour     receives a number; NULL is skipped
- *   minute   receives a number; NULL is skipped
- *   second   receives a number; NULL is skipped
+ *   hour     receives the hour; NULL is skipped
+ *   minute   receives the minute; NULL is skipped
+ *   second   receives the second; NULL is skipped
  *   returns  nothing */
 VEXLOR32_API void VEXLOR32_CALL TimeToInt(const char *text, int32_t *hour, int32_t *minute, int32_t *second);
 #ifdef VEXLOR32_ALL_NAMES
+#undef _ttoi
 VEXLOR32_API void VEXLOR32_CALL _ttoi(const char *text, int32_t *hour, int32_t *minute, int32_t *second);
 VEXLOR32_API void VEXLOR32_CALL ttoi(const char *text, int32_t *hour, int32_t *minute, int32_t *second);
 VEXLOR32_API void VEXLOR32_CALL timetoint(const char *text, int32_t *hour, int32_t *minute, int32_t *second);
@@ -5344,9 +5468,9 @@ VEXLOR32_API int32_t VEXLOR32_CALL checktime(const char *text);
 #endif
 
 /* A time of day as seconds since midnight, not checked.
- *   hour     signed number
- *   minute   signed number
- *   second   signed number
+ *   hour     0 to 23
+ *   minute   0 to 59
+ *   second   0 to 59
  *   returns  the seconds since midnight */
 VEXLOR32_API int32_t VEXLOR32_CALL IntToJTime(int32_t hour, int32_t minute, int32_t second);
 #ifdef VEXLOR32_ALL_NAMES
@@ -5358,9 +5482,9 @@ VEXLOR32_API int32_t VEXLOR32_CALL _inttojtime(int32_t hour, int32_t minute, int
 
 /* The hour, minute and second of a number of seconds since midnight.
  *   seconds  since midnight; whole days are taken off, so -1 is 23:59:59
- *   hour     receives a number; NULL is skipped
- *   minute   receives a number; NULL is skipped
- *   second   receives a number; NULL is skipped
+ *   hour     receives the hour, 0 to 23; NULL is skipped
+ *   minute   receives the minute; NULL is skipped
+ *   second   receives the second; NULL is skipped
  *   returns  nothing */
 VEXLOR32_API void VEXLOR32_CALL JTimeToInt(int32_t seconds, int32_t *hour, int32_t *minute, int32_t *second);
 #ifdef VEXLOR32_ALL_NAMES
@@ -5379,9 +5503,9 @@ VEXLOR32_API int32_t VEXLOR32_CALL getjtime(void);
 #endif
 
 /* The hour, minute and second of the machine's clock.
- *   hour     receives a number; NULL is skipped
- *   minute   receives a number; NULL is skipped
- *   second   receives a number; NULL is skipped
+ *   hour     receives the hour, 0 to 23; NULL is skipped
+ *   minute   receives the minute; NULL is skipped
+ *   second   receives the second; NULL is skipped
  *   returns  nothing */
 VEXLOR32_API void VEXLOR32_CALL DosGetTime(int32_t *hour, int32_t *minute, int32_t *second);
 #ifdef VEXLOR32_ALL_NAMES
@@ -5390,9 +5514,9 @@ VEXLOR32_API void VEXLOR32_CALL dosgettime(int32_t *hour, int32_t *minute, int32
 #endif
 
 /* Sets the time of the machine's clock; date and milliseconds stay. Only the low 16 bits of each number count.
- *   hour     signed number
- *   minute   signed number
- *   second   signed number
+ *   hour     0 to 23
+ *   minute   0 to 59
+ *   second   0 to 59
  *   returns  what the system says; 0 if it refuses, and the clock is as it was */
 VEXLOR32_API int32_t VEXLOR32_CALL DosSetTime(int32_t hour, int32_t minute, int32_t second);
 #ifdef VEXLOR32_ALL_NAMES
@@ -5420,15 +5544,16 @@ VEXLOR32_API int32_t VEXLOR32_CALL setjtime(int32_t seconds);
 #endif
 
 /* A time of day in 24 hours, as the user's locale writes it.
- *   hour     signed number
- *   minute   signed number
- *   second   signed number
+ *   hour     0 to 23
+ *   minute   0 to 59
+ *   second   0 to 59
  *   dest     destination; room: 64; NULL: nothing is written
  *   returns  dest
  * What the system refuses becomes hour, minute and second in two digits each, cut off after 8 characters: 24:00:00,
  * 100:00:0. */
 VEXLOR32_API char *VEXLOR32_CALL IntToTime(int32_t hour, int32_t minute, int32_t second, char *dest);
 #ifdef VEXLOR32_ALL_NAMES
+#undef _itot
 VEXLOR32_API char *VEXLOR32_CALL _itot(int32_t hour, int32_t minute, int32_t second, char *dest);
 VEXLOR32_API char *VEXLOR32_CALL itot(int32_t hour, int32_t minute, int32_t second, char *dest);
 VEXLOR32_API char *VEXLOR32_CALL inttotime(int32_t hour, int32_t minute, int32_t second, char *dest);
@@ -5632,7 +5757,7 @@ VEXLOR32_API char *VEXLOR32_CALL _spacetoken(const char *text, const char *delim
 VEXLOR32_API char *VEXLOR32_CALL spacetoken(const char *text, const char *delimiters, int32_t count, const char *fill, char *dest);
 #endif
 
-/* As SpaceToken, returning the length of the resulting text. */
+/* As SpaceToken, returning 0, as it measures from the terminator. */
 VEXLOR32_API uint32_t VEXLOR32_CALL strspacetoken(const char *text, const char *delimiters, int32_t count, const char *fill, char *dest);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API uint32_t VEXLOR32_CALL StrSpaceToken(const char *text, const char *delimiters, int32_t count, const char *fill, char *dest);
@@ -5727,9 +5852,10 @@ VEXLOR32_API uint32_t VEXLOR32_CALL StrAlignToken(const char *text, const char *
  *   text        text; NULL counts as empty
  *   delimiters  NULL or empty: those of the last call that gave some, at first blank and tab
  *   width       of the line; below 1 gives an empty text
- *   mode        0 spreads the tokens to both margins; the others put single gaps: 1 from where the first token stands
- *               in the text, 2 from the left margin, 3 as far from the right margin as in the text, 4 up to the right
- *               margin
+ *   mode        VX_TOKENS_SPREAD (0) spreads the tokens to both margins; the others put single gaps:
+ *               VX_TOKENS_INDENTED (1) from where the first token stands in the text, VX_TOKENS_LEFT (2) from the
+ *               left margin, VX_TOKENS_RIGHT_INDENTED (3) as far from the right margin as in the text,
+ *               VX_TOKENS_RIGHT (4) up to the right margin
  *   dest        destination; room: max(width, 0) + 1; NULL: nothing is written
  *   returns     dest
  * Any other mode gives a line of fill characters. */
@@ -5826,7 +5952,7 @@ VEXLOR32_API uint32_t VEXLOR32_CALL rtrimlen(const char *text);
 /* The text without leading and trailing characters of a set.
  *   text     text; NULL counts as empty
  *   set      the characters to remove; NULL counts as empty
- *   mode     0 trims both ends, 1 the end, -1 the start; any other trims nothing
+ *   mode     VX_TRIM_BOTH (0), VX_TRIM_END (1) or VX_TRIM_START (-1); any other trims nothing
  *   dest     destination; room: len(text) + 1; NULL: text is changed in place and needs that room
  *   returns  dest, or text when dest is NULL */
 VEXLOR32_API char *VEXLOR32_CALL ChrTrim(const char *text, const char *set, int32_t mode, char *dest);
@@ -5844,7 +5970,7 @@ VEXLOR32_API uint32_t VEXLOR32_CALL StrChrTrim(const char *text, const char *set
 /* The length that ChrTrim would give.
  *   text     text; NULL counts as empty
  *   set      the characters to remove; NULL counts as empty
- *   mode     0 trims both ends, 1 the end, -1 the start; any other trims nothing
+ *   mode     VX_TRIM_BOTH (0), VX_TRIM_END (1) or VX_TRIM_START (-1); any other trims nothing
  *   returns  the length */
 VEXLOR32_API uint32_t VEXLOR32_CALL ChrTrimLen(const char *text, const char *set, int32_t mode);
 #ifdef VEXLOR32_ALL_NAMES
@@ -6013,16 +6139,11 @@ VEXLOR32_API uint32_t VEXLOR32_CALL StrReplicate(const char *text, int32_t count
  *   text     receives the characters; room: max(count, 0) + 1; NULL: nothing is written; left as it is when count is
  *            below 0
  *   c        character; only the low byte counts
- *   count    below 0 does nothing
+ *   count    how many; below 0 does nothing
  *   returns  the terminator of the result; text itself if count is below 1 */
 VEXLOR32_API char *VEXLOR32_CALL StrnSet(char *text, int32_t c, int32_t count);
 
-/* Copies of a character.
- *   text     receives the characters; room: max(count, 0) + 1; NULL: nothing is written; left as it is when count is
- *            below 0
- *   c        character; only the low byte counts
- *   count    below 0 does nothing
- *   returns  the terminator of the result; text itself if count is below 1 */
+/* As StrnSet, returning the number of characters set; 0 for a negative count or a NULL text. */
 VEXLOR32_API uint32_t VEXLOR32_CALL strstrnset(char *text, int32_t c, int32_t count);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API uint32_t VEXLOR32_CALL StrStrnSet(char *text, int32_t c, int32_t count);
@@ -6057,7 +6178,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL _fccopy(const char *source, const char *targe
 /* Copies bytes from one open file to another, from where they stand.
  *   source   file handle
  *   target   file handle
- *   count    signed number
+ *   count    how many bytes at most
  *   returns  the number of bytes copied, fewer at the end of the source; -1 on failure */
 VEXLOR32_API int32_t VEXLOR32_CALL FCopyByte(int32_t source, int32_t target, int32_t count);
 #ifdef VEXLOR32_ALL_NAMES
@@ -6128,7 +6249,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL ferase(const char *name);
 
 /* The size of a file.
  *   name     text; NULL counts as empty
- *   returns  -1 on failure
+ *   returns  in bytes; -1 on failure
  * Of a file that cannot be opened, the size that a search for the name finds, which may have wildcards. */
 VEXLOR32_API int32_t VEXLOR32_CALL FileSize(const char *name);
 #ifdef VEXLOR32_ALL_NAMES
@@ -6139,7 +6260,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL filesize(const char *name);
 /* Writes a text to an open file many times.
  *   handle   file handle
  *   text     text; NULL counts as empty
- *   count    signed number
+ *   count    how many times
  *   returns  the number of writes, with the last one that fell short; the count as given for an empty text */
 VEXLOR32_API int32_t VEXLOR32_CALL FReplicate(int32_t handle, const char *text, int32_t count);
 #ifdef VEXLOR32_ALL_NAMES
@@ -6193,7 +6314,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL fremote(int32_t handle);
 
 /* The drive that has the volume which an open file is on.
  *   handle   file handle
- *   returns  from 0 for A; -1 if there is none */
+ *   returns  0 for A to 25 for Z; -1 if there is none */
 VEXLOR32_API int32_t VEXLOR32_CALL FileDrive(int32_t handle);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _filedrive(int32_t handle);

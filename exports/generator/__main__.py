@@ -4,6 +4,7 @@
     python3 exports/generator --check       says which committed products differ from the table; writes nothing
 """
 import argparse
+import os
 import pathlib
 import sys
 
@@ -16,24 +17,32 @@ from table import TableError, read_table
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 
 
-def clashing_names():
-    """System -> exported names that its C library has, too."""
-    clashes = {}
+# Sections of exports/clashes.txt: names that are macros elsewhere; and those that a Linux program's other libraries have.
+MACROS = {"Windows macros"}
+LINUX = {"Linux", "zlib", "readline"}
+
+
+def clashing_names(sections):
+    """The names under those headings of exports/clashes.txt that `sections` accepts."""
+    names, heading = set(), ""
     for line in (ROOT / "exports" / "clashes.txt").read_text(encoding="utf-8").splitlines():
         if line.startswith("["):
-            names = clashes[line.strip("[]")] = set()
-        elif line and not line.startswith("#"):
+            heading = line.strip("[]")
+        elif line and not line.startswith("#") and sections(heading):
             names.add(line)
-    return clashes
+    return names
 
 
-def committed_products(families, clashes):
-    products = {"include/vexlor32.h": header.header(families, set().union(*clashes.values())), "reference/README.md": pages.index(families)}
+def committed_products(families, groups):
+    macros = clashing_names(lambda heading: heading in MACROS)
+    clashes = clashing_names(lambda heading: heading not in MACROS)
+    products = {"include/vexlor32.h": header.header(families, groups, clashes, macros), "reference/README.md": pages.index(families),
+                "reference/constants.md": pages.constants_page(groups)}
     products |= {f"reference/{f.stem}.md": pages.page(f) for f in families}
     return products
 
 
-def build_products(families, clashes):
+def build_products(families):
     # The lab library is the same code with one name more, through which tests reach the platform seam.
     products = {
         "mechanical.cpp": library.mechanical(families),
@@ -44,7 +53,7 @@ def build_products(families, clashes):
         "versions.map": library.elf_versions(families),
         "versions-lab.map": library.elf_versions(families, ["vexlor32_seam"]),
         "versions-link.map": "VEXLOR32_1 { global: *; };\n",
-        "link_stub.s": library.link_stub(families, clashes["Linux"]),
+        "link_stub.s": library.link_stub(families, clashing_names(lambda heading: heading in LINUX)),
         "catalog.cpp": catalog.catalog(families),
         "calls.h": catalog.calls(families),
         "listing.txt": catalog.listing(families),
@@ -57,7 +66,12 @@ def write_if_changed(path, text):
     if path.exists() and path.read_text(encoding="utf-8") == text:
         return
     path.parent.mkdir(parents=True, exist_ok=True)
-    path.write_text(text, encoding="utf-8")
+    partial = path.with_name(f"{path.name}.{os.getpid()}.partial")  # so that a build that is killed leaves no half file
+    try:
+        partial.write_text(text, encoding="utf-8")
+        partial.replace(path)
+    finally:
+        partial.unlink(missing_ok=True)
 
 
 def main():
@@ -67,18 +81,17 @@ def main():
     parser.add_argument("--root", type=pathlib.Path, default=ROOT, help="folder that holds exports/ and src/")
     options = parser.parse_args()
     try:
-        families = read_table(options.root, options.root / "src")
+        families, groups = read_table(options.root, options.root / "src")
     except TableError as error:
         print(error, file=sys.stderr)
         return 1
-    clashes = clashing_names()
-    committed = committed_products(families, clashes)
+    committed = committed_products(families, groups)
     if options.check:
         stale = [n for n, text in committed.items() if not (options.root / n).exists() or (options.root / n).read_text(encoding="utf-8") != text]
         print("\n".join(f"{n}: differs from the table" for n in stale) or "all products agree with the table")
         return 1 if stale else 0
     if options.out:
-        for name, text in build_products(families, clashes).items():
+        for name, text in build_products(families).items():
             write_if_changed(options.out / name, text)
         for name, text in committed.items():
             write_if_changed(options.root / name, text)

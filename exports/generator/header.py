@@ -2,7 +2,7 @@
 import textwrap
 
 from library import parameters
-from wording import argument_words, result_words, summary
+from wording import argument_words, is_length, result_words, summary
 
 HEAD = """\
 /* SPDX-License-Identifier: MIT
@@ -16,13 +16,17 @@ HEAD = """\
  * with 1, or with 0 in the functions that say so. Failures are told by the result alone.
  *
  * Every function has further names. They are declared when VEXLOR32_ALL_NAMES is defined, except those that belong to the C
- * library, too (isalpha, fopen, ...): a program finds those with GetProcAddress or dlsym.
+ * library or to others, too (isalpha, fopen, crc32, ...): a program finds those with GetProcAddress or dlsym.
+ *
+ * Include this header after all those of the system and of other libraries. Some of them define a name of ours as a macro
+ * (StrCmp in <shlwapi.h>); it is undefined here, and would be back, silently, if they came later.
  */
 #ifndef VEXLOR32_H
 #define VEXLOR32_H
 
 #include <stdint.h>
-
+"""
+API = """
 #if defined(_WIN32)
 #define VEXLOR32_CALL __stdcall
 #ifndef VEXLOR32_API
@@ -59,8 +63,9 @@ def declaration(entry, name):
 
 
 def comment(entry):
-    if entry.making == "length":
-        return [f"/* {summary(entry)} */"]
+    if is_length(entry):
+        lines = wrapped(summary(entry), "/* ", " * ")
+        return lines[:-1] + [lines[-1] + " */"]
     if entry.base == 0 and entry.main and entry.making == "hand":
         return [f"/* As the function above, with 0-based positions; returns {result_words(entry)}. */"]
     lines = wrapped(summary(entry), "/* ", " * ")
@@ -74,18 +79,34 @@ def comment(entry):
     return lines[:-1] + [lines[-1] + " */"]
 
 
-def header(families, clashes):
-    lines = [HEAD]
+def constants(groups):
+    lines = []
+    for group in groups:
+        lines += [""] + wrapped(f"---- {group.title}: {group.does} ----", "/* ", " * ")
+        lines[-1] += " */"
+        pad = max(len(c.name) for c in group.constants)
+        value = max(len(c.expression) for c in group.constants)
+        lines += [f"#define {c.name:<{pad}} {c.expression:<{value}} /* {c.meaning} */" for c in group.constants]
+    return lines
+
+
+def declarations(entry, names, macros):
+    return [line for n in names for line in ([f"#undef {n}"] if n in macros else []) + [declaration(entry, n)]]
+
+
+def header(families, groups, clashes, macros):
+    """`clashes` are names that other headers declare, which this one leaves to them; `macros` those that they define."""
+    lines = [HEAD.rstrip("\n")] + constants(groups) + [API]
     for family in families:
         lines.append(f"\n/* ---- {family.title} ---- */\n")
         for entry in family.entries:
             lines += comment(entry)
+            free = [n for n in entry.names if n not in clashes]
             if entry.main in clashes:
-                lines.append(f"/* {entry.main}: the C library has a function of this name; find it by name at run time. */")
-            else:
-                lines.append(declaration(entry, entry.main))
-            others = [n for n in entry.names[1:] if n not in clashes]
-            if others:
-                lines += ["#ifdef VEXLOR32_ALL_NAMES"] + [declaration(entry, n) for n in others] + ["#endif"]
+                instead = f"declared as {free[0]}" if free else "find it by name at run time"
+                lines.append(f"/* {entry.main}: another library has a function of this name; {instead}. */")
+            lines += declarations(entry, free[:1], macros)
+            if others := free[1:]:
+                lines += ["#ifdef VEXLOR32_ALL_NAMES"] + declarations(entry, others, macros) + ["#endif"]
             lines.append("")
     return "\n".join(lines) + TAIL

@@ -1,6 +1,7 @@
 """The reference pages: a family's handwritten introduction, then each entry's synopsis from the table."""
+from constants import in_markdown
 from library import parameters
-from wording import argument_words, result_words, summary
+from wording import argument_words, is_length, result_words, summary
 
 
 def other_forms(entry, family):
@@ -8,10 +9,10 @@ def other_forms(entry, family):
     for e in family.entries:
         if e is entry or e.line != entry.line:
             continue
-        label = "Length form" if e.making == "length" or e.symbol.endswith("_length") else f"{e.base}-based"
+        label = "Length form" if is_length(e) else f"{e.base}-based"
         if label == "Length form" and e.base == 0:
             label = "0-based length form"
-        forms.append(f"{label}: {', '.join(f'`{n}`' for n in e.names)}")
+        forms.append(f"{label}: {', '.join(f'`{n}`' for n in e.names)}" + (f", returning {e.length_returns}" if e.length_returns else ""))
     return forms
 
 
@@ -29,7 +30,7 @@ def section(entry, family):
     forms = ([f"Also called {', '.join(names)}"] if names else []) + other_forms(entry, family)
     if forms:
         lines += [". ".join(forms) + ".", ""]
-    return lines
+    return [in_markdown(line) for line in lines]
 
 
 def page(family):
@@ -42,8 +43,17 @@ def page(family):
     return "\n".join(lines).rstrip() + "\n"
 
 
+def constants_page(groups):
+    lines = ["# Constants", "", "Numbers that functions take and give, by the names that `vexlor32.h` has for them.", ""]
+    for group in groups:
+        lines += [f"## {group.title}", "", in_markdown(group.does), "", "| Name | Value | Meaning |", "|---|---|---|"]
+        lines += [f"| `{c.name}` | {c.value} | {in_markdown(c.meaning)} |" for c in group.constants] + [""]
+    return "\n".join(lines).rstrip() + "\n"
+
+
 def index(families):
-    lines = ["# Reference", "", "One page a family; made from the tables under `exports/` and the introductions beside them.", "",
+    lines = ["# Reference", "", "One page a family; made from the tables under `exports/` and the introductions beside them.",
+             "[Constants](constants.md) has the names of modes, flags, masks and error numbers.", "",
              "| Family | Functions |", "|---|---|"]
     for family in families:
         mains = list(dict.fromkeys((e.line, e.main) for e in family.entries))

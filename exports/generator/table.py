@@ -7,6 +7,7 @@ import pathlib
 import re
 import tomllib
 
+from constants import ConstantError, Mentions, read_constants
 from rooms import RoomError, parse_room
 
 # kind -> C type of the argument. `dest`, `block` and `bytes` carry a size in brackets.
@@ -27,6 +28,10 @@ ARGUMENT_KINDS = {
 }
 SIZED_KINDS = {"dest", "bytes", "block"}
 OPTIONALLY_SIZED_KINDS = {"edit"}
+NUMBER_ARGUMENTS = {"int", "uint", "out"}
+NUMBER_RESULTS = {"int", "uint", "handle", "table"}
+ONE_CASE = re.compile(r"-?\d+ (on|if|when|without|too)\b[^,;:]*\Z")
+CONSTANTS = "constants.toml"
 TEXT_RESULTS = {"dest", "given", "inside", "const"}
 RESULT_KINDS = {
     "int": "int32_t",
@@ -45,7 +50,7 @@ RESULT_KINDS = {
     "void": "void",
 }
 ENTRY_KEYS = {"names", "length", "zero", "zero-length", "args", "returns", "does", "notes",
-              "unavailable", "unimplemented", "value", "length-by-hand", "remembers"}
+              "unavailable", "unimplemented", "value", "length-by-hand", "length-returns", "remembers"}
 FAMILY_KEYS = {"title", "area"}
 NAME = re.compile(r"[A-Za-z_][A-Za-z0-9_]*\Z")
 ARGUMENT = re.compile(r"(?P<name>[a-z][A-Za-z0-9]*)\s*:\s*(?P<kind>[a-z]+)\s*(?:\[(?P<room>.*)\])?(?P<flags>(\s+[a-z0-9=A-Z-]+)*)\Z")
@@ -91,6 +96,7 @@ class Entry:
     stub: tuple = ()
     result_meaning: str = ""
     remembers: bool = False    # keeps something from call to call that a result shows
+    length_returns: str = ""   # a length form's result, where it is not the length of the pointer form's text
 
     @property
     def main(self):
@@ -125,8 +131,9 @@ def split_meaning(text):
 
 
 class FamilyReader:
-    def __init__(self, path, shown_path):
+    def __init__(self, path, shown_path, mentions):
         self.path = path
+        self.mentions = mentions
         self.shown = shown_path
         self.text = path.read_text(encoding="utf-8")
         self.lines = self.text.splitlines()
@@ -144,6 +151,12 @@ class FamilyReader:
 
     def fail(self, entry, key, text):
         raise TableError(self.shown, self.line_of(entry, key), f"{entry}: {text}")
+
+    def said(self, entry, key, text):
+        """A text of the table, with the values of the constants that it names."""
+        if name := self.mentions.unknown(text):
+            self.fail(entry, key, f"no constant is called `{name}` (exports/{CONSTANTS} has them)")
+        return self.mentions.with_values(text.strip())
 
     def read(self):
         try:
@@ -186,7 +199,9 @@ class FamilyReader:
             self.fail(entry, "args", f"`{name}` is a {kind} and needs its room in brackets")
         if kind not in SIZED_KINDS | OPTIONALLY_SIZED_KINDS and match["room"] is not None:
             self.fail(entry, "args", f"`{name}` is a {kind}, which has no room")
-        argument = Argument(name, kind, meaning=meaning.strip())
+        if kind in NUMBER_ARGUMENTS and not meaning.strip():
+            self.fail(entry, "args", f"`{name}` is a number without a meaning: say what it counts or selects, and from where (name: kind - meaning)")
+        argument = Argument(name, kind, meaning=self.said(entry, "args", meaning))
         for flag in match["flags"].split():
             if flag == "terminated":
                 argument.terminated = True
@@ -231,6 +246,9 @@ class FamilyReader:
         returns, _, result_meaning = (part.strip() for part in fields.get("returns", "").partition(" - "))
         if returns not in RESULT_KINDS:
             self.fail(key, "returns", f"unknown result `{returns}` (known: {', '.join(RESULT_KINDS)})")
+        if returns in NUMBER_RESULTS and (not result_meaning or ONE_CASE.match(result_meaning)):
+            self.fail(key, "returns", f"`returns` says no more than {result_meaning or returns}: say what the number is, and what it is on failure")
+        result_meaning = self.said(key, "returns", result_meaning)
         arguments = self.arguments_of(key, fields)
         names = list(dict.fromkeys([key] + self.names_of(key, "names", fields)))
         zero, length, zero_length = (self.names_of(key, k, fields) for k in ("zero", "length", "zero-length"))
@@ -240,12 +258,18 @@ class FamilyReader:
             self.fail(key, "zero", "a 0-based twin needs a position, as an argument or as the result")
         if zero_length and not (zero and length):
             self.fail(key, "zero-length", "needs both `zero` and `length`")
+        length_returns = self.said(key, "length-returns", fields.get("length-returns", ""))
+        if length and not length_returns and (fields.get("length-by-hand") or returns == "inside"):
+            self.fail(key, "length", "`length-returns` is missing: say what the length form returns, which is not the length of what this one returns")
+        if length_returns and not length:
+            self.fail(key, "length-returns", "there is no length form that could return it")
         stub = self.stub_of(key, fields)
+        does, notes = (self.said(key, k, fields.get(k, "")) for k in ("does", "notes"))
 
         def make(symbol, names, returns, making, base, source=None):
-            return Entry(symbol, names, arguments, returns, fields["does"].strip(), fields.get("notes", "").strip(),
-                         self.path.stem, self.line_of(key), making, base, source, stub,
-                         "" if making == "length" else result_meaning, fields.get("remembers", False))
+            is_length = symbol.endswith("_length")
+            return Entry(symbol, names, arguments, returns, does, notes, self.path.stem, self.line_of(key), making, base, source, stub,
+                         "" if is_length else result_meaning, fields.get("remembers", False), length_returns if is_length else "")
 
         hand = make(key, zero or names, returns, "stub" if stub else "hand", 0 if zero else -1)
         length_making = "hand" if fields.get("length-by-hand") else "length"
@@ -295,10 +319,16 @@ def check_implementations(families, root, sources):
 
 
 def read_table(root, sources=None):
+    path = root / "exports" / CONSTANTS
+    try:
+        groups = read_constants(path)
+    except ConstantError as error:
+        raise TableError(path.relative_to(root), error.line, str(error)) from error
     families = []
     for path in sorted((root / "exports").glob("*.toml")):
-        families.append(FamilyReader(path, path.relative_to(root)).read())
+        if path.name != CONSTANTS:
+            families.append(FamilyReader(path, path.relative_to(root), Mentions(groups)).read())
     check_names(families, root)
     if sources:
         check_implementations(families, root, sources)
-    return families
+    return families, groups

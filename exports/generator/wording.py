@@ -31,12 +31,18 @@ RESULT_WORDS = {
 }
 
 
+def is_length(entry):
+    return entry.symbol.endswith("_length")
+
+
 def argument_words(entry, argument):
     words = argument.meaning or KIND_WORDS[argument.kind]
     if argument.kind == "pos" and entry.base >= 0:
         words = f"{words} (the first character is {entry.base})"
     if argument.kind == "str" and argument.meaning and "NULL" not in argument.meaning:
         words += "; NULL counts as empty"
+    if argument.kind == "out" and "NULL" not in words:
+        words += "; NULL is skipped"
     if argument.room is not None:
         words += f"; room: {argument.room.text}"
     if argument.in_place:
@@ -55,8 +61,8 @@ def argument_words(entry, argument):
 
 
 def result_words(entry):
-    if entry.making == "length":
-        return "the length of the resulting text"
+    if is_length(entry):
+        return entry.length_returns or "the length of the resulting text"
     if entry.result_meaning:
         return entry.result_meaning
     if entry.returns == "pos":
@@ -72,7 +78,7 @@ def result_words(entry):
 
 
 def summary(entry):
-    """What the entry does, in a sentence; a mechanical twin says only whose twin it is."""
-    if entry.making == "length":
-        return f"As {entry.source.main}, returning the length of the resulting text."
+    """What the entry does, in a sentence; a length form says only whose it is."""
+    if is_length(entry):
+        return f"As {entry.source.main}, returning {result_words(entry)}."
     return entry.does

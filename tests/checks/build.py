@@ -24,11 +24,10 @@ def all_names():
     return {name for _, _, names in entries() for name in names}
 
 
-def clashes(system):
-    """Names that exports/clashes.txt keeps out of the header, and on Linux out of the library to link with."""
+def clashes(section):
+    """A section of exports/clashes.txt."""
     text = (ROOT / "exports" / "clashes.txt").read_text()
-    section = text.partition(f"[{system}]\n")[2].partition("[")[0]
-    return set(section.split())
+    return set(text.partition(f"\n[{section}]\n")[2].partition("[")[0].split())
 
 
 def output(*command):
