@@ -4,7 +4,6 @@
     python3 exports/generator --check       says which committed products differ from the table; writes nothing
 """
 import argparse
-import os
 import pathlib
 import sys
 
@@ -13,10 +12,9 @@ import header
 import library
 import pages
 from table import TableError, read_table
+from writing import write_if_changed
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
-
-
 # Sections of exports/clashes.txt: names that are macros elsewhere; and those that a Linux program's other libraries have.
 MACROS = {"Windows macros"}
 LINUX = {"Linux", "zlib", "readline"}
@@ -60,18 +58,6 @@ def build_products(families):
     }
     products |= {f"entries/{f.stem}.h": library.declarations(f) for f in families}
     return products
-
-
-def write_if_changed(path, text):
-    if path.exists() and path.read_text(encoding="utf-8") == text:
-        return
-    path.parent.mkdir(parents=True, exist_ok=True)
-    partial = path.with_name(f"{path.name}.{os.getpid()}.partial")  # so that a build that is killed leaves no half file
-    try:
-        partial.write_text(text, encoding="utf-8")
-        partial.replace(path)
-    finally:
-        partial.unlink(missing_ok=True)
 
 
 def main():

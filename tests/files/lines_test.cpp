@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <vector>
 
+#include "include/vexlor32.h"
 #include "tests/files/line_walk.h"
 #include "tests/support/workplace.h"
 
@@ -95,11 +96,11 @@ TEST(FileLines, TextsWithoutOverlapAndInOtherCase) {
     const Row rows[] = {
         {"aaaa", "aa", 0, 0, 2},
         {"aaaaa", "aa", 0, 0, 2},
-        {"xAbCabc", "ABC", 1, 1, 2},
+        {"xAbCabc", "ABC", VX_LOCATE_UPPER, 1, 2},
         {"xAbCabc", "abc", 1, -2, 0},
-        {"xAbCabc", "abc", 2, 1, 2},
+        {"xAbCabc", "abc", VX_LOCATE_LOWER, 1, 2},
         {"xAbCabc", "ABC", -1, -2, 0},
-        {"xAbCabc", "abc", 0, 4, 1},
+        {"xAbCabc", "abc", VX_LOCATE_EXACT, 4, 1},
         {"12x12", "12", 1, 0, 2},
         {"12x12", "", 0, -2, -1},
         {"", "a", 0, -2, 0},

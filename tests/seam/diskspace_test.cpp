@@ -1,6 +1,7 @@
 // Space, labels, current directories and directories of made-up drives.
 #include <gtest/gtest.h>
 
+#include "include/vexlor32.h"
 #include "tests/seam/seam.h"
 #include "tests/support/text.h"
 
@@ -116,8 +117,19 @@ TEST_F(DiskSpace, Status) {
         std::uint32_t error;
         std::int32_t status;
     };
-    const Row rows[] = {{19, 1},  {24, 1},  {108, 1}, {21, 3}, {30, 7}, {26, 8}, {31, 13},
-                        {15, -1}, {20, -1}, {5, 8},   {32, 8}, {1, 8},  {112, 8}};
+    const Row rows[] = {{19, VX_DISK_PROTECTED},
+                        {24, 1},
+                        {108, 1},
+                        {21, VX_DISK_NOT_READY},
+                        {30, VX_DISK_UNREADABLE},
+                        {26, VX_DISK_UNFORMATTED},
+                        {31, VX_DISK_FAILURE},
+                        {15, VX_DISK_NO_DRIVE},
+                        {20, -1},
+                        {5, 8},
+                        {32, 8},
+                        {1, 8},
+                        {112, 8}};
     for (auto [error, status] : rows) {
         fake.volumes.labels.clear();
         fake.volumes.drives['A'] = {.label = "MINE", .error = error};
@@ -129,7 +141,7 @@ TEST_F(DiskSpace, Status) {
     }
     fake.volumes.drives['A'] = {.label = "MINE"};
     fake.process.error = 19;
-    EXPECT_EQ(lib().DiskStatus(0), 0);
+    EXPECT_EQ(lib().DiskStatus(0), VX_DISK_READY);
     EXPECT_EQ(fake.volumes.labels, "[F][MINE]");
     fake.volumes.drives['A'] = {};
     EXPECT_EQ(lib().DiskStatus(0), 0);

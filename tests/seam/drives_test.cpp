@@ -3,6 +3,7 @@
 
 #include <array>
 
+#include "include/vexlor32.h"
 #include "tests/seam/seam.h"
 #include "tests/support/text.h"
 
@@ -137,13 +138,14 @@ TEST_F(Drives, Kinds) {
 // Capacity codes of all sector totals, through what DOS says of a diskette.
 TEST_F(Drives, DisketteCodes) {
     run(platform::kWindows95Id);
-    const std::map<std::uint16_t, std::int32_t> codes = {{320, 160},  {360, 180},  {640, 320},  {720, 360},
-                                                         {1232, 120}, {1440, 720}, {2002, 250}, {2400, 120},
-                                                         {2880, 144}, {4004, 500}, {5760, 288}};
+    const std::map<std::uint16_t, std::int32_t> codes = {
+        {320, VX_DISKETTE_160K},   {360, VX_DISKETTE_180K},  {640, VX_DISKETTE_320K},  {720, VX_DISKETTE_360K},
+        {1232, VX_DISKETTE_1200K}, {1440, VX_DISKETTE_720K}, {2002, VX_DISKETTE_1M},   {2400, VX_DISKETTE_1200K},
+        {2880, VX_DISKETTE_1440K}, {4004, VX_DISKETTE_2M},   {5760, VX_DISKETTE_2880K}};
     for (std::uint32_t sectors = 0; sectors < 65536; sectors += sectors < 6000 ? 1 : 997) {
         fake.hardware.mediumSectors = static_cast<std::uint16_t>(sectors);
         auto found = codes.find(fake.hardware.mediumSectors);
-        ASSERT_EQ(lib().DiskType(0), found == codes.end() ? 0 : found->second) << sectors;
+        ASSERT_EQ(lib().DiskType(0), found == codes.end() ? VX_DISKETTE_UNKNOWN : found->second) << sectors;
     }
 }
 

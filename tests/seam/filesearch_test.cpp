@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "include/vexlor32.h"
 #include "tests/seam/seam.h"
 #include "tests/support/text.h"
 
@@ -14,7 +15,7 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-constexpr std::size_t kBlock = 1115;
+constexpr std::size_t kBlock = VX_FIND_BLOCK_SIZE;
 constexpr std::size_t kName = 514;
 
 class FileSearch : public testing::Test {

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "include/vexlor32.h"
 #include "tests/seam/seam.h"
 #include "tests/support/text.h"
 
@@ -46,10 +47,10 @@ class Model {
         bool good = true;
         for (const std::string& path : children(directory, true)) {
             if (!items[path].link) good &= prune(path, level + 1, mode);
-            if (items.contains(path) && items[path].link && mode != 4) items.erase(path);
+            if (items.contains(path) && items[path].link && mode != VX_PRUNE_KEEP_DIRECTORIES) items.erase(path);
         }
-        if (level > 1 || mode < 2) good &= erase(directory, kPatterns[2]);
-        if (mode != 0 && (level == 1 || mode == 4)) return good;
+        if (level > 1 || mode < VX_PRUNE_KEEP_TOP_FILES) good &= erase(directory, kPatterns[2]);
+        if (mode != VX_PRUNE_ALL && (level == 1 || mode == VX_PRUNE_KEEP_DIRECTORIES)) return good;
         bool empty = children(directory, true).empty() && children(directory, false).empty();
         if (empty) items.erase(directory);
         return good && empty;
@@ -246,8 +247,8 @@ TEST_F(Prune, PathsThatNameNoDirectoryExactly) {
     Names before = fake.disk.names();
     for (const char* path : {" ", "  ", "C:\\none", "C:\\f", "\"T\"", "A ", "C:\\T\\;", "."}) {
         if (*path == '.') fake.volumes.drives['C'].directory = "\\none";
-        EXPECT_EQ(lib().Prune(path, 0), -1) << path;
-        for (int mode : {1, 2, 3, 4}) EXPECT_EQ(lib().Prune(path, mode), 0) << path;
+        EXPECT_EQ(lib().Prune(path, VX_PRUNE_ALL), -1) << path;
+        for (int mode : {VX_PRUNE_KEEP_TOP, 2, 3, 4}) EXPECT_EQ(lib().Prune(path, mode), 0) << path;
         EXPECT_EQ(lib().FPrune(path, "*"), 0) << path;
     }
     EXPECT_EQ(fake.disk.names(), before);
