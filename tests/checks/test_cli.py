@@ -126,10 +126,10 @@ REFUSED = [
     (USAGE, ["--explain"], ["--explain takes"]),
     (USAGE, ["--list", "no such words"], ['"no such words"']),
     (USAGE, ["AllTrim"], ["takes 1 argument, not 0", "char *AllTrim(const char *text, char *dest);", "vexlor AllTrim TEXT"]),
-    (USAGE, ["ChrTrim", "a", "b"], ["takes 3 arguments, not 2", "mode  0 trims both ends"]),
+    (USAGE, ["ChrTrim", "a", "b"], ["takes 3 arguments, not 2", "mode  VX_TRIM_BOTH (0)"]),
     (USAGE, ["VEXVERSION", "1"], ["takes no arguments, not 1"]),
     (USAGE, ["AllTrim", "x", "--json"], ["--json is an option only before AllTrim"]),
-    (USAGE, ["ChrTrim", "a", "b", "c"], ["argument mode", "32-bit number", '"c"', "0 trims both ends"]),
+    (USAGE, ["ChrTrim", "a", "b", "c"], ["argument mode", "32-bit number", '"c"', "VX_TRIM_BOTH (0)"]),
     (USAGE, ["ChrTrim", "a", "b", "@null"], ["argument mode"]),
     (USAGE, ["ChrTrim", "a", "b", "4294967296"], ["argument mode"]),
     (USAGE, ["ChrTrim", "a", "b", "-2147483649"], ["argument mode"]),
@@ -372,7 +372,7 @@ class Catalog(Host):
     def test_explanation_for_people(self):
         text = self.printed("--explain", "_chrtrim").decode()
         for piece in ("ChrTrim: The text without", "char *ChrTrim(const char *text, const char *set, int32_t mode, char *dest);",
-                      "vexlor ChrTrim TEXT SET MODE", "  mode  0 trims both ends", "[supplied by vexlor]", "dest, or text when dest is NULL",
+                      "vexlor ChrTrim TEXT SET MODE", "  mode  VX_TRIM_BOTH (0)", "[supplied by vexlor]", "dest, or text when dest is NULL",
                       "ChrTrim, _chrtrim, chrtrim", "strchrtrim, StrChrTrim", "Trimming and padding (trim)"):
             self.assertIn(piece, text)
         self.assertIn("Writes no terminator", self.printed("--explain", "LJust").decode())
