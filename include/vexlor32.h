@@ -12,7 +12,8 @@
  * library or to others, too (isalpha, fopen, crc32, ...): a program finds those with GetProcAddress or dlsym.
  *
  * Include this header after all those of the system and of other libraries. Some of them define a name of ours as a macro
- * (StrCmp in <shlwapi.h>); it is undefined here, and would be back, silently, if they came later.
+ * (StrCmp in <shlwapi.h>); it is undefined here, and would be back, silently, if they came later. On Linux, link this library
+ * behind all others, too: one whose names have no versions, such as zlib, would otherwise call our function for its own.
  */
 #ifndef VEXLOR32_H
 #define VEXLOR32_H

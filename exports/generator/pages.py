@@ -46,7 +46,7 @@ def page(family):
 def constants_page(groups):
     lines = ["# Constants", "", "Numbers that functions take and give, by the names that `vexlor32.h` has for them.", ""]
     for group in groups:
-        lines += [f"## {group.title}", "", in_markdown(group.does), "", "| Name | Value | Meaning |", "|---|---|---|"]
+        lines += [f"## {group.title}", "", in_markdown(f"{group.does[0].upper()}{group.does[1:]}."), "", "| Name | Value | Meaning |", "|---|---|---|"]
         lines += [f"| `{c.name}` | {c.value} | {in_markdown(c.meaning)} |" for c in group.constants] + [""]
     return "\n".join(lines).rstrip() + "\n"
 
