@@ -57,15 +57,17 @@ std::vector<Need> needsOf(const Plan& plan) {
         Kind kind = arguments[i].kind;
         if (!isPointer(kind) || plan.inputs[i].null) continue;
         std::int64_t room = kind == Kind::kOut ? std::int64_t{sizeof(std::int32_t)} : roomOf(i);
+        if (plan.room && (kind == Kind::kDest || kind == Kind::kBytes)) room = *plan.room;
         std::int64_t least = 1;
         if (kind == Kind::kStr || kind == Kind::kEdit) least += static_cast<std::int64_t>(plan.inputs[i].bytes.size());
         // Where nothing may be written, the room tells nothing; some bytes show whether they have been left alone.
         if (kind == Kind::kDest && leftAlone(plan)) room = kLeftAloneRoom;
-        needs[i] = {std::max(least, room), kind != Kind::kStr && kind != Kind::kBytes};
+        bool text = kind != Kind::kOut && kind != Kind::kBlock && !(kind == Kind::kDest && plan.unterminated);
+        needs[i] = {std::max(least, room), kind != Kind::kStr && kind != Kind::kBytes, text};
     }
     for (std::size_t i = 0; i < needs.size(); ++i) {
         Need* text = plan.inputs[i].null ? inPlaceOf(i) : nullptr;
-        if (text) *text = {std::max(text->bytes, roomOf(i)), true};
+        if (text) *text = {std::max(text->bytes, roomOf(i)), true, true};
     }
     return needs;
 }

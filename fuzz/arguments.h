@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,12 +26,15 @@ struct Plan {
     const catalog::Entry* drawnFor = nullptr;  // the entry tried; another one is called to compare
     Turn turn;
     std::vector<Input> inputs;
+    std::optional<std::int64_t> room{};  // of the destination or the bytes, where the library itself tells it
+    bool unterminated = false;           // the destination gets that many bytes and no terminator
 };
 
 // The memory that an argument is given.
 struct Need {
     std::int64_t bytes = 0;  // 0 where it is NULL or no pointer
     bool written = false;    // the function may write to it
+    bool text = false;       // ends with a terminator
 };
 
 // In-place work turns a text into a destination, so an argument's need depends on the others.

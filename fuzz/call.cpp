@@ -117,15 +117,15 @@ Seen Call::seen() const {
             seen.place = std::string(arguments()[place->argument].name) + "+" + std::to_string(place->offset);
         else
             seen.place = result_.block ? "elsewhere" : "NULL";
-        if (catalog::isText(entry().result) && result_.block) seen.text = resultText();
+        bool text = catalog::isText(entry().result) && result_.block && !(place && !need(place->argument).text);
+        if (text) seen.text = resultText();
     }
     seen.after.resize(needs_.size());
     for (std::size_t i = 0; i < needs_.size(); ++i) {
         if (!needs_[i].written) continue;
         const char* bytes = buffers_[i].data();
-        Kind kind = arguments()[i].kind;
-        bool isText = kind != Kind::kOut && kind != Kind::kBlock;
-        seen.after[i] = isText ? std::string(bytes) : std::string(bytes, static_cast<std::size_t>(needs_[i].bytes));
+        seen.after[i] =
+            needs_[i].text ? std::string(bytes) : std::string(bytes, static_cast<std::size_t>(needs_[i].bytes));
     }
     return seen;
 }

@@ -1,5 +1,7 @@
 #include "fuzz/caller.h"
 
+#include <algorithm>
+
 #include "fuzz/checks.h"
 #include "fuzz/oddities.h"
 #include "fuzz/report.h"
@@ -10,6 +12,7 @@ namespace {
 
 constexpr const char* kItself = "itself";
 constexpr const char* kElsewhere = "itself, with its arguments elsewhere";
+constexpr const char* kRoom = "what tells the room";
 constexpr const char* kPointerForm = "the pointer form of a length form";
 constexpr const char* kZeroTwin = "the 0-based twin of an entry";
 
@@ -19,10 +22,34 @@ bool Caller::tryEntry(const catalog::Entry& entry, const Turn& turn) {
     plan_ = draw(entry, turn, recall_);
     Random random = turn.randomFor(std::string("layout of ") + entry.main());
     Layout layout = drawLayout(random);
-    if (!make(first_, plan_, layout, kItself)) return false;
+    if (!askRoom(layout) || !make(first_, plan_, layout, kItself)) return false;
     Seen seen = first_.seen();
     recall_.keep(plan_, seen.number, seen.after);
-    return remembers(entry) || compare(entry, random, layout);
+    if (remembers(entry)) return true;
+    // What the host holds is as long as the first call shows: the other calls get no more room than that.
+    std::size_t longest = 0;
+    for (const std::string& text : seen.after) longest = std::max(longest, text.size());
+    std::int64_t wide = catalog::hostRoom().value;
+    catalog::setHostRoom(static_cast<std::int64_t>(longest) + 1);
+    bool right = compare(entry, random, layout);
+    catalog::setHostRoom(wide);
+    return right;
+}
+
+bool Caller::askRoom(const Layout& layout) {
+    const AskedRoom* asked = askedRoomOf(*plan_.entry);
+    if (!asked) return true;
+    otherPlan_ = plan_;
+    for (std::string_view name : {asked->first, asked->last}) {
+        if (name.empty()) continue;
+        otherPlan_.entry = catalog::find(name);
+        otherPlan_.inputs.resize(otherPlan_.entry->arguments.size());
+        if (!make(second_, otherPlan_, layout, kRoom)) return false;
+        if (name == asked->first) otherPlan_.inputs[1].number = second_.result().number;
+    }
+    plan_.room = second_.result().number + asked->terminator;
+    plan_.unterminated = !asked->terminator;
+    return true;
 }
 
 bool Caller::compare(const catalog::Entry& entry, Random& random, const Layout& layout) {

@@ -32,6 +32,7 @@ class Caller {
     bool printing = false;  // tells each call before it is made
 
  private:
+    bool askRoom(const Layout& layout);
     bool make(Call& call, const Plan& plan, const Layout& layout, const char* purpose);
     bool compare(const catalog::Entry& entry, Random& random, const Layout& layout);
     bool compareWith(int other, bool zeroBased, const char* purpose, std::string (*faultOf)(const Call&, const Call&),

@@ -32,7 +32,7 @@ std::string memoryFaultOf(const Call& call) {
             if (!call.untouched(i)) return "changed its source " + name;
             continue;
         }
-        if (argument.kind == Kind::kOut || argument.kind == Kind::kBlock) continue;
+        if (!call.need(i).text) continue;
         if (argument.kind == Kind::kDest && leftAlone(call.plan())) {
             if (!call.untouched(i)) return "wrote to " + name + ", which this call must leave alone";
         } else if (!call.terminated(i)) {

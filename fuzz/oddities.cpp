@@ -16,6 +16,13 @@ struct Skipped {
 // Nothing so far: what acts on the machine goes through the platform seam, and the fakes of tests/lab stand there.
 constexpr std::span<const Skipped> kSkipped{};
 
+constexpr AskedRoom kAskedRooms[] = {
+    {"DbfFieldGet", "", "DbfFieldSize", true},         {"strdbfFieldGet", "", "DbfFieldSize", true},
+    {"DbfField", "DbfFieldPos", "DbfFieldSize", true}, {"strdbfField", "DbfFieldPos", "DbfFieldSize", true},
+    {"DbfRecordGet", "", "DbfRecordSize", false},      {"strdbfRecordGet", "", "DbfRecordSize", false},
+    {"DbfRecordPut", "", "DbfRecordSize", false},
+};
+
 // The entry whose behaviour an entry shares: the pointer form of a length form.
 const Entry& behindOf(const Entry& entry) {
     return entry.pointerForm < 0 ? entry : catalog::allEntries()[static_cast<std::size_t>(entry.pointerForm)];
@@ -27,6 +34,12 @@ const char* whySkipped(const Entry& entry) {
     auto found =
         std::find_if(kSkipped.begin(), kSkipped.end(), [&](const Skipped& s) { return s.name == entry.main(); });
     return found == kSkipped.end() ? nullptr : found->reason;
+}
+
+const AskedRoom* askedRoomOf(const Entry& entry) {
+    auto found = std::find_if(std::begin(kAskedRooms), std::end(kAskedRooms),
+                              [&](const AskedRoom& r) { return r.name == entry.main(); });
+    return found == std::end(kAskedRooms) ? nullptr : found;
 }
 
 bool remembers(const Entry& entry) { return behindOf(entry).remembers; }

@@ -76,6 +76,10 @@ constexpr std::string_view kWellFormed[] = {
     "999,999.99",
     "NAME,C,10,0;AMOUNT,N,12,2",
     "name=value",
+    "comspec",
+    "SystemDrive",
+    "PATH",
+    "V1",
     "The quick brown fox jumps over the lazy dog.",
 };
 

@@ -50,6 +50,17 @@ void World::chooseSystem(Random& random) {
         process.variables.push_back("V" + std::to_string(i) + '=' + text.substr(0, 1000));
     }
     process.command.erase(0, random.below(12));
+    for (const char* name : {"COMSPEC", "SystemDrive", "PATH"}) {
+        std::uint32_t way = random.below(4);
+        if (way == 0) continue;  // as it was
+        std::string start = std::string(name) + '=';
+        std::erase_if(process.variables, [&](const std::string& variable) { return variable.starts_with(start); });
+        std::string value = way == 1 ? drawWellFormed(random) : drawText(random, "aBcZ:\\/; .");
+        if (way < 3) process.variables.push_back(start + value.substr(0, 1000));
+    }
+    for (std::string* directory : {&fakes_->volumes.system, &fakes_->volumes.windows}) {
+        if (random.oneIn(4)) *directory = drawText(random, "C:\\ab .").substr(0, 1000);
+    }
     if (random.oneIn(2)) {
         std::string lines = drawText(random, "");
         lines += "\nLASTDRIVE" + drawText(random, "=zZ \n");
