@@ -63,6 +63,7 @@ class Output {
     void put(char c) {
         if (size_ < room_) to_[size_] = c;
         ++size_;
+        blanks_ = c == ' ' ? blanks_ + 1 : 0;
     }
     void put(std::string_view text) {
         for (char c : text) put(c);
@@ -76,7 +77,8 @@ class Output {
         while (count > 0) put(reversed[--count]);
     }
     void trimBlanks() {
-        while (size_ > 0 && size_ <= room_ && to_[size_ - 1] == ' ') --size_;
+        size_ -= blanks_;
+        blanks_ = 0;
     }
     bool empty() const { return size_ == 0; }
 
@@ -90,6 +92,7 @@ class Output {
     char* to_;
     std::uint32_t room_;
     std::uint32_t size_ = 0;
+    std::uint32_t blanks_ = 0;  // at the end
 };
 
 // A run of `count` letters of a date picture.
@@ -144,7 +147,8 @@ bool increment(std::string& digits) {
     return true;
 }
 
-bool parse(std::string_view text, Number& number) {
+// False if the text is no number, or has more digits before the point than `most`.
+bool parse(std::string_view text, std::size_t most, Number& number) {
     number.negative = text.starts_with('-');
     if (number.negative) text.remove_prefix(1);
     std::size_t point = text.find('.');
@@ -152,6 +156,7 @@ bool parse(std::string_view text, Number& number) {
     std::string_view decimals = point == text.npos ? std::string_view() : text.substr(point + 1);
     if (!isDigits(whole) || !isDigits(decimals)) return false;
     whole.remove_prefix(std::min(whole.find_first_not_of('0'), whole.size()));
+    if (whole.size() > most) return false;
     number.whole = whole;
     number.decimals = decimals.substr(0, kDecimals);
     number.decimals.resize(kDecimals, '0');
@@ -172,8 +177,7 @@ class LinuxLocale final : public Locale {
     std::uint32_t formatNumber(const char* text, char* to, std::uint32_t room) override try {
         const UserLocale& user = userLocale();
         Number number;
-        // What is longer than the room cannot fit, whatever separators are added.
-        if (strnlen(text, room) == room || !parse(text, number)) return 0;
+        if (!parse(text, room, number)) return 0;
         std::string result(number.negative ? "-" : "");
         for (std::size_t i = 0; i < number.whole.size(); ++i) {
             if (i != 0 && (number.whole.size() - i) % 3 == 0) result += user.groupSeparator();

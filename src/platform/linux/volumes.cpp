@@ -86,7 +86,7 @@ class LinuxVolumes final : public Volumes {
     bool freeBytes(const char* root, std::uint64_t& bytes) override {
         struct statvfs volume;
         if (!volumeOf(root, volume)) return false;
-        bytes = std::uint64_t{volume.f_bavail} * volume.f_frsize;
+        if (__builtin_mul_overflow(volume.f_bavail, volume.f_frsize, &bytes)) bytes = UINT64_MAX;
         return true;
     }
 
@@ -131,7 +131,7 @@ bool LinuxVolumes::information(const char* root, VolumeInformation& information)
     return true;
 }
 
-// Clusters grow until their count fits.
+// Clusters grow until their count fits, or they themselves no longer do.
 bool LinuxVolumes::space(const char* root, DiskSpace& space) {
     struct statvfs volume;
     if (!volumeOf(root, volume)) return false;
@@ -139,8 +139,12 @@ bool LinuxVolumes::space(const char* root, DiskSpace& space) {
     std::uint64_t free = volume.f_bavail;
     std::uint32_t sector = std::min<std::uint32_t>(kSectorSize, static_cast<std::uint32_t>(volume.f_frsize));
     std::uint32_t sectors = sector == 0 ? 0 : static_cast<std::uint32_t>(volume.f_frsize / sector);
-    for (; total > std::numeric_limits<std::uint32_t>::max(); total /= 2, free /= 2) sectors *= 2;
-    space = {sectors, sector, static_cast<std::uint32_t>(free), static_cast<std::uint32_t>(total)};
+    constexpr std::uint32_t kMost = std::numeric_limits<std::uint32_t>::max();
+    for (; total > kMost && sectors <= kMost / 2; total /= 2, free /= 2) sectors *= 2;
+    auto count = [](std::uint64_t clusters) {
+        return static_cast<std::uint32_t>(std::min<std::uint64_t>(clusters, kMost));
+    };
+    space = {sectors, sector, count(free), count(total)};
     return true;
 }
 

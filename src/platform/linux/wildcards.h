@@ -17,11 +17,12 @@ class Wildcards {
     bool match(std::string_view name) const;
 
  private:
+    // Characters that no name in a pattern can hold.
     enum Symbol : char {
-        kAny = '\1',       // *: any characters
-        kAnyBase = '\2',   // * before a dot: any characters, but not the last dot
-        kOne = '\3',       // ?: a character; at a dot and at the end, none
-        kDotOrEnd = '\4',  // a dot before a wildcard: a dot, or the end
+        kAny = '*',       // *: any characters
+        kAnyBase = '\\',  // * before a dot: any characters, but not the last dot
+        kOne = '?',       // ?: a character; at a dot and at the end, none
+        kDotOrEnd = '/',  // a dot before a wildcard: a dot, or the end
     };
 
     bool advance(const bool* from, bool* to, char c, bool isLastDot) const;
