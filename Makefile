@@ -22,12 +22,13 @@ test:
 	@scripts/setup test
 	@scripts/test
 
-# The random caller under sanitizers, for SECONDS (0: until it is interrupted).
+# The platform of Linux and the random caller under sanitizers, the latter for SECONDS (0: until it is interrupted).
 SECONDS ?= 600
 fuzz:
 	@scripts/setup test
 	@cmake --preset asan >/dev/null
-	@cmake --build build/asan --target vexlor_random_caller
+	@cmake --build build/asan --target vexlor_linux_platform vexlor_random_caller
+	@build/asan/vexlor_linux_platform --seconds $$(($(SECONDS) / 10)) --seed $$(date +%s)
 	@build/asan/vexlor_random_caller --seconds $(SECONDS) --seed $$(date +%s)
 
 # The library beside what one would use instead. FILTER picks cases, for instance FILTER=Trim.

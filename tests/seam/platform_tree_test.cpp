@@ -4,8 +4,6 @@
 #include <cstdint>
 #include <cstring>
 #include <filesystem>
-#include <random>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -349,45 +347,6 @@ TEST_F(SystemTree, AttributesAreSharedWithOtherPrograms) {
     EXPECT_STREQ(text, "0x2");
     EXPECT_EQ(set("f", kSystem | kReadOnly), 0u) << "of a read-only file, too";
     EXPECT_EQ(attributes("f"), kSystem | kReadOnly);
-}
-
-// How Windows matches, letter by letter and with all ways tried.
-bool plainMatch(const std::string& pattern, std::size_t p, const std::string& name, std::size_t n) {
-    if (p == pattern.size()) return n == name.size();
-    bool atEnd = n == name.size(), atLastDot = !atEnd && n == name.rfind('.');
-    char c = pattern[p], next = p + 1 < pattern.size() ? pattern[p + 1] : '\0';
-    if (c == '*') {
-        if (plainMatch(pattern, p + 1, name, n)) return true;
-        return !atEnd && !(next == '.' && atLastDot) && plainMatch(pattern, p, name, n + 1);
-    }
-    if (c == '?') return plainMatch(pattern, p + 1, name, !atEnd && name[n] != '.' ? n + 1 : n);
-    if (c == '.' && (next == '?' || next == '*') && atEnd) return plainMatch(pattern, p + 1, name, n);
-    return !atEnd && name[n] == c && plainMatch(pattern, p + 1, name, n + 1);
-}
-
-TEST_F(SystemTree, WildcardsAgainstAPlainMatcher) {
-    std::vector<std::string> names{""};
-    for (std::size_t i = 0; i < names.size() && names[i].size() < 4; ++i) {
-        for (char c : {'a', 'b', '.'}) names.push_back(names[i] + c);
-    }
-    for (const std::string& name : names) {
-        if (!name.empty() && name != "." && name != "..") place.put(name);
-    }
-    std::mt19937 random(5);
-    for (int i = 0; i < 300; ++i) {
-        std::string pattern;
-        for (std::size_t length = 1 + random() % 6; pattern.size() < length;) pattern += "ab.?*?*"[random() % 7];
-        // Dots at the end, and a name that is only dots, are matters of their own.
-        if (pattern.back() == '.' || pattern.find_first_of("?*") == pattern.npos || pattern == "*.*") continue;
-        std::set<std::string> expected, got;
-        for (const std::string& name : names) {
-            if (name.find_first_not_of('.') != name.npos && plainMatch(pattern, 0, name, 0)) expected.insert(name);
-        }
-        for (const FoundEntry& entry : entries(pattern)) {
-            if (std::strspn(entry.name, ".") != std::strlen(entry.name)) got.insert(entry.name);
-        }
-        ASSERT_EQ(got, expected) << pattern;
-    }
 }
 
 TEST_F(SystemTree, FilesMoveToAnotherFileSystem) {
