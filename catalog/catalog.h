@@ -64,6 +64,7 @@ struct Argument {
     int limit;
     bool terminated;         // the caller must have ended the destination at its last byte
     bool nullGivesConstant;  // when this is NULL the result is a constant empty text
+    bool apart;              // the destination may not be the text itself
     const char* meaning;
 };
 
@@ -82,6 +83,7 @@ struct Entry {
     const char* does;
     const char* returns;
     const char* notes;
+    const char* examples;  // a block of rows (rows/script.h), empty if there are none
 
     const char* main() const { return names.front(); }
 };

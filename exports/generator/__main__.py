@@ -8,6 +8,7 @@ import pathlib
 import sys
 
 import catalog
+import examples
 import header
 import library
 import pages
@@ -57,6 +58,7 @@ def build_products(families):
         "listing.txt": catalog.listing(families),
     }
     products |= {f"entries/{f.stem}.h": library.declarations(f) for f in families}
+    products |= {f"rows/{f.stem}.rows": examples.rows(f, ROOT) for f in families}
     return products
 
 
@@ -68,6 +70,7 @@ def main():
     options = parser.parse_args()
     try:
         families, groups = read_table(options.root, options.root / "src")
+        examples.check_rows(families, options.root)
     except TableError as error:
         print(error, file=sys.stderr)
         return 1

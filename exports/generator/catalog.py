@@ -1,4 +1,5 @@
 """The table as C++ data: what the command-line host, the random caller and the tests know about each entry."""
+from examples import block_text
 from library import parameters, stack_bytes
 from wording import argument_words, result_words, summary
 
@@ -54,6 +55,7 @@ def catalog(families):
             shapes[shape] = f"invoke{len(shapes)}"
             lines.append(invoker(shapes[shape], entry))
     order = {id(e): i for i, e in enumerate(entries)}
+    setups = {f.stem: f.setup for f in families}
     for i, entry in enumerate(entries):
         lines.append(f"const char* const names{i}[] = {{{', '.join(quoted(n) for n in entry.names)}}};")
         if not entry.arguments:
@@ -63,7 +65,7 @@ def catalog(families):
             room = f"[](const Value* a) {{ (void)a; return Size{{{a.room.cpp()}}}; }}" if a.room else "nullptr"
             lines.append(f"    {{{quoted(a.name)}, Kind::{enumerator(a.kind)}, {room}, {index_of(entry, a.in_place)}, "
                          f"{index_of(entry, a.without)}, {index_of(entry, a.below)}, {a.limit}, {str(a.terminated).lower()}, "
-                         f"{str(a.constant).lower()}, {quoted(argument_words(entry, a))}}},")
+                         f"{str(a.constant).lower()}, {str(a.apart).lower()}, {quoted(argument_words(entry, a))}}},")
         lines.append("};")
     lines += ["", f"const Entry entries[] = {{"]
     for i, entry in enumerate(entries):
@@ -71,7 +73,7 @@ def catalog(families):
         pointer = order[id(entry.source)] if entry.making == "length" else -1
         zero = order[id(entry.source)] if entry.making == "one" else -1
         lines.append(f"    {{{quoted(entry.family)}, names{i}, {arguments}, Result::{enumerator(entry.returns)}, {entry.base}, "
-                     f"{pointer}, {zero}, {str(entry.remembers).lower()}, {shapes[shape_of(entry)]}, {quoted(summary(entry))}, {quoted(result_words(entry))}, {quoted(entry.notes)}}},")
+                     f"{pointer}, {zero}, {str(entry.remembers).lower()}, {shapes[shape_of(entry)]}, {quoted(summary(entry))}, {quoted(result_words(entry))}, {quoted(entry.notes)}, {quoted(block_text(setups[entry.family], entry.examples))}}},")
     lines += ["};", "", "const Family families[] = {"]
     lines += [f"    {{{quoted(f.stem)}, {quoted(f.title)}}}," for f in families]
     lines += ["};", "", "}  // namespace", "",

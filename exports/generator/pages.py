@@ -26,6 +26,8 @@ def section(entry, family):
     lines += [f"Returns {result_words(entry)}.", ""]
     if entry.notes:
         lines += [entry.notes, ""]
+    if entry.examples:
+        lines += ["```", *family.setup, *entry.examples, "```", ""]
     names = [f"`{n}`" for n in entry.names[1:]]
     forms = ([f"Also called {', '.join(names)}"] if names else []) + other_forms(entry, family)
     if forms:

@@ -50,8 +50,9 @@ RESULT_KINDS = {
     "void": "void",
 }
 ENTRY_KEYS = {"names", "length", "zero", "zero-length", "args", "returns", "does", "notes",
-              "unavailable", "unimplemented", "value", "length-by-hand", "length-returns", "remembers"}
+              "unavailable", "unimplemented", "value", "length-by-hand", "length-returns", "remembers", "examples"}
 FAMILY_KEYS = {"title", "area"}
+OPTIONAL_FAMILY_KEYS = {"setup"}
 NAME = re.compile(r"[A-Za-z_][A-Za-z0-9_]*\Z")
 ARGUMENT = re.compile(r"(?P<name>[a-z][A-Za-z0-9]*)\s*:\s*(?P<kind>[a-z]+)\s*(?:\[(?P<room>.*)\])?(?P<flags>(\s+[a-z0-9=A-Z-]+)*)\Z")
 
@@ -72,6 +73,7 @@ class Argument:
     below: str = ""            # number below `limit` of which the destination is left as it is
     limit: int = 0
     constant: bool = False     # without the destination (NULL) the result is a constant empty text
+    apart: bool = False        # the destination may not be the text itself
     meaning: str = ""
 
     @property
@@ -97,6 +99,7 @@ class Entry:
     result_meaning: str = ""
     remembers: bool = False    # keeps something from call to call that a result shows
     length_returns: str = ""   # a length form's result, where it is not the length of the pointer form's text
+    examples: list = dataclasses.field(default_factory=list)  # rows, and the set-up lines before them
 
     @property
     def main(self):
@@ -118,6 +121,7 @@ class Family:
     path: pathlib.Path
     entries: list
     prose: str
+    setup: list                # set-up lines of all of its examples
 
 
 def split_meaning(text):
@@ -167,7 +171,7 @@ class FamilyReader:
         head = {k: v for k, v in data.items() if not isinstance(v, dict)}
         for key in FAMILY_KEYS - head.keys():
             raise TableError(self.shown, 1, f"the family's `{key}` is missing")
-        for key in head.keys() - FAMILY_KEYS:
+        for key in head.keys() - FAMILY_KEYS - OPTIONAL_FAMILY_KEYS:
             raise TableError(self.shown, 1, f"unknown key `{key}` before the first entry")
         entries = []
         for name, fields in data.items():
@@ -176,7 +180,8 @@ class FamilyReader:
         prose = self.path.with_suffix(".md")
         if not prose.exists():
             raise TableError(self.shown, 1, f"the family's introduction {prose.name} is missing beside its table")
-        return Family(self.path.stem, head["title"], head["area"], self.path, entries, prose.read_text(encoding="utf-8").strip())
+        return Family(self.path.stem, head["title"], head["area"], self.path, entries, prose.read_text(encoding="utf-8").strip(),
+                      head.get("setup", []))
 
     def names_of(self, entry, key, fields):
         names = fields.get(key, "").split()
@@ -207,6 +212,8 @@ class FamilyReader:
                 argument.terminated = True
             elif flag == "null-gives-constant":
                 argument.constant = True
+            elif flag == "apart":
+                argument.apart = True
             elif flag.startswith("in-place=") and kind == "dest":
                 argument.in_place = flag.partition("=")[2]
             elif flag.startswith("untouched-without="):
@@ -269,7 +276,8 @@ class FamilyReader:
         def make(symbol, names, returns, making, base, source=None):
             is_length = symbol.endswith("_length")
             return Entry(symbol, names, arguments, returns, does, notes, self.path.stem, self.line_of(key), making, base, source, stub,
-                         "" if is_length else result_meaning, fields.get("remembers", False), length_returns if is_length else "")
+                         "" if is_length else result_meaning, fields.get("remembers", False), length_returns if is_length else "",
+                         fields.get("examples", []))
 
         hand = make(key, zero or names, returns, "stub" if stub else "hand", 0 if zero else -1)
         length_making = "hand" if fields.get("length-by-hand") else "length"

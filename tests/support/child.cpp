@@ -43,15 +43,19 @@ Child::~Child() {
 
 #if defined(_WIN32)
 
+std::string programPath() {
+    char path[MAX_PATH];
+    return std::string(path, GetModuleFileNameA(nullptr, path, sizeof path));
+}
+
 Child::Child(const std::string& role, const Arguments& arguments) {
-    char program[MAX_PATH];
-    GetModuleFileNameA(nullptr, program, sizeof program);
-    std::string line = '"' + std::string(program) + "\" " + kOption + " " + role;
+    std::string program = programPath();
+    std::string line = '"' + program + "\" " + kOption + " " + role;
     for (const std::string& argument : arguments) line += " \"" + argument + '"';
     STARTUPINFOA start{};
     start.cb = sizeof start;
     PROCESS_INFORMATION made{};
-    if (!CreateProcessA(program, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &made)) return;
+    if (!CreateProcessA(program.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &made)) return;
     CloseHandle(made.hThread);
     process_ = reinterpret_cast<std::intptr_t>(made.hProcess);
 }
@@ -72,8 +76,11 @@ void Child::kill() {
 
 #else
 
+std::string programPath() { return std::filesystem::read_symlink("/proc/self/exe").string(); }
+
+
 Child::Child(const std::string& role, const Arguments& arguments) {
-    std::vector<std::string> words{std::filesystem::read_symlink("/proc/self/exe").string(), kOption, role};
+    std::vector<std::string> words{programPath(), kOption, role};
     words.insert(words.end(), arguments.begin(), arguments.end());
     std::vector<char*> pointers;
     for (std::string& word : words) pointers.push_back(word.data());

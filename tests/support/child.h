@@ -10,6 +10,9 @@ namespace vx::test {
 
 using Arguments = std::vector<std::string>;
 
+// Where this program lies.
+std::string programPath();
+
 // What a child does instead of the tests; returns its exit code. The library is loaded. Defined as a global object:
 //     const Role appender("append", [](const Arguments& arguments) { ...; return 0; });
 class Role {

@@ -1,0 +1,294 @@
+#include "rows/script.h"
+
+#include <algorithm>
+#include <cctype>
+#include <charconv>
+
+namespace vx::rows {
+namespace {
+
+bool isNameCharacter(char c) { return std::isalnum(static_cast<unsigned char>(c)) || c == '_' || c == '-'; }
+
+// Reads one line from left to right; what is wrong with it is thrown as a text without a place.
+class Line {
+ public:
+    explicit Line(std::string_view text) : rest_(text) { skipBlanks(); }
+
+    bool atEnd() const { return rest_.empty() || (rest_[0] == '#' && (rest_.size() == 1 || rest_[1] == ' ')); }
+    bool take(std::string_view word) {
+        if (!rest_.starts_with(word)) return false;
+        rest_.remove_prefix(word.size());
+        skipBlanks();
+        return true;
+    }
+    bool takeWord(std::string_view word) {
+        bool whole = rest_.size() == word.size() || (rest_.size() > word.size() && rest_[word.size()] == ' ');
+        return whole && take(word);
+    }
+
+    std::string name() {
+        std::string name = nameHere();
+        if (name.empty()) throw std::string("a name is missing at `") + std::string(rest_) + "`";
+        skipBlanks();
+        return name;
+    }
+
+    // `name=` in front of a value.
+    std::string label() {
+        std::size_t size = 0;
+        while (size < rest_.size() && isNameCharacter(rest_[size])) ++size;
+        if (size == 0 || size == rest_.size() || rest_[size] != '=') return {};
+        std::string label(rest_.substr(0, size));
+        rest_.remove_prefix(size + 1);
+        return label;
+    }
+
+    Value value() {
+        Value value;
+        char c = rest_.empty() ? '\0' : rest_[0];
+        if (c == '"') {
+            value.kind = Value::Kind::kText;
+            value.text = joined();
+        } else if (c == '$') {
+            rest_.remove_prefix(1);
+            value.kind = Value::Kind::kVariable;
+            value.text = nameHere();
+        } else if (c == '#' || c == '-' || std::isdigit(static_cast<unsigned char>(c))) {
+            value.kind = Value::Kind::kNumber;
+            if (c == '#') rest_.remove_prefix(1);
+            value.number = number();
+        } else if (rest_.starts_with("@null")) {
+            rest_.remove_prefix(5);
+        } else {
+            value.text = nameHere();
+            if (value.text.empty()) throw "no value: `" + std::string(rest_) + "`";
+            value.kind = value.text == "void" ? Value::Kind::kVoid : Value::Kind::kPlace;
+            if (!rest_.empty() && rest_[0] == '+') {
+                rest_.remove_prefix(1);
+                value.number = number();
+            }
+        }
+        if (!rest_.empty() && rest_[0] != ' ') throw "no blank before `" + std::string(rest_) + "`";
+        skipBlanks();
+        return value;
+    }
+
+ private:
+    void skipBlanks() {
+        while (!rest_.empty() && rest_[0] == ' ') rest_.remove_prefix(1);
+    }
+
+    std::string nameHere() {
+        std::size_t size = 0;
+        while (size < rest_.size() && isNameCharacter(rest_[size])) ++size;
+        std::string name(rest_.substr(0, size));
+        rest_.remove_prefix(size);
+        return name;
+    }
+
+    std::int64_t number() {
+        bool negative = rest_.starts_with('-');
+        if (negative) rest_.remove_prefix(1);
+        bool hexadecimal = rest_.starts_with("0x");
+        if (hexadecimal) rest_.remove_prefix(2);
+        std::int64_t number = 0;
+        auto [end, error] = std::from_chars(rest_.data(), rest_.data() + rest_.size(), number, hexadecimal ? 16 : 10);
+        if (error != std::errc() || number > 0xFFFFFFFF) throw "no 32-bit number: `" + std::string(rest_) + "`";
+        rest_.remove_prefix(static_cast<std::size_t>(end - rest_.data()));
+        return negative ? -number : number;
+    }
+
+    std::string joined() {
+        std::string text;
+        for (bool more = true; more;) {
+            std::string piece = quotedHere();
+            std::int64_t times = 1;
+            if (rest_.starts_with('*')) {
+                rest_.remove_prefix(1);
+                times = number();
+            }
+            for (; times > 0; --times) text += piece;
+            more = rest_.starts_with("+\"");
+            if (more) rest_.remove_prefix(1);
+        }
+        return text;
+    }
+
+    std::string quotedHere() {
+        constexpr std::string_view letters = "ntr0\\\"", meanings("\n\t\r\0\\\"", 6);
+        std::string text;
+        for (std::size_t i = 1; i < rest_.size(); ++i) {
+            if (rest_[i] == '"') {
+                rest_.remove_prefix(i + 1);
+                return text;
+            }
+            if (rest_[i] != '\\') {
+                text += rest_[i];
+                continue;
+            }
+            char letter = ++i < rest_.size() ? rest_[i] : '\0';
+            unsigned code = 0;
+            if (std::size_t simple = letters.find(letter); letter && simple != letters.npos) {
+                text += meanings[simple];
+            } else if (letter == 'x' && i + 2 < rest_.size() &&
+                       std::from_chars(&rest_[i + 1], &rest_[i + 3], code, 16).ptr == &rest_[i + 3]) {
+                text += static_cast<char>(code);
+                i += 2;
+            } else {
+                throw "no such escape: \\" + std::string(rest_.substr(i, 3));
+            }
+        }
+        throw std::string("a text without its closing quote");
+    }
+
+    std::string_view rest_;
+};
+
+Row parseCall(Line& line) {
+    Row row;
+    row.name = line.name();
+    while (!line.atEnd() && !line.take("-> ")) {
+        if (line.takeWord("until")) throw std::string("`until` behind a row that is no `with` line");
+        std::string label = line.label();
+        if (label.empty()) {
+            row.arguments.push_back(line.value());
+        } else {
+            row.given.emplace_back(label, line.value());
+        }
+    }
+    return row;
+}
+
+Row parseRow(std::string_view text) {
+    Line line(text);
+    std::size_t arrow = text.find(" -> ");
+    if (arrow == text.npos) throw std::string("the row names no outcome (` -> ` and what the call gives)");
+    Row row = parseCall(line);
+    row.source = text;
+    if (line.atEnd()) throw std::string("nothing behind the arrow");
+    row.outcome = line.value();
+    while (!line.atEnd()) {
+        std::string label = line.label();
+        if (label.empty()) throw std::string("an output without its name");
+        row.outputs.emplace_back(label, line.value());
+    }
+    return row;
+}
+
+Setup parseSetup(std::string_view text) {
+    Setup setup;
+    Line line(text);
+    if (!text.empty() && (std::isupper(static_cast<unsigned char>(text[0])) || text[0] == '_')) {
+        std::size_t until = text.find(" until ");
+        Line call(text.substr(0, until));
+        setup.call = parseCall(call);
+        if (until != text.npos) {
+            Line back(text.substr(until + 7));
+            setup.until = parseCall(back);
+        }
+        return setup;
+    }
+    while (!line.atEnd()) setup.words.push_back(line.value());
+    if (setup.words.empty()) throw std::string("`with` sets nothing up");
+    return setup;
+}
+
+void place(Row& row, const std::string& file, int line) {
+    row.file = file;
+    row.line = line;
+}
+
+}  // namespace
+
+std::vector<Block> parse(const std::string& file, std::string_view text) {
+    std::vector<Block> blocks;
+    std::string from = file;
+    bool open = false;
+    int number = 0;
+    while (!text.empty()) {
+        std::size_t end = text.find('\n');
+        std::string_view line = text.substr(0, end);
+        text.remove_prefix(end == text.npos ? text.size() : end + 1);
+        ++number;
+        if (line.starts_with("#")) continue;
+        if (line.starts_with("@ ")) {
+            std::size_t gap = line.rfind(' ');
+            from = line.substr(2, gap - 2);
+            std::from_chars(line.data() + gap + 1, line.data() + line.size(), number);
+            --number;
+            continue;
+        }
+        if (line.find_first_not_of(' ') == line.npos) {
+            open = false;
+            continue;
+        }
+        if (!open) blocks.emplace_back();
+        open = true;
+        Block& block = blocks.back();
+        try {
+            if (line.starts_with("with ")) {
+                if (!block.rows.empty()) throw std::string("a `with` line behind a row: it belongs at the block's head");
+                Setup setup = parseSetup(line.substr(5));
+                setup.file = from;
+                setup.line = number;
+                if (setup.call) place(*setup.call, from, number);
+                if (setup.until) place(*setup.until, from, number);
+                block.setups.push_back(std::move(setup));
+            } else {
+                Row row = parseRow(line);
+                place(row, from, number);
+                block.rows.push_back(std::move(row));
+            }
+        } catch (const std::string& what) {
+            throw ScriptError(from, number, what + "\n  " + std::string(line));
+        }
+    }
+    return blocks;
+}
+
+std::string inQuotes(std::string_view text) {
+    std::string result = "\"";
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        // A long run of one character is told by its length.
+        std::size_t run = text.find_first_not_of(text[i], i);
+        run = (run == text.npos ? text.size() : run) - i;
+        char c = text[i];
+        std::string one(1, c);
+        constexpr std::string_view special("\n\t\r\0\\\"", 6), letters = "ntr0\\\"";
+        if (std::size_t at = special.find(c); at != special.npos) {
+            one = std::string("\\") + letters[at];
+        } else if (static_cast<unsigned char>(c) < 0x20 || static_cast<unsigned char>(c) >= 0x7F) {
+            constexpr char digits[] = "0123456789ABCDEF";
+            one = std::string("\\x") + digits[static_cast<unsigned char>(c) >> 4] + digits[c & 15];
+        }
+        if (run > 40) {
+            std::string before = result == "\"" ? "" : result + "\"+";
+            result = before + "\"" + one + "\"*" + std::to_string(run) + "+\"";
+            i += run - 1;
+        } else {
+            result += one;
+        }
+    }
+    result += '"';
+    if (result.ends_with("+\"\"")) result.resize(result.size() - 3);
+    return result;
+}
+
+std::string shown(const Value& value) {
+    switch (value.kind) {
+        case Value::Kind::kNumber:
+            return std::to_string(value.number);
+        case Value::Kind::kText:
+            return inQuotes(value.text);
+        case Value::Kind::kNull:
+            return "@null";
+        case Value::Kind::kVoid:
+            return "void";
+        case Value::Kind::kVariable:
+            return "$" + value.text;
+        default:
+            return value.text + (value.number ? "+" + std::to_string(value.number) : "");
+    }
+}
+
+}  // namespace vx::rows
