@@ -74,6 +74,7 @@ Json entryJson(const Entry& entry) {
     for (const Argument& argument : entry.arguments) object["arguments"].push_back(argumentJson(entry, argument));
     object["result"] = {{"kind", kResults[static_cast<int>(entry.result)]}, {"meaning", entry.returns}};
     object["notes"] = entry.notes;
+    object["examples"] = entry.examples;
     object["base"] = entry.base >= 0 ? Json(entry.base) : Json(nullptr);
     Relatives r = relativesOf(entry);
     for (auto [key, relative] : {std::pair{"lengthForm", r.lengthForm},
@@ -133,12 +134,23 @@ std::string listText(const std::vector<const Entry*>& entries) {
     return text;
 }
 
+std::string indented(std::string_view lines) {
+    std::string text;
+    while (!lines.empty()) {
+        std::size_t end = lines.find('\n');
+        text += "  " + std::string(lines.substr(0, end)) + "\n";
+        lines.remove_prefix(end == lines.npos ? lines.size() : end + 1);
+    }
+    return text;
+}
+
 std::string explainText(const Entry& entry) {
     std::string text = std::string(entry.main()) + ": " + entry.does + "\n\n  " + catalog::declaration(entry) + "\n  " +
                        synopsis(entry, entry.main()) + "\n";
     if (!entry.arguments.empty()) text += "\nArguments\n" + argumentHelp(entry, false);
     text += "\nResult\n  " + std::string(entry.returns) + "\n";
     if (*entry.notes) text += "\nNotes\n  " + std::string(entry.notes) + "\n";
+    if (*entry.examples) text += "\nExamples\n" + indented(entry.examples);
     text += "\nNames\n  " + joined(entry.names) + "\n";
     Relatives r = relativesOf(entry);
     std::string related;

@@ -16,6 +16,7 @@
 
 #include "cli/call.h"
 #include "cli/errors.h"
+#include "cli/examples.h"
 #include "cli/explain.h"
 #include "cli/library.h"
 #include "cli/lines.h"
@@ -30,6 +31,7 @@ Usage: vexlor [OPTIONS] NAME [ARGUMENTS...]
        vexlor --lines [OPTIONS] NAME [ARGUMENTS WITH {}...]
        vexlor --list [FAMILY|TEXT]
        vexlor --explain NAME
+       vexlor --try NAME
        vexlor --table FILE.DBF
 )";
 
@@ -70,7 +72,8 @@ class HelpFormat : public CLI::Formatter {
 
 struct CommandLine {
     std::string library;
-    bool json = false, raw = false, lines = false, list = false, explain = false, table = false, deleted = false;
+    bool json = false, raw = false, lines = false, list = false, explain = false, tryOut = false, table = false,
+         deleted = false;
     std::vector<std::string> contents;
     CallOptions call;
     std::vector<std::string> words;  // NAME and all that follows it
@@ -96,6 +99,7 @@ std::optional<int> parse(int argc, char** argv, CommandLine& line) {
         ->option_text("PATH");
     app.add_flag("--list", line.list, "List the functions of a family, or those that a text finds, or all");
     app.add_flag("--explain", line.explain, "Show what a function does, takes and gives");
+    app.add_flag("--try", line.tryOut, "Run a function's examples (exit code 1: one gives something else)");
     app.add_flag("--table", line.table, "Show the fields and records of a table (--json: an object a record)");
     app.add_flag("--deleted", line.deleted, "Show deleted records of a table, too, marked *");
     try {
@@ -199,6 +203,11 @@ int run(int argc, char** argv) {
         if (line.words.size() != 1) throw UsageError("--explain takes the name of a function");
         output = explain(entryOf(line.words.front()), line.json);
         write(output);
+    } else if (line.tryOut) {
+        if (line.words.size() != 1) throw UsageError("--try takes the name of a function");
+        Tried tried = tryExamples(entryOf(line.words.front()), Library(line.library));
+        write(tried.text);
+        if (!tried.allAsSaid) return kNoLibrary;
     } else if (line.table) {
         takeTrailingJson(line);
         if (line.words.size() != 1) throw UsageError("--table takes the name of a table's file");

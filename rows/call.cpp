@@ -50,8 +50,8 @@ void Call::take(const Row& row, Variables& variables) {
         }
         auto found = std::find_if(given.begin(), given.end(), [&](const auto& g) { return g.first == argument.name; });
         if (found == given.end()) continue;
-        auto value = std::find_if(row.given.begin(), row.given.end(),
-                                  [&](const auto& g) { return g.first == argument.name; });
+        auto value =
+            std::find_if(row.given.begin(), row.given.end(), [&](const auto& g) { return g.first == argument.name; });
         takeOne(i, value->second, variables);
         slots_[i].given = true;
         given.erase(found);
@@ -119,7 +119,8 @@ void Call::place() {
         if (room > std::int64_t{1} << 28) throw std::string("the call needs too much memory");
         std::size_t own = slot.bytes.size() + (argument.kind == Kind::kStr || argument.kind == Kind::kEdit);
         if (argument.kind == Kind::kOut) own = sizeof(std::int32_t);
-        if (argument.kind == Kind::kDest) own = slot.given ? slot.bytes.size() + 1 : 0;  // else the documented room only
+        if (argument.kind == Kind::kDest)
+            own = slot.given ? slot.bytes.size() + 1 : 0;  // else the documented room only
         sizes[i] = std::max<std::size_t>({own, static_cast<std::size_t>(room), 1});
         if (isSupplied(argument.kind) && form_.without == static_cast<int>(i)) slot.isNull = true;
         if (argument.kind == Kind::kDest && (form_.inPlace || form_.ontoText)) slot.isNull = true;
@@ -230,7 +231,8 @@ std::string Call::compareNumber(std::int64_t wanted) const {
     if (form_.zeroBased && entry_.result == Result::kPos) --wanted;
     auto got = static_cast<std::uint32_t>(result_.number);
     if (static_cast<std::uint32_t>(wanted) == got) return {};
-    return differs("", std::to_string(wanted), std::to_string(wanted < 0 ? static_cast<std::int32_t>(got) : result_.number));
+    return differs("", std::to_string(wanted),
+                   std::to_string(wanted < 0 ? static_cast<std::int32_t>(got) : result_.number));
 }
 
 std::string Call::compare(const Value& wanted, Variables& variables) const {
@@ -277,7 +279,8 @@ std::string Call::compareBlock(std::size_t i, const std::string& wanted) const {
     if (!slot.memory || slot.isNull) return "there is no block";
     std::string got(slot.memory->data(), slot.memory->size());
     if (got.size() < wanted.size()) return differs("", inQuotes(wanted), inQuotes(got));
-    if (got.substr(0, wanted.size()) != wanted) return differs("", inQuotes(wanted), inQuotes(got.substr(0, wanted.size())));
+    if (got.substr(0, wanted.size()) != wanted)
+        return differs("", inQuotes(wanted), inQuotes(got.substr(0, wanted.size())));
     bool same = slot.before.empty() || got.substr(wanted.size()) == slot.before.substr(wanted.size());
     return same ? "" : "behind the first " + std::to_string(wanted.size()) + " bytes the block was changed";
 }

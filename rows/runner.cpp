@@ -126,7 +126,8 @@ class Runner {
         if (!dest || !row.given.empty()) return;
         std::size_t at = static_cast<std::size_t>(dest - entry.arguments.data());
         if (plain.hasNull(at)) return;
-        bool differs = std::any_of(row.outputs.begin(), row.outputs.end(), [](auto& o) { return o.first == "in-place"; });
+        bool differs =
+            std::any_of(row.outputs.begin(), row.outputs.end(), [](auto& o) { return o.first == "in-place"; });
         if (dest->inPlace >= 0 && !plain.hasNull(static_cast<std::size_t>(dest->inPlace))) {
             Form form{.label = "in place", .entry = &entry, .name = entry.main(), .inPlace = true};
             check(row, form);

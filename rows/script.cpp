@@ -227,7 +227,8 @@ std::vector<Block> parse(const std::string& file, std::string_view text) {
         Block& block = blocks.back();
         try {
             if (line.starts_with("with ")) {
-                if (!block.rows.empty()) throw std::string("a `with` line behind a row: it belongs at the block's head");
+                if (!block.rows.empty())
+                    throw std::string("a `with` line behind a row: it belongs at the block's head");
                 Setup setup = parseSetup(line.substr(5));
                 setup.file = from;
                 setup.line = number;

@@ -16,7 +16,8 @@
 // Blank lines end a block. What a block's `with` lines set up holds for its rows and is taken back behind it.
 //
 // Arguments stand in their order; those that vexlor supplies (destinations, blocks, outputs) are given by name where
-// something is to be in them: `dest="???"`, `dest=@null`. Behind the arrow stands what the call gives: a text, a number,
+// something is to be in them: `dest="???"`, `dest=@null`. Behind the arrow stands what the call gives: a text, a
+// number,
 // @null, void, or $name, which keeps it for later rows of the block; then, by name, what is to be in further outputs,
 // `result=` for a number beside a text or the place that a result points to (`result=text+5`), and `in-place=` where
 // a call in place gives another text. A text is "..." with \n \t \r \0 \\ \" \xHH, "x"*300 repeats it, + joins two.

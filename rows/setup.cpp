@@ -23,7 +23,8 @@ bool isSetting(const Setup& setup, const char* word) { return !setup.words.empty
 
 bool Surroundings::isFor(const Block& block, const Host& host) {
     auto asks = [&](const char* word) {
-        return std::any_of(block.setups.begin(), block.setups.end(), [&](const Setup& s) { return isSetting(s, word); });
+        return std::any_of(block.setups.begin(), block.setups.end(),
+                           [&](const Setup& s) { return isSetting(s, word); });
     };
     for (const Setup& setup : block.setups) {
         if (isSetting(setup, "system") && (setup.words.size() != 2 || setup.words[1].text != kSystem)) return false;
@@ -56,7 +57,8 @@ void Surroundings::set(const Setup& setup) {
     if (word == "directory" && isTexts(0)) {
         makeDirectory();
     } else if (word == "file" && isTexts(2)) {
-        if (directory_.empty()) throw ScriptError(setup.file, setup.line, "`with file` needs `with directory` before it");
+        if (directory_.empty())
+            throw ScriptError(setup.file, setup.line, "`with file` needs `with directory` before it");
         std::filesystem::path path = directory_ / setup.words[1].text;
         std::filesystem::create_directories(path.parent_path());
         std::ofstream(path, std::ios::binary) << setup.words[2].text;

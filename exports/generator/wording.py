@@ -55,6 +55,8 @@ def argument_words(entry, argument):
         words += f"; left as it is when {argument.without} is NULL"
     if argument.below:
         words += f"; left as it is when {argument.below} is below {argument.limit}"
+    if argument.apart:
+        words += "; never the text itself"
     if argument.terminated:
         words += "; must already end at its last byte"
     return words

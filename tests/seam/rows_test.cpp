@@ -1,10 +1,11 @@
 // The rows that need a made-up machine, and that machine.
+#include "tests/support/rows.h"
+
 #include <memory>
 #include <string>
 
 #include "rows/runner.h"
 #include "tests/seam/seam.h"
-#include "tests/support/rows.h"
 
 namespace vx::test {
 namespace {
@@ -23,7 +24,8 @@ platform::Moment momentOf(const std::vector<Value>& words) {
 
 std::string textOf(const platform::Moment& m) {
     char text[64];
-    std::snprintf(text, sizeof text, "%04d-%02d-%02d %02d:%02d:%02d", m.year, m.month, m.day, m.hour, m.minute, m.second);
+    std::snprintf(text, sizeof text, "%04d-%02d-%02d %02d:%02d:%02d", m.year, m.month, m.day, m.hour, m.minute,
+                  m.second);
     return text;
 }
 
