@@ -43,6 +43,14 @@ class Line {
         return label;
     }
 
+    // A value, or those in braces.
+    std::vector<Value> values() {
+        if (!take("{")) return {value()};
+        std::vector<Value> all;
+        while (!take("}")) all.push_back(value());
+        return all;
+    }
+
     Value value() {
         Value value;
         char c = rest_.empty() ? '\0' : rest_[0];
@@ -68,7 +76,7 @@ class Line {
                 value.number = number();
             }
         }
-        if (!rest_.empty() && rest_[0] != ' ') throw "no blank before `" + std::string(rest_) + "`";
+        if (!rest_.empty() && rest_[0] != ' ' && rest_[0] != '}') throw "no blank before `" + std::string(rest_) + "`";
         skipBlanks();
         return value;
     }
@@ -144,35 +152,72 @@ class Line {
     std::string_view rest_;
 };
 
-Row parseCall(Line& line) {
-    Row row;
-    row.name = line.name();
+// A line as it stands: each value with the others that stand in its braces.
+struct Sheaf {
+    std::string name;
+    std::vector<std::vector<Value>> arguments;
+    std::vector<std::pair<std::string, std::vector<Value>>> given, outputs;
+    std::vector<Value> outcome;
+};
+
+Sheaf parseCall(Line& line) {
+    Sheaf sheaf;
+    sheaf.name = line.name();
     while (!line.atEnd() && !line.take("-> ")) {
-        if (line.takeWord("until")) throw std::string("`until` behind a row that is no `with` line");
         std::string label = line.label();
         if (label.empty()) {
-            row.arguments.push_back(line.value());
+            sheaf.arguments.push_back(line.values());
         } else {
-            row.given.emplace_back(label, line.value());
+            sheaf.given.emplace_back(label, line.values());
         }
     }
+    return sheaf;
+}
+
+Row rowOf(const Sheaf& sheaf, std::size_t index) {
+    auto pick = [&](const std::vector<Value>& values) { return values.size() == 1 ? values[0] : values[index]; };
+    Row row;
+    row.name = sheaf.name;
+    for (const auto& values : sheaf.arguments) row.arguments.push_back(pick(values));
+    for (const auto& [label, values] : sheaf.given) row.given.emplace_back(label, pick(values));
+    for (const auto& [label, values] : sheaf.outputs) row.outputs.emplace_back(label, pick(values));
+    if (!sheaf.outcome.empty()) row.outcome = pick(sheaf.outcome);
     return row;
 }
 
-Row parseRow(std::string_view text) {
+// How many rows the braces stand for.
+std::size_t countOf(const Sheaf& sheaf) {
+    std::size_t count = 1;
+    auto take = [&](const std::vector<Value>& values) {
+        if (values.empty() || (values.size() > 1 && count > 1 && values.size() != count))
+            throw std::string("braces with different numbers of values, or with none");
+        count = std::max(count, values.size());
+    };
+    for (const auto& values : sheaf.arguments) take(values);
+    for (const auto& [label, values] : sheaf.given) take(values);
+    for (const auto& [label, values] : sheaf.outputs) take(values);
+    take(sheaf.outcome);
+    return count;
+}
+
+std::vector<Row> parseRows(std::string_view text) {
     Line line(text);
-    std::size_t arrow = text.find(" -> ");
-    if (arrow == text.npos) throw std::string("the row names no outcome (` -> ` and what the call gives)");
-    Row row = parseCall(line);
-    row.source = text;
+    if (text.find(" -> ") == text.npos) throw std::string("the row names no outcome (` -> ` and what the call gives)");
+    Sheaf sheaf = parseCall(line);
     if (line.atEnd()) throw std::string("nothing behind the arrow");
-    row.outcome = line.value();
+    sheaf.outcome = line.values();
     while (!line.atEnd()) {
         std::string label = line.label();
         if (label.empty()) throw std::string("an output without its name");
-        row.outputs.emplace_back(label, line.value());
+        sheaf.outputs.emplace_back(label, line.values());
     }
-    return row;
+    std::vector<Row> rows;
+    std::size_t count = countOf(sheaf);
+    for (std::size_t i = 0; i < count; ++i) {
+        rows.push_back(rowOf(sheaf, i));
+        rows.back().source = std::string(text) + (count > 1 ? " (" + std::to_string(i + 1) + " of the braces)" : "");
+    }
+    return rows;
 }
 
 Setup parseSetup(std::string_view text) {
@@ -181,10 +226,10 @@ Setup parseSetup(std::string_view text) {
     if (!text.empty() && (std::isupper(static_cast<unsigned char>(text[0])) || text[0] == '_')) {
         std::size_t until = text.find(" until ");
         Line call(text.substr(0, until));
-        setup.call = parseCall(call);
+        setup.call = rowOf(parseCall(call), 0);
         if (until != text.npos) {
             Line back(text.substr(until + 7));
-            setup.until = parseCall(back);
+            setup.until = rowOf(parseCall(back), 0);
         }
         return setup;
     }
@@ -236,9 +281,10 @@ std::vector<Block> parse(const std::string& file, std::string_view text) {
                 if (setup.until) place(*setup.until, from, number);
                 block.setups.push_back(std::move(setup));
             } else {
-                Row row = parseRow(line);
-                place(row, from, number);
-                block.rows.push_back(std::move(row));
+                for (Row& row : parseRows(line)) {
+                    place(row, from, number);
+                    block.rows.push_back(std::move(row));
+                }
             }
         } catch (const std::string& what) {
             throw ScriptError(from, number, what + "\n  " + std::string(line));

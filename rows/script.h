@@ -22,6 +22,10 @@
 // `result=` for a number beside a text or the place that a result points to (`result=text+5`), and `in-place=` where
 // a call in place gives another text. A text is "..." with \n \t \r \0 \\ \" \xHH, "x"*300 repeats it, + joins two.
 // A number is decimal or 0x hexadecimal, a character "x" or its code. `# ` begins a comment.
+//
+// Values in braces stand for as many rows: the first of each for the first row, and so on; all others are the same.
+//
+//     RomanToNum {"VX" "IM" "X I"} -> {5 999 0}
 #pragma once
 
 #include <cstdint>
