@@ -6482,7 +6482,7 @@ VEXLOR32_API uint32_t VEXLOR32_CALL strnumtocents(const char *number, int32_t st
 /* An amount in words, for a cheque: one thousand two hundred thirty four dollars and 56/100.
  *   number   an amount; NULL counts as empty
  *   style    of the cents, as in NumToCents
- *   dest     destination; room: 512; NULL: nothing is written
+ *   dest     destination; room: 512; NULL: nothing is written; never the text itself
  *   returns  dest
  * A missing amount gives a text of its own, which begins with zero02 dollars02. */
 VEXLOR32_API char *VEXLOR32_CALL NumToDollars(const char *number, int32_t style, char *dest);
