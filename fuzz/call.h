@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "fuzz/arguments.h"
-#include "fuzz/memory.h"
+#include "rows/guarded_memory.h"
 
 namespace vx::fuzz {
 
@@ -45,7 +45,7 @@ class Call {
     std::span<const catalog::Argument> arguments() const { return plan_->entry->arguments; }
     const Input& input(std::size_t i) const { return plan_->inputs[i]; }
     const Need& need(std::size_t i) const { return needs_[i]; }
-    const GuardedBuffer& buffer(std::size_t i) const { return buffers_[i]; }
+    const rows::GuardedBuffer& buffer(std::size_t i) const { return buffers_[i]; }
     const char* pointer(std::size_t i) const { return need(i).bytes ? buffers_[i].data() : nullptr; }
     const catalog::Value& result() const { return result_; }
     const char* resultText() const { return result_.constant; }
@@ -70,7 +70,7 @@ class Call {
     const Plan* plan_ = nullptr;
     Layout layout_;
     std::vector<Need> needs_;
-    std::array<GuardedBuffer, kMostArguments> buffers_;
+    std::array<rows::GuardedBuffer, kMostArguments> buffers_;
     std::array<catalog::Value, kMostArguments> values_{};
     std::vector<std::string> before_;
     catalog::Value result_;

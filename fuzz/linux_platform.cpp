@@ -17,7 +17,6 @@
 #include <map>
 #include <set>
 
-#include "fuzz/memory.h"
 #include "fuzz/report.h"
 #include "fuzz/texts.h"
 #include "platform/linux/names.h"
@@ -25,6 +24,7 @@
 #include "platform/linux/short_names.h"
 #include "platform/linux/wildcards.h"
 #include "platform/platform.h"
+#include "rows/guarded_memory.h"
 #include "tests/support/workplace.h"
 
 namespace {
@@ -58,7 +58,7 @@ void expect(bool holds, string_view what, string_view given) {
 
 // The text that a call gives: the same with just the room that it needs, and nothing (0, or that room) with less.
 string filled(const std::function<std::uint32_t(char*, std::uint32_t)>& fill, bool givesNeed, string_view given) {
-    static GuardedBuffer buffer;
+    static rows::GuardedBuffer buffer;
     auto in = [&](std::uint32_t room) { return fill(buffer.place(room, false, '#'), room); };
     std::uint32_t size = in(20000);
     if (size == 0) return {};
