@@ -43,6 +43,15 @@ inline char* store(char* to, std::string_view content) {
     return to;
 }
 
+// Puts three pieces and a terminator at `to`, the last one first: `before` and `after` may lie there, parts of one text
+// from which only what stands between them goes.
+inline char* storeSpliced(char* to, std::string_view before, std::string_view between, std::string_view after) {
+    store(to + before.size() + between.size(), after);
+    moveBytes(to + before.size(), between.data(), between.size());
+    moveBytes(to, before.data(), before.size());
+    return to;
+}
+
 // A count or width, negative ones acting as 0.
 inline std::size_t atLeastZero(std::int32_t count) { return count > 0 ? static_cast<std::size_t>(count) : 0; }
 

@@ -138,12 +138,12 @@ std::int32_t styleOf(std::int32_t style) {
 }
 
 void spellCents(char* dest, std::string_view amount, std::int32_t style) {
-    Writer words(dest);
-    if (style == kNoCents) return;
     std::string_view decimals = fieldOf(amount, 2).substr(0, 2);
     char digits[2] = {'0', '0'};
     std::copy(decimals.begin(), decimals.end(), digits);
     std::string_view cents(digits, 2);
+    Writer words(dest);  // not before: the destination may be the amount
+    if (style == kNoCents) return;
     if (style == kDigitsOver100) {
         words.add(cents).add("/100");
         return;
@@ -183,6 +183,8 @@ ENTRY(char*, NumToDollars)(const char* number, int32_t style, char* dest) noexce
     style = styleOf(style);
     std::string_view amount = readable(number);
     if (amount.empty()) return store(dest, kNoAmountDollars[style]);
+    char copy[kMostRead];  // the destination may be the amount
+    amount = {copy, amount.copy(copy, kMostRead)};
     std::string_view whole = fieldOf(amount, 1);
     spell(dest, whole);
     Writer words(dest + std::strlen(dest));

@@ -102,17 +102,21 @@ class Walk {
     Matcher matcher_;
 };
 
-// A destination of a given size: takes what fits and keeps it terminated.
+// A destination of a given size: takes what fits and is terminated in the end, not before, since it may be the text.
 class Output {
  public:
-    Output(char* dest, std::uint32_t size) : to_(dest), left_(dest && size > 0 ? size - 1 : 0) {
-        if (dest && size > 0) *dest = '\0';
+    Output(char* dest, std::uint32_t size) : to_(size > 0 ? dest : nullptr), left_(to_ ? size - 1 : 0) {}
+    ~Output() {
+        if (to_) *to_ = '\0';
     }
+    Output(const Output&) = delete;
+    Output& operator=(const Output&) = delete;
 
     void append(std::string_view text) {
         std::size_t size = text.size() < left_ ? text.size() : left_;
         if (size == 0) return;
-        to_ = store(to_, text.substr(0, size)) + size;
+        moveBytes(to_, text.data(), size);
+        to_ += size;
         left_ -= size;
     }
 

@@ -203,9 +203,5 @@ ENTRY(char*, WildSwap)
     std::string_view all = view(text);
     std::optional<WildMatch> match = matcher(pattern, text, exact).match(n);
     if (!match) return store(dest, all);
-    std::string_view piece = view(replacement);
-    moveBytes(dest, all.data(), match->start);
-    moveBytes(dest + match->start, piece.data(), piece.size());
-    store(dest + match->start + piece.size(), all.substr(match->end));
-    return dest;
+    return storeSpliced(dest, all.substr(0, match->start), view(replacement), all.substr(match->end));
 }

@@ -78,13 +78,21 @@ ENTRY(char*, StrExpand)(const char* text, int32_t n, const char* fill, char* des
     if (n < 1 || all.size() < 2) return store(dest, all);
     const std::size_t gap = atLeastZero(n);
     const std::size_t size = (all.size() - 1) * gap + all.size();
-    std::memset(dest, fillOrDefault(fill), size);
+    const char filler = fillOrDefault(fill);
+    dest[size] = '\0';
+    if (dest == text) {  // from the end, so that nothing is overwritten before it is read
+        for (std::size_t i = all.size(), at = size; i-- > 1; at -= gap + 1) {
+            dest[at - 1] = text[i];
+            std::memset(dest + at - 1 - gap, filler, gap);
+        }
+        return dest;
+    }
+    std::memset(dest, filler, size);
     std::size_t at = 0;
     for (char c : all) {
         dest[at] = c;
         at += gap + 1;
     }
-    dest[size] = '\0';
     return dest;
 }
 
@@ -94,8 +102,5 @@ ENTRY(char*, StrSwap)
     std::string_view all = view(text);
     Field field = findField(all, delimiterMarks(delimiters), n);
     if (field.start == all.size()) return store(dest, all);
-    const std::string_view put = view(replacement);
-    char* end = store(store(dest, all.substr(0, field.start)) + field.start, put) + put.size();
-    store(end, all.substr(field.start + field.length));
-    return dest;
+    return storeSpliced(dest, all.substr(0, field.start), view(replacement), all.substr(field.start + field.length));
 }

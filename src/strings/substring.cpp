@@ -53,10 +53,6 @@ ENTRY(char*, Stuff)(const char* text, int32_t start, int32_t remove, const char*
     std::size_t before = atLeastZero(start);
     // kept: behind the end nothing is inserted, not even appended.
     if (before > all.size()) return store(dest, all);
-    std::string_view added = view(insert);
     std::size_t rest = before + std::min(atLeastZero(remove), all.size() - before);
-    moveBytes(dest, all.data(), before);
-    moveBytes(dest + before, added.data(), added.size());
-    store(dest + before + added.size(), all.substr(rest));
-    return dest;
+    return storeSpliced(dest, all.substr(0, before), view(insert), all.substr(rest));
 }

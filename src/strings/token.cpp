@@ -58,8 +58,6 @@ std::string_view textOf(const char* text, const std::optional<Token>& token) {
 
 std::size_t lengthOf(const std::optional<Token>& token) { return token ? token->length : 0; }
 
-char* append(char* end, std::string_view piece) { return store(end, piece) + piece.size(); }
-
 // kept: the character behind the token is mapped with it, unless it is the terminator.
 char* mapToken(char* text, const char* delimiters, std::int32_t n, char (*map)(char)) {
     std::optional<Token> token = findToken(text, Delimiters(delimiters), n);
@@ -116,8 +114,7 @@ ENTRY(char*, DeleteToken)(const char* text, const char* delimiters, int32_t n, c
     std::optional<Token> token = findToken(all, set, n);
     if (!token) return store(dest, all);
     std::optional<Token> next = nextToken(all, set, token->end());
-    append(append(dest, all.substr(0, token->offset)), all.substr(next ? next->offset : all.size()));
-    return dest;
+    return storeSpliced(dest, all.substr(0, token->offset), {}, all.substr(next ? next->offset : all.size()));
 }
 
 ENTRY(char*, SwapToken)
@@ -126,9 +123,7 @@ ENTRY(char*, SwapToken)
     std::string_view all = view(text);
     std::optional<Token> token = findToken(all, Delimiters(delimiters), n);
     if (!token) return store(dest, all);
-    char* end = append(dest, all.substr(0, token->offset));
-    append(append(end, view(replacement)), all.substr(token->end()));
-    return dest;
+    return storeSpliced(dest, all.substr(0, token->offset), view(replacement), all.substr(token->end()));
 }
 
 ENTRY(char*, SpaceToken)
