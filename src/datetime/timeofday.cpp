@@ -65,12 +65,16 @@ char* putPlainTime(const TimeOfDay& time, char* dest) {
     return store(dest, {text, std::min(size, kPlainTimeSize)});
 }
 
-void sleepFor(std::int32_t count, std::uint64_t millisecondsEach) {
-    constexpr std::uint64_t kLongest = 0xFFFFFFFE;  // one more would be for ever
-    localClock().sleep(static_cast<std::uint32_t>(std::min(atLeastZero(count) * millisecondsEach, kLongest)));
+void sleepFor(std::int32_t count, std::uint32_t millisecondsEach) {
+    sleepTimes(static_cast<std::uint32_t>(std::max(count, 0)), millisecondsEach);
 }
 
 }  // namespace
+
+void sleepTimes(std::uint32_t count, std::uint32_t millisecondsEach) {
+    constexpr std::uint64_t kLongest = 0xFFFFFFFE;  // one more would be for ever
+    localClock().sleep(static_cast<std::uint32_t>(std::min(std::uint64_t{count} * millisecondsEach, kLongest)));
+}
 
 TimeOfDay timeOfText(const char* text) {
     auto fields = threeNumbers(view(text), kTimeDelimiter);

@@ -28,4 +28,7 @@ inline void storeTime(const TimeOfDay& time, std::int32_t* hour, std::int32_t* m
     if (second) *second = time.second;
 }
 
+// Sleeps `count` times so many milliseconds, at most as long as the platform can without sleeping for ever.
+void sleepTimes(std::uint32_t count, std::uint32_t millisecondsEach);
+
 }  // namespace vx

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "datetime/timeofday.h"
 #include "frame/library.h"
 #include "platform/platform.h"
 
@@ -114,7 +115,7 @@ ENTRY(char*, RomDate)(char* dest) noexcept {
 
 ENTRY(int32_t, Tone)(int32_t frequency, uint32_t ticks) noexcept {
     startSound(frequency);
-    platform::current().clock->sleep(ticks * kMillisecondsOfTick);
+    sleepTimes(ticks, kMillisecondsOfTick);
     return stopSound();
 }
 ENTRY(void, Noise)(int32_t frequency) noexcept { startSound(frequency); }

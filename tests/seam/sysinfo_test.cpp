@@ -115,8 +115,8 @@ TEST_F(Machine, SoundsByTheSystem) {
                         {37, 37, 1, 55},
                         {440, 440, 100, 5500},
                         {32767, 32767, 2, 110},
-                        {100000, 32767, 78090315, 29},  // 4294967325 wraps
-                        {INT32_MIN, 37, UINT32_MAX, UINT32_MAX - 54},
+                        {100000, 32767, 78090315, 0xFFFFFFFE},
+                        {INT32_MIN, 37, UINT32_MAX, 0xFFFFFFFE},
                         {INT32_MAX, 32767, 3, 165}};
     for (std::int32_t result : {1, 0}) {
         fake.hardware.beepResult = result;

@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <string>
 
 namespace vx::test {
@@ -26,32 +27,36 @@ inline std::string rerun(const std::string& variables, const std::string& filter
     return pclose(pipe) == 0 && said.find("[  PASSED  ] 0 ") == said.npos ? "" : command + "\n" + said;
 }
 
-// A Russian locale, whose months have another form within a date: made for this run if the system can, else the
+// A locale ("ru_RU") in UTF-8: made for this run if the system can, from its own source or a given one, else the
 // installed one if there is one.
-class RussianLocale {
+class OtherLocale {
  public:
-    RussianLocale() : folder_(std::filesystem::temp_directory_path() / ("vexlor-locale-" + std::to_string(getpid()))) {
+    explicit OtherLocale(const std::string& name, const std::string& source = "")
+        : name_(name + ".UTF-8"),
+          folder_(std::filesystem::temp_directory_path() / ("vexlor-locale-" + std::to_string(getpid()))) {
         std::filesystem::create_directories(folder_);
-        std::string target = (folder_ / kName).string();
-        std::string command = "localedef --no-archive -i ru_RU -f UTF-8 '" + target + "' >/dev/null 2>&1";
+        std::string target = (folder_ / name_).string();
+        if (!source.empty()) std::ofstream(target + ".source") << source;
+        std::string from = source.empty() ? name : target + ".source";
+        std::string command = "localedef --no-archive -i '" + from + "' -f UTF-8 '" + target + "' >/dev/null 2>&1";
         made_ = std::system(command.c_str()) == 0;
     }
-    ~RussianLocale() { std::filesystem::remove_all(folder_); }
-    RussianLocale(const RussianLocale&) = delete;
-    RussianLocale& operator=(const RussianLocale&) = delete;
+    ~OtherLocale() { std::filesystem::remove_all(folder_); }
+    OtherLocale(const OtherLocale&) = delete;
+    OtherLocale& operator=(const OtherLocale&) = delete;
 
-    // The variables that select it; empty if there is no Russian locale.
+    // The variables that select it; empty if there is no such locale.
     std::string variables() const {
         // The C library loses a copy of LOCPATH itself, which is no leak of ours.
-        if (made_) return "ASAN_OPTIONS=detect_leaks=0 LOCPATH='" + folder_.string() + "' LC_ALL=" + kName;
-        locale_t installed = newlocale(LC_ALL_MASK, kName, nullptr);
+        if (made_) return "ASAN_OPTIONS=detect_leaks=0 LOCPATH='" + folder_.string() + "' LC_ALL=" + name_;
+        locale_t installed = newlocale(LC_ALL_MASK, name_.c_str(), nullptr);
         if (!installed) return "";
         freelocale(installed);
-        return std::string("LC_ALL=") + kName;
+        return "LC_ALL=" + name_;
     }
 
  private:
-    static constexpr const char* kName = "ru_RU.UTF-8";
+    std::string name_;
     std::filesystem::path folder_;
     bool made_ = false;
 };
@@ -71,11 +76,14 @@ class InZone {
     std::string before_;
 };
 
-inline void rerunInSecondLocale(const std::string& filter) {
-    RussianLocale russian;
-    if (russian.variables().empty()) GTEST_SKIP() << "no Russian locale is installed, and none can be made";
-    EXPECT_EQ(rerun(russian.variables(), filter), "");
+inline void rerunIn(const std::string& locale, const std::string& filter, const std::string& source = "") {
+    OtherLocale other(locale, source);
+    if (other.variables().empty()) GTEST_SKIP() << "no locale " << locale << " is installed, and it cannot be made";
+    EXPECT_EQ(rerun(other.variables(), filter), "");
 }
+
+// Russian: its months have another form within a date, and its decimals a comma.
+inline void rerunInSecondLocale(const std::string& filter) { rerunIn("ru_RU", filter); }
 
 }  // namespace vx::test
 #endif

@@ -21,8 +21,11 @@ class UserLocale {
     UserLocale() : locale_(newlocale(LC_ALL_MASK, "", nullptr)) {
         // The environment may name a locale that is not installed.
         if (!locale_) locale_ = newlocale(LC_ALL_MASK, "C", nullptr);
-        std::string_view timeLocale = text(_NL_LOCALE_NAME(LC_TIME));
-        timeFormat_ = timeLocale == "C" || timeLocale.starts_with("C.") ? kUsTimeFormat : text(T_FMT);
+        timeFormat_ = isC(_NL_LOCALE_NAME(LC_TIME)) ? kUsTimeFormat : text(T_FMT);
+        decimalPoint_ = single(RADIXCHAR, '.', '.');
+        groupSeparator_ = single(THOUSEP, single(__MON_THOUSANDS_SEP, kNone, ' '), ' ');
+        if (isC(_NL_LOCALE_NAME(LC_NUMERIC))) groupSeparator_ = ',';
+        if (groupSeparator_ == decimalPoint_) groupSeparator_ = kNone;
     }
     ~UserLocale() { freelocale(locale_); }
     UserLocale(const UserLocale&) = delete;
@@ -30,22 +33,34 @@ class UserLocale {
 
     const char* text(nl_item item) const { return nl_langinfo_l(item, locale_); }
 
-    char decimalPoint() const { return single(RADIXCHAR, '.', '.'); }
-    char groupSeparator() const { return single(THOUSEP, ',', ' '); }
+    char decimalPoint() const { return decimalPoint_; }
+    // Many locales name one for amounts of money only. Empty where there is none, or it would look like a decimal
+    // point.
+    std::string_view groupSeparator() const { return {&groupSeparator_, groupSeparator_ == kNone ? 0u : 1u}; }
     const char* timeFormat() const { return timeFormat_; }
 
  private:
-    // Texts are single-byte: a longer separator (a thin blank, in UTF-8) is replaced.
+    bool isC(nl_item name) const {
+        std::string_view locale = text(name);
+        return locale == "C" || locale.starts_with("C.");
+    }
+
+    // Texts are single-byte: of the longer separators, in UTF-8, the apostrophe has a plain form, and others (thin
+    // blanks) are replaced.
     char single(nl_item item, char whenEmpty, char whenLonger) const {
-        const char* separator = text(item);
-        if (!*separator) return whenEmpty;
-        return separator[1] ? whenLonger : *separator;
+        std::string_view separator = text(item);
+        if (separator.empty()) return whenEmpty;
+        if (separator == "\u2019") return '\'';
+        return separator.size() > 1 ? whenLonger : separator[0];
     }
 
     static constexpr char kUsTimeFormat[] = "%r";
+    static constexpr char kNone = '\0';
 
     locale_t locale_;
     const char* timeFormat_;
+    char decimalPoint_;
+    char groupSeparator_;
 };
 
 const UserLocale& userLocale() {
@@ -76,11 +91,24 @@ class Output {
         }
         while (count > 0) put(reversed[--count]);
     }
+    // A name without the blanks that some languages align it with, cut after a whole character of UTF-8 where it is too
+    // long for the room; no other character set has such names.
+    void putName(std::string_view name) {
+        name.remove_prefix(std::min(name.find_first_not_of(' '), name.size()));
+        name = name.substr(0, name.find_last_not_of(' ') + 1);
+        std::size_t left = room_ > size_ ? room_ - size_ - 1 : 0;
+        if (name.size() > left) {
+            while (left > 0 && (name[left] & 0xC0) == 0x80) --left;
+            name = name.substr(0, left);
+        }
+        put(name);
+    }
     void trimBlanks() {
         size_ -= blanks_;
         blanks_ = 0;
     }
-    bool empty() const { return size_ == 0; }
+    void cutTo(std::uint32_t size) { size_ = size; }
+    std::uint32_t size() const { return size_; }
 
     // The size with the terminator, or 0 if that is more than the room.
     std::uint32_t finish() {
@@ -100,21 +128,23 @@ void putDatePart(Output& out, const Moment& date, char letter, int count) {
     const UserLocale& user = userLocale();
     unsigned month = date.month - 1u;
     // The names are those of a month or day by itself, which some languages inflect within a date.
-    if (letter == 'M' && count >= 4) return out.put(user.text(itemAt(ALTMON_1, month)));
-    if (letter == 'M' && count == 3) return out.put(user.text(itemAt(_NL_ABALTMON_1, month)));
+    if (letter == 'M' && count >= 4) return out.putName(user.text(itemAt(ALTMON_1, month)));
+    if (letter == 'M' && count == 3) return out.putName(user.text(itemAt(_NL_ABALTMON_1, month)));
     if (letter == 'M') return out.put(date.month, count);
     if (letter == 'y') return count <= 2 ? out.put(date.year % 100u, count) : out.put(date.year, 4);
     if (count <= 2) return out.put(date.day, count);
     unsigned dayOfWeek = std::chrono::weekday(std::chrono::sys_days(dateOf(date))).c_encoding();
-    out.put(user.text(itemAt(count == 3 ? ABDAY_1 : DAY_1, dayOfWeek)));
+    out.putName(user.text(itemAt(count == 3 ? ABDAY_1 : DAY_1, dayOfWeek)));
 }
 
-// A time by a format of strftime's kind, 12 hours turned into 24, the marker and the time zone left out. An hour that
-// strftime would pad within 12 hours is not padded, as Windows has it.
+// A time by a format of strftime's kind, 12 hours turned into 24, the marker (with what separates it from the time
+// before it) and the time zone left out. An hour that strftime would pad within 12 hours is not padded, as Windows has
+// it.
 void putTime(Output& out, const Moment& time, const char* format) {
+    std::uint32_t digits = 0;  // where the last part ended
     for (; *format; ++format) {
         if (*format != '%') {
-            if (*format != ' ' || !out.empty()) out.put(*format);
+            if (*format != ' ' || out.size() > 0) out.put(*format);
             continue;
         }
         ++format;
@@ -127,6 +157,9 @@ void putTime(Output& out, const Moment& time, const char* format) {
         if (*format == 'R') putTime(out, time, "%H:%M");
         if (*format == 'T') putTime(out, time, "%H:%M:%S");
         if (*format == 'r') putTime(out, time, "%I:%M:%S");
+        bool isMarker = *format == 'p' || *format == 'P';
+        if (isMarker && digits > 0) out.cutTo(digits);
+        if (!isMarker && *format != 'Z' && *format != 'z') digits = out.size();
     }
 }
 
