@@ -27,7 +27,7 @@ struct Row {
 const Row kRows[] = {
     {"pt_PT", "sq_AL", "1.234.567,00", "9:05:03", "Jan", "nëntor"},
     {"de_CH", "bo_CN", "1'234'567.00", "ཆུ་ཚོད09ཀསར་མ05ཀསར་ཆ03", "ཟླ་༡", "ཟླ་བ་བཅུ་ག"},
-    {"ar_SA", "ja_JP", "1234567.00", "09時05分03秒", "1月", "11月"},
+    {"kab_DZ", "hak_TW", "1234567,00", "09點05分03秒", "1月", "十一月"},
 };
 
 std::string nameOf(const Row& row) { return std::string(row.numbers) + "_" + row.times; }

@@ -38,9 +38,8 @@ class OtherLocale {
         std::string target = (folder_ / name_).string();
         if (!source.empty()) std::ofstream(target + ".source") << source;
         std::string from = source.empty() ? name : target + ".source";
-        std::string command = "localedef -c --no-archive -i '" + from + "' -f UTF-8 '" + target + "' >/dev/null 2>&1";
-        // What it only warns of, an empty separator for one, fails it, too.
-        made_ = std::system(command.c_str()) == 0 || std::filesystem::exists(target);
+        std::string command = "localedef --no-archive -i '" + from + "' -f UTF-8 '" + target + "' >/dev/null 2>&1";
+        made_ = std::system(command.c_str()) == 0;
     }
     ~OtherLocale() { std::filesystem::remove_all(folder_); }
     OtherLocale(const OtherLocale&) = delete;
