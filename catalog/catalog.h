@@ -62,6 +62,7 @@ struct Argument {
     int untouchedWithout;                  // index of the text without which (NULL) this is left as it is, or -1
     int untouchedBelow;                    // index of the number below the limit of which this is left as it is, or -1
     int limit;
+    int before;              // index of the number that, below 0, counts the bytes used in front of this, or -1
     bool terminated;         // the caller must have ended the destination at its last byte
     bool nullGivesConstant;  // when this is NULL the result is a constant empty text
     bool apart;              // the destination may not be the text itself

@@ -76,14 +76,15 @@ void Call::read(Slot& slot, std::string_view line) {
     if (slot.isNumber) slot.number = numberOf(*slot.argument, slot.text);
 }
 
-// The room that the table gives for the argument, by the values of all arguments in this run.
+// The room that the table gives for the argument, by the values of all arguments in this run, with what is in front.
 std::int64_t Call::room(const Slot& slot) const {
     std::int64_t room = slot.argument->room ? slot.argument->room(values_.data()).value : 0;
+    room = std::max<std::int64_t>(room, 0) + static_cast<std::int64_t>(slot.front);
     if (room > kMostRoom) {
         throw UsageError("these arguments ask for " + std::to_string(room) + " bytes of memory for " +
                          slot.argument->name + "; vexlor supplies 1 GiB at most");
     }
-    return std::max<std::int64_t>(room, 0);
+    return room;
 }
 
 void Call::sizeMemory() {
@@ -91,13 +92,15 @@ void Call::sizeMemory() {
     for (std::size_t i = 0; i < slots_.size(); ++i) {
         const Argument& argument = *slots_[i].argument;
         if (!hasMemory(argument.kind)) continue;
+        std::int64_t offset = argument.before < 0 ? 0 : slots_[argument.before].number;
+        slots_[i].front = static_cast<std::size_t>(std::max<std::int64_t>(-offset, 0));
         auto needed = static_cast<std::size_t>(room(slots_[i]));
-        sizes[i] = std::max({sizes[i], needed, slots_[i].text.size()});
+        sizes[i] = std::max({sizes[i], needed, slots_[i].front + slots_[i].text.size()});
         if (argument.inPlace >= 0) sizes[argument.inPlace] = std::max(sizes[argument.inPlace], needed);
     }
     for (std::size_t i = 0; i < slots_.size(); ++i) {
         if (!hasMemory(slots_[i].argument->kind)) continue;
-        slots_[i].memory = slots_[i].text;
+        slots_[i].memory = std::string(slots_[i].front, '\0') + slots_[i].text;
         slots_[i].memory.resize(sizes[i] + kSpare);
     }
 }
@@ -106,7 +109,7 @@ void Call::sizeMemory() {
 void Call::pass(std::size_t i) {
     Slot& slot = slots_[i];
     catalog::Value& value = values_[i];
-    char* memory = slot.memory.empty() ? slot.text.data() : slot.memory.data();
+    char* memory = slot.memory.empty() ? slot.text.data() : slot.memory.data() + slot.front;
     switch (slot.argument->kind) {
         case Kind::kStr:
         case Kind::kEdit:
@@ -144,7 +147,7 @@ std::string Call::remarks() const {
     std::string text;
     for (const Slot& slot : slots_) {
         std::size_t room = slot.memory.size() - std::min(slot.memory.size(), kSpare);
-        if (slot.argument->kind != Kind::kBytes || slot.isNull || room <= slot.text.size()) continue;
+        if (slot.argument->kind != Kind::kBytes || slot.isNull || room <= slot.front + slot.text.size()) continue;
         text += std::string(slot.argument->name) + " has " + std::to_string(slot.text.size()) +
                 " bytes, the call may read " + std::to_string(room) + ": the rest is zero\n";
     }
@@ -184,8 +187,8 @@ Item Call::resultItem(const catalog::Value& result) {
         const char* end = memory + slot.memory.size();
         if (slot.memory.empty() || slot.isNull || start < memory || start >= end) continue;
         outcome_.within = slot.argument->name;
-        outcome_.offset = start - memory;
-        outcome_.resultIsOutput = slot.isOutput && start == memory;
+        outcome_.offset = start - memory - static_cast<std::ptrdiff_t>(slot.front);
+        outcome_.resultIsOutput = slot.isOutput && outcome_.offset == 0;
         item.form = isBlock ? Form::kBlock : Form::kText;
         item.bytes = isBlock ? std::string_view(start, end - start - std::min<std::size_t>(end - start, kSpare))
                              : textAt(start, end);

@@ -61,6 +61,7 @@ class Call {
         bool isOutput = false;
         std::string text = {};    // what was typed means this in the run at hand
         std::string memory = {};  // what the function gets to see and to change
+        std::size_t front = 0;    // so much of it, zeros, lies in front of what the function is given
         std::int64_t number = 0;
         std::int32_t out = 0;
     };

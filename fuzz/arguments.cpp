@@ -63,11 +63,14 @@ std::vector<Need> needsOf(const Plan& plan) {
         // Where nothing may be written, the room tells nothing; some bytes show whether they have been left alone.
         if (kind == Kind::kDest && leftAlone(plan)) room = kLeftAloneRoom;
         bool text = kind != Kind::kOut && kind != Kind::kBlock && !(kind == Kind::kDest && plan.unterminated);
-        needs[i] = {std::max(least, room), kind != Kind::kStr && kind != Kind::kBytes, text};
+        int before = arguments[i].before;
+        std::int64_t front =
+            before < 0 ? 0 : std::max<std::int64_t>(-plan.inputs[static_cast<std::size_t>(before)].number, 0);
+        needs[i] = {std::max(least, room + front), front, kind != Kind::kStr && kind != Kind::kBytes, text};
     }
     for (std::size_t i = 0; i < needs.size(); ++i) {
         Need* text = plan.inputs[i].null ? inPlaceOf(i) : nullptr;
-        if (text) *text = {std::max(text->bytes, roomOf(i)), true, true};
+        if (text) *text = {std::max(text->bytes, roomOf(i)), 0, true, true};
     }
     return needs;
 }

@@ -33,6 +33,7 @@ struct Plan {
 // The memory that an argument is given.
 struct Need {
     std::int64_t bytes = 0;  // 0 where it is NULL or no pointer
+    std::int64_t front = 0;  // so many of them lie in front of what the pointer points to
     bool written = false;    // the function may write to it
     bool text = false;       // ends with a terminator
 };

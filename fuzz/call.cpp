@@ -56,7 +56,7 @@ void Call::prepare(const Plan& plan, const Layout& layout) {
         fill(i, to);
         before_[i].assign(to, bytes);
         // Each kind is passed by its own member of the union; all of them lie at its start.
-        values_[i].text = to;
+        values_[i].text = to + needs_[i].front;
     }
 }
 

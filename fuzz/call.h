@@ -46,7 +46,7 @@ class Call {
     const Input& input(std::size_t i) const { return plan_->inputs[i]; }
     const Need& need(std::size_t i) const { return needs_[i]; }
     const rows::GuardedBuffer& buffer(std::size_t i) const { return buffers_[i]; }
-    const char* pointer(std::size_t i) const { return need(i).bytes ? buffers_[i].data() : nullptr; }
+    const char* pointer(std::size_t i) const { return need(i).bytes ? buffers_[i].data() + need(i).front : nullptr; }
     const catalog::Value& result() const { return result_; }
     const char* resultText() const { return result_.constant; }
 

@@ -64,7 +64,8 @@ def catalog(families):
         for a in entry.arguments:
             room = f"[](const Value* a) {{ (void)a; return Size{{{a.room.cpp()}}}; }}" if a.room else "nullptr"
             lines.append(f"    {{{quoted(a.name)}, Kind::{enumerator(a.kind)}, {room}, {index_of(entry, a.in_place)}, "
-                         f"{index_of(entry, a.without)}, {index_of(entry, a.below)}, {a.limit}, {str(a.terminated).lower()}, "
+                         f"{index_of(entry, a.without)}, {index_of(entry, a.below)}, {a.limit}, "
+                         f"{index_of(entry, a.before)}, {str(a.terminated).lower()}, "
                          f"{str(a.constant).lower()}, {str(a.apart).lower()}, {quoted(argument_words(entry, a))}}},")
         lines.append("};")
     lines += ["", f"const Entry entries[] = {{"]

@@ -72,6 +72,7 @@ class Argument:
     without: str = ""          # text without which (NULL) the destination is left as it is
     below: str = ""            # number below `limit` of which the destination is left as it is
     limit: int = 0
+    before: str = ""           # number that, below 0, says how many bytes in front of the pointer are used
     constant: bool = False     # without the destination (NULL) the result is a constant empty text
     apart: bool = False        # the destination may not be the text itself
     meaning: str = ""
@@ -218,6 +219,8 @@ class FamilyReader:
                 argument.in_place = flag.partition("=")[2]
             elif flag.startswith("untouched-without="):
                 argument.without = flag.partition("=")[2]
+            elif flag.startswith("before=") and kind in {"bytes", "block"}:
+                argument.before = flag.partition("=")[2]
             elif below := re.fullmatch(r"untouched-below-(\d)=(\w+)", flag):
                 argument.limit, argument.below = int(below[1]), below[2]
             else:
@@ -241,6 +244,8 @@ class FamilyReader:
                 self.fail(entry, "args", f"`{argument.name}` is in place of `{argument.in_place}`, which is no str argument")
             if argument.without and kinds.get(argument.without) not in {"str", "bytes"}:
                 self.fail(entry, "args", f"`{argument.name}` is untouched without `{argument.without}`, which is no str argument and no bytes")
+            if argument.before and kinds.get(argument.before) != "int":
+                self.fail(entry, "args", f"`{argument.name}` is used before `{argument.before}`, which is no int")
             if argument.below and kinds.get(argument.below) not in {"int", "uint"}:
                 self.fail(entry, "args", f"`{argument.name}` is untouched below {argument.limit} of `{argument.below}`, which is no number")
         return arguments

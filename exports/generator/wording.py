@@ -45,6 +45,8 @@ def argument_words(entry, argument):
         words += "; NULL is skipped"
     if argument.room is not None:
         words += f"; room: {argument.room.text}"
+    if argument.before:
+        words += f"; below 0, {argument.before} counts bytes in front of it"
     if argument.in_place:
         words += f"; NULL: {argument.in_place} is changed in place and needs that room"
     elif argument.constant:

@@ -12,7 +12,7 @@ namespace {
 
 template <class Byte>
 Byte* at(Byte* blob, std::int32_t offset) {
-    return blob + atLeastZero(offset);
+    return blob + offset;
 }
 
 template <class Value>

@@ -91,6 +91,7 @@ MORE_KINDS = [
     ("TokenInfo", ["TokenInfo", "one,two", ",", "2"], 'position  5\nlength    3\ndest      "two"'),
     ("TokenInfo", ["--set", "position=@null", "TokenInfo", "one,two", ",", "-2"], 'length  3\ndest    "one"'),
     ("TokenInfo", ["--raw", "TokenInfo", "one,two", ",", "2"], "two"),
+    ("_blob2byte", ["_blob2byte", "abc", "-2147483"], "0"),  # zeros lie in front
 ]
 
 RAW = [

@@ -47,6 +47,7 @@ FAULTS = [
     ('"dest: dest', '"text: dest', 6, "two arguments are called `text`"),
     ('len(text) + 1]', 'len(text) + 1] in-place=other', 6, "no str argument"),
     ('len(text) + 1]', 'len(text) + 1] untouched-without=dest', 6, "no str argument"),
+    ('count: int', 'count: block[1] before=size', 11, "which is no int"),
     ('len(text) + 1]', 'len(text) + 1] final', 6, "unknown flag `final`"),
     ('names = "first"', 'names = "first Second"', 10, "`Second` is already used by First (exports/sample.toml:4)"),
     ('names = "first"', 'names = "1st"', 5, "no name that a program could call"),
