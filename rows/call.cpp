@@ -119,6 +119,11 @@ void Call::place() {
         if (room > std::int64_t{1} << 28) throw std::string("the call needs too much memory");
         std::size_t own = slot.bytes.size() + (argument.kind == Kind::kStr || argument.kind == Kind::kEdit);
         if (argument.kind == Kind::kOut) own = sizeof(std::int32_t);
+        if (argument.before >= 0) {
+            std::int64_t front = -values_[static_cast<std::size_t>(argument.before)].number;
+            slot.front = static_cast<std::size_t>(std::max<std::int64_t>(front, 0));
+            room += static_cast<std::int64_t>(slot.front);
+        }
         if (argument.kind == Kind::kDest)
             own = slot.given ? slot.bytes.size() + 1 : 0;  // else the documented room only
         sizes[i] = std::max<std::size_t>({own, static_cast<std::size_t>(room), 1});
@@ -155,7 +160,7 @@ void Call::place() {
         if ((isText || (argument.kind == Kind::kDest && slot.given)) && slot.bytes.size() < sizes[i])
             start[slot.bytes.size()] = '\0';
         slot.before.assign(start, sizes[i]);
-        values_[i].text = start;
+        values_[i].text = start + slot.front;
     }
     if (!form_.ontoText) return;
     for (std::size_t i = 0; i < slots_.size(); ++i) {

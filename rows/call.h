@@ -63,6 +63,7 @@ class Call {
         bool isNull = false;
         bool written = false;  // the call may write here
         bool given = false;
+        std::size_t front = 0;  // bytes that lie in front of where the pointer points
         GuardedBuffer* memory = nullptr;
         std::string before;
     };

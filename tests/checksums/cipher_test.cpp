@@ -58,10 +58,10 @@ TEST(TextCipher, LikeAWalkAlongTextAndKey) {
     for (int c = 0x80; c < 0x100; ++c) allBits += static_cast<char>(c);
     RandomTexts random(55);
     for (int i = 0; i < 4000; ++i) {
-        std::string key = random.text(allBits, i % 4 ? 40 : 300);
-        std::string plain = random.text(sevenBits, i % 8 ? 60 : 900);
+        std::string key = random.text(allBits, random.oneIn(4) ? 300 : 40);
+        std::string plain = random.text(sevenBits, random.oneIn(8) ? 900 : 60);
         Edit text(plain);
-        const char* given = key.empty() && i % 2 ? nullptr : key.c_str();
+        const char* given = key.empty() && random.oneIn(2) ? nullptr : key.c_str();
         std::uint32_t length = lib().StrEncrypt(text, given, text);
         EXPECT_EQ(length, plain.size()) << "7-bit texts keep their length";
         ASSERT_EQ(text.text(), ciphered(plain, key)) << plain << " by " << key;

@@ -72,8 +72,9 @@ std::string worn(RandomTexts& random, const std::string& text, std::string_view 
 TEST(Similarity, AsByColumns) {
     RandomTexts random(8);
     for (int i = 0; i < 20000 && !HasFailure(); ++i) {
-        std::string a = random.text(i % 2 ? "ab" : "abcdefgh", 20);
-        std::string b = random.text(i % 2 ? "ab" : "abcdefgh", 30);
+        const char* alphabet = random.oneIn(2) ? "ab" : "abcdefgh";
+        std::string a = random.text(alphabet, 20);
+        std::string b = random.text(alphabet, 30);
         expectAsByColumns(a, b);
     }
     // Around the seams between blocks; from the pattern itself to something quite different.

@@ -171,14 +171,14 @@ TEST(Wildcard, ExtractAndSwap) {
 TEST(Wildcard, AsTheRecursiveMatcher) {
     RandomTexts random(20231);
     for (int i = 0; i < 200000 && !HasFailure(); ++i) {
-        expectAsRecursive(random.text("ab*?*A\xE4\x84", 8), random.text("abAab\xC4\x8E\xE4", 9), i % 2);
+        expectAsRecursive(random.text("ab*?*A\xE4\x84", 8), random.text("abAab\xC4\x8E\xE4", 9), random.oneIn(2));
     }
     // Texts long enough for a stretch to be far away, and full of near matches.
     for (int i = 0; i < 6000 && !HasFailure(); ++i) {
         std::string pattern = random.text("ab?", 2) + "*" + random.text("aaab?B", 6) + "*" + random.text("aab?", 5);
-        if (i % 3) pattern += "*";
-        std::string text = random.text(i % 4 ? "aaaaaaab" : "cccccabB", 90);
-        expectAsRecursive(pattern, text, i % 2);
+        if (!random.oneIn(3)) pattern += "*";
+        std::string text = random.text(random.oneIn(4) ? "cccccabB" : "aaaaaaab", 90);
+        expectAsRecursive(pattern, text, random.oneIn(2));
     }
 }
 

@@ -1,6 +1,7 @@
 // Comparison and substitution.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 #include <string>
 
@@ -61,11 +62,9 @@ TEST(Compare, RandomTexts) {
     RandomTexts random(3);
     for (const char* alphabet : {"a", "aA", "abAB@`[{", "zZ\xDA\xFA\x7F\x80\xFF"}) {
         for (int round = 0; round < 1000; ++round) {
-            std::string shared = random.text(alphabet, round % 10 ? 20 : 5000);
+            std::string shared = random.text(alphabet, random.oneIn(10) ? 5000 : 20);
             std::string other = shared;
-            for (char& c : other) {
-                if (c == 'a' && round % 2) c = 'A';
-            }
+            if (random.oneIn(2)) std::replace(other.begin(), other.end(), 'a', 'A');
             checkOrder(shared + random.text(alphabet, 3), other + random.text(alphabet, 3));
             if (HasFailure()) return;
         }
@@ -88,6 +87,8 @@ TEST(Substitute, CaseSwitched) {
         EXPECT_EQ(lib().strstrswitch(edit, nullptr), result.size());
         EXPECT_EQ(edit.text(), result);
     }
+    UpperEntries entries({{'M', 'x'}});
+    EXPECT_STREQ(lib().StrSwitch(Edit("M"), Dest(2)), "x") << "the upper-case table first";
     EXPECT_EQ(lib().StrSwitch(nullptr, nullptr), nullptr);
     Dest dest(1);
     EXPECT_STREQ(lib().StrSwitch(nullptr, dest), "");
@@ -102,10 +103,10 @@ TEST(Substitute, EveryStep) {
     };
     for (auto [text, start, step, result] :
          {Row{"abcdefg", 0, 2, "aceg"}, Row{"abcdefg", 1, 3, "be"}, Row{"abcdefg", -5, 3, "adg"},
-          Row{"abcdef", 0, 2, "ace"}, Row{"abcdef", 0, 3, "ad"}, Row{"abc", 3, 1, ""}, Row{"abc", 4, 1, ""},
-          Row{"abc", 0, 1, "abc"}, Row{"abc", 0, 0, ""}, Row{"abc", 0, -1, ""}, Row{"abc", 0, kMin, ""},
-          Row{"abc", kMin, kMax, "a"}, Row{"abc", kMax, 1, ""}, Row{"abc", 2, kMax, "c"}, Row{"", 0, 1, ""},
-          Row{nullptr, 0, 1, ""}}) {
+          Row{"abcdef", 0, 2, "ace"}, Row{"abcdef", 0, 3, "ad"}, Row{"abc", 3, 1, ""}, Row{"abc", 3, 2, ""},
+          Row{"abc", 4, 1, ""}, Row{"abc", 0, 1, "abc"}, Row{"abc", 0, 0, ""}, Row{"abc", 0, -1, ""},
+          Row{"abc", 0, kMin, ""}, Row{"abc", kMin, kMax, "a"}, Row{"abc", kMax, 1, ""}, Row{"abc", 2, kMax, "c"},
+          Row{"", 0, 1, ""}, Row{nullptr, 0, 1, ""}}) {
         const std::string source = text ? text : "";
         Dest dest(source.size() + 1);
         EXPECT_EQ(lib()._strkeep(text, start, step, dest), dest.get());

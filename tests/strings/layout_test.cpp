@@ -101,6 +101,9 @@ TEST(Wrap, LinesThatAreNone) {
         EXPECT_EQ(lib().StrWrap(text, 1, 4, dest), dest.get() + 4);
         EXPECT_EQ(dest.text(), "    ");
     }
+    lib().SetFillChar('*');
+    EXPECT_STREQ(lib().StrWrap("ab cd", 1, 4, Dest(5)), "ab  ");
+    lib().SetFillChar(' ');
     for (std::int32_t width : {0, -1, INT_MIN}) {
         Dest dest(1);
         EXPECT_EQ(lib().StrWrap("abc", 1, width, dest), dest.get());

@@ -98,8 +98,8 @@ TEST(Replace, RandomTexts) {
     const Folding foldings[] = {Folding::exact(), Folding::upper()};
     for (const char* alphabet : {"a", "ab", "aAbB", "aA\x84\x8E\xE4\xC4"}) {
         for (int round = 0; round < 2500; ++round) {
-            std::string text = random.text(alphabet, round % 20 ? 40 : 2000);
-            std::string search = random.text(alphabet, round % 5 ? 3 : 30);
+            std::string text = random.text(alphabet, random.oneIn(20) ? 2000 : 40);
+            std::string search = random.text(alphabet, random.oneIn(5) ? 30 : 3);
             std::string replacement = random.text(alphabet, 5);
             std::int32_t n = random.number(-1, 4);
             std::int32_t count = random.number(-3, 4);

@@ -97,6 +97,10 @@ TEST(Token, Found) {
         {"a\x8A\x8D\x1A\tb", nullptr, 2, 5, "b"},
     };
     for (const Row& row : rows) expectToken(row.text, row.delimiters, row.n, row.position, row.token);
+    std::string many;
+    for (int i = 0; i < 300; ++i) many += "x ";
+    for (std::int32_t n : {-300, -257, -256, -44}) expectToken(many.c_str(), " ", n, 600 + 2 * n, "x");
+    expectToken(many.c_str(), " ", -301, -1, "");
 }
 
 TEST(Token, TheDefaultSetHas25Characters) {

@@ -49,6 +49,8 @@ class RandomTexts {
 
     int number(int low, int high) { return std::uniform_int_distribution<int>(low, high)(engine_); }
 
+    bool oneIn(int n) { return number(1, n) == 1; }
+
     std::string text(std::string_view alphabet, int longest) {
         std::string result(static_cast<std::size_t>(number(0, longest)), '\0');
         for (char& c : result) c = alphabet[static_cast<std::size_t>(number(0, static_cast<int>(alphabet.size()) - 1))];
