@@ -26,12 +26,12 @@ using Invoke = void (*)(Function, const Value*, Value*);
 
 const char* const kNames[] = {"MadeUp"};
 const Argument kCopying[] = {
-    {"text", Kind::kStr, nullptr, -1, -1, -1, 0, false, false, false, ""},
-    {"dest", Kind::kDest, [](const Value* a) { return catalog::textLength(a[0]) + Size{1}; }, 0, -1, -1, 0, false,
+    {"text", Kind::kStr, nullptr, -1, -1, -1, 0, -1, false, false, false, ""},
+    {"dest", Kind::kDest, [](const Value* a) { return catalog::textLength(a[0]) + Size{1}; }, 0, -1, -1, 0, -1, false,
      false, false, ""},
 };
-const Argument kCounting[] = {{"text", Kind::kStr, nullptr, -1, -1, -1, 0, false, false, false, ""},
-                              {"at", Kind::kPos, nullptr, -1, -1, -1, 0, false, false, false, ""}};
+const Argument kCounting[] = {{"text", Kind::kStr, nullptr, -1, -1, -1, 0, -1, false, false, false, ""},
+                              {"at", Kind::kPos, nullptr, -1, -1, -1, 0, -1, false, false, false, ""}};
 
 Entry entryOf(Invoke invoke, Result result, std::span<const Argument> arguments, int base = -1) {
     return {"made", kNames, arguments, result, base, -1, -1, false, invoke, "", "", "", ""};
@@ -220,7 +220,7 @@ TEST(RandomCaller, ComparesTwins) {
 
 TEST(RandomCaller, ChecksTheEndOfABlock) {
     static const Argument arguments[] = {
-        {"block", Kind::kBlock, [](const Value*) { return Size{33}; }, -1, -1, -1, 0, false, false, false, ""},
+        {"block", Kind::kBlock, [](const Value*) { return Size{33}; }, -1, -1, -1, 0, -1, false, false, false, ""},
     };
     auto end = [](Function, const Value* a, Value* r) { r->block = a[0].text ? a[0].text + 33 : nullptr; };
     auto beyond = [](Function, const Value* a, Value* r) { r->block = a[0].text ? a[0].text + 34 : nullptr; };
@@ -234,15 +234,15 @@ TEST(RandomCaller, ChecksTheEndOfABlock) {
 // alphabets change it, too: then it must be one new number for all systems.
 TEST(RandomCaller, DrawsTheSameEverywhere) {
     static const Argument arguments[] = {
-        {"text", Kind::kStr, nullptr, -1, -1, -1, 0, false, false, false, ""},
-        {"set", Kind::kStr, nullptr, -1, -1, -1, 0, false, false, false, ""},
-        {"c", Kind::kChar, nullptr, -1, -1, -1, 0, false, false, false, ""},
-        {"count", Kind::kInt, nullptr, -1, -1, -1, 0, false, false, false, ""},
-        {"mask", Kind::kUint, nullptr, -1, -1, -1, 0, false, false, false, ""},
-        {"handle", Kind::kHandle, nullptr, -1, -1, -1, 0, false, false, false, ""},
-        {"table", Kind::kTable, nullptr, -1, -1, -1, 0, false, false, false, ""},
-        {"found", Kind::kOut, nullptr, -1, -1, -1, 0, false, false, false, ""},
-        {"block", Kind::kBlock, [](const Value*) { return Size{33}; }, -1, -1, -1, 0, false, false, false, ""},
+        {"text", Kind::kStr, nullptr, -1, -1, -1, 0, -1, false, false, false, ""},
+        {"set", Kind::kStr, nullptr, -1, -1, -1, 0, -1, false, false, false, ""},
+        {"c", Kind::kChar, nullptr, -1, -1, -1, 0, -1, false, false, false, ""},
+        {"count", Kind::kInt, nullptr, -1, -1, -1, 0, -1, false, false, false, ""},
+        {"mask", Kind::kUint, nullptr, -1, -1, -1, 0, -1, false, false, false, ""},
+        {"handle", Kind::kHandle, nullptr, -1, -1, -1, 0, -1, false, false, false, ""},
+        {"table", Kind::kTable, nullptr, -1, -1, -1, 0, -1, false, false, false, ""},
+        {"found", Kind::kOut, nullptr, -1, -1, -1, 0, -1, false, false, false, ""},
+        {"block", Kind::kBlock, [](const Value*) { return Size{33}; }, -1, -1, -1, 0, -1, false, false, false, ""},
     };
     Entry entry = entryOf(nullptr, Result::kInt, arguments);
     std::uint64_t sum = 0;

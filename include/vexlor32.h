@@ -186,8 +186,9 @@ extern "C" {
 /* ---- Blobs ---- */
 
 /* Fills a field of a blob with a text, cut to the field's length, and zero bytes.
- *   blob     NULL: nothing happens; room: max(offset, 0) + max(length, min(len(text), max(length, 0)) + 1)
- *   offset   of the field, in bytes; below 0 counts as 0
+ *   blob     NULL: nothing happens; room: max(offset + max(length, min(len(text), max(length, 0)) + 1), 0); below 0,
+ *            offset counts bytes in front of it
+ *   offset   of the field, in bytes from the blob's start; below 0, in front of it
  *   length   of the field, in bytes; below 0 counts as 0
  *   text     text; NULL counts as empty
  *   returns  the blob
@@ -195,47 +196,48 @@ extern "C" {
 VEXLOR32_API void *VEXLOR32_CALL _str2blob(void *blob, int32_t offset, int32_t length, const char *text);
 
 /* Stores a byte in a blob.
- *   blob     NULL: nothing happens; room: max(offset, 0) + 1
- *   offset   in bytes from the blob's start; below 0 counts as 0
+ *   blob     NULL: nothing happens; room: max(offset + 1, 0); below 0, offset counts bytes in front of it
+ *   offset   in bytes from the blob's start; below 0, in front of it
  *   value    character; only the low byte counts
  *   returns  the byte that was there, -128 to 127; 0 if the blob is NULL */
 VEXLOR32_API int32_t VEXLOR32_CALL _byte2blob(void *blob, int32_t offset, int32_t value);
 
 /* Stores a 32-bit number in a blob, its low byte first, at any offset.
- *   blob     NULL: nothing happens; room: max(offset, 0) + 4
- *   offset   in bytes from the blob's start; below 0 counts as 0
+ *   blob     NULL: nothing happens; room: max(offset + 4, 0); below 0, offset counts bytes in front of it
+ *   offset   in bytes from the blob's start; below 0, in front of it
  *   value    the number to store
  *   returns  the number that was there; 0 if the blob is NULL */
 VEXLOR32_API int32_t VEXLOR32_CALL _int2blob(void *blob, int32_t offset, int32_t value);
 
 /* The same as _int2blob: both store 32 bits.
- *   blob     NULL: nothing happens; room: max(offset, 0) + 4
- *   offset   in bytes from the blob's start; below 0 counts as 0
+ *   blob     NULL: nothing happens; room: max(offset + 4, 0); below 0, offset counts bytes in front of it
+ *   offset   in bytes from the blob's start; below 0, in front of it
  *   value    the number to store
  *   returns  the number that was there; 0 if the blob is NULL */
 VEXLOR32_API int32_t VEXLOR32_CALL _long2blob(void *blob, int32_t offset, int32_t value);
 
 /* The byte at an offset of a blob.
- *   blob     NULL gives 0; room: max(offset, 0) + 1
- *   offset   in bytes from the blob's start; below 0 counts as 0
+ *   blob     NULL gives 0; room: max(offset + 1, 0); below 0, offset counts bytes in front of it
+ *   offset   in bytes from the blob's start; below 0, in front of it
  *   returns  the byte, -128 to 127; 0 if the blob is NULL */
 VEXLOR32_API int32_t VEXLOR32_CALL _blob2byte(const void *blob, int32_t offset);
 
 /* The 32-bit number at an offset of a blob.
- *   blob     NULL gives 0; room: max(offset, 0) + 4
- *   offset   in bytes from the blob's start; below 0 counts as 0
+ *   blob     NULL gives 0; room: max(offset + 4, 0); below 0, offset counts bytes in front of it
+ *   offset   in bytes from the blob's start; below 0, in front of it
  *   returns  the number; 0 if the blob is NULL */
 VEXLOR32_API int32_t VEXLOR32_CALL _blob2int(const void *blob, int32_t offset);
 
 /* The same as _blob2int: both read 32 bits.
- *   blob     NULL gives 0; room: max(offset, 0) + 4
- *   offset   in bytes from the blob's start; below 0 counts as 0
+ *   blob     NULL gives 0; room: max(offset + 4, 0); below 0, offset counts bytes in front of it
+ *   offset   in bytes from the blob's start; below 0, in front of it
  *   returns  the number; 0 if the blob is NULL */
 VEXLOR32_API int32_t VEXLOR32_CALL _blob2long(const void *blob, int32_t offset);
 
 /* Copies bytes of a blob, zero bytes among them, and adds a terminator.
- *   blob     NULL: the result is a constant empty text; room: max(offset, 0) + max(count, 0)
- *   offset   in bytes from the blob's start; below 0 counts as 0
+ *   blob     NULL: the result is a constant empty text; room: max(offset + max(count, 0), 0); below 0, offset counts
+ *            bytes in front of it
+ *   offset   in bytes from the blob's start; below 0, in front of it
  *   count    number of bytes; below 0 counts as 0
  *   dest     destination; room: max(count, 0) + 1; NULL: nothing is written; left as it is when blob is NULL
  *   returns  dest, or a constant empty text when the blob is NULL */
@@ -245,10 +247,12 @@ VEXLOR32_API char *VEXLOR32_CALL _blob2str(const void *blob, int32_t offset, int
 VEXLOR32_API uint32_t VEXLOR32_CALL strblob2str(const void *blob, int32_t offset, int32_t count, char *dest);
 
 /* Copies bytes from a place in one blob to a place in another.
- *   blob        NULL: nothing happens; room: max(offset, 0) + max(count, 0)
- *   offset      in bytes from the blob's start; below 0 counts as 0
- *   dest        NULL: nothing happens; room: max(destOffset, 0) + max(count, 0)
- *   destOffset  in bytes from the start of dest; below 0 counts as 0
+ *   blob        NULL: nothing happens; room: max(offset + max(count, 0), 0); below 0, offset counts bytes in front of
+ *               it
+ *   offset      in bytes from the blob's start; below 0, in front of it
+ *   dest        NULL: nothing happens; room: max(destOffset + max(count, 0), 0); below 0, destOffset counts bytes in
+ *               front of it
+ *   destOffset  in bytes from the start of dest; below 0, in front of it
  *   count       number of bytes; below 0 counts as 0
  *   returns     just past the last byte written, ready for the next piece; dest if either block is NULL */
 VEXLOR32_API void *VEXLOR32_CALL blobcopy(const void *blob, int32_t offset, void *dest, int32_t destOffset, int32_t count);
@@ -6482,7 +6486,7 @@ VEXLOR32_API uint32_t VEXLOR32_CALL strnumtocents(const char *number, int32_t st
 /* An amount in words, for a cheque: one thousand two hundred thirty four dollars and 56/100.
  *   number   an amount; NULL counts as empty
  *   style    of the cents, as in NumToCents
- *   dest     destination; room: 512; NULL: nothing is written; never the text itself
+ *   dest     destination; room: 512; NULL: nothing is written
  *   returns  dest
  * A missing amount gives a text of its own, which begins with zero02 dollars02. */
 VEXLOR32_API char *VEXLOR32_CALL NumToDollars(const char *number, int32_t style, char *dest);

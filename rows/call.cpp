@@ -226,6 +226,7 @@ std::string Call::resultPlace() const {
     for (std::size_t i = 0; i < slots_.size(); ++i) {
         if (!slots_[i].memory || slots_[i].isNull) continue;
         auto offset = slots_[i].memory->offsetOf(result_.block);
+        if (offset) *offset -= static_cast<std::ptrdiff_t>(slots_[i].front);
         if (offset) return entry_.arguments[i].name + (*offset ? "+" + std::to_string(*offset) : "");
     }
     return "elsewhere";

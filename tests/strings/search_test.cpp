@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "fuzz/memory.h"
+#include "rows/guarded_memory.h"
 #include "tests/strings/folding.h"
 #include "tests/support/library.h"
 #include "tests/support/text.h"
@@ -48,7 +48,7 @@ struct Searches {
 void check(const Searches& calls, const char* given, const std::string& search, const std::string& target,
            const std::vector<std::int32_t>& numbers) {
     const std::vector<std::int32_t> offsets = offsetsOf(search, target, calls.fold);
-    static fuzz::GuardedBuffer memory;  // reading past either end of the text ends the program
+    static rows::GuardedBuffer memory;  // reading past either end of the text ends the program
     char* text = memory.place(target.size() + 1, target.size() % 5 == 0, '~');
     std::memcpy(text, target.c_str(), target.size() + 1);
     SCOPED_TRACE("[" + search + "] in [" + target + "] " + calls.fold.name);
