@@ -230,6 +230,22 @@ TEST(RandomCaller, ChecksTheEndOfABlock) {
     EXPECT_NE(complaintOf(entryOf(elsewhere, Result::kEnd, arguments)), "");
 }
 
+TEST(RandomCaller, GivesMemoryInFrontOfABlock) {
+    static const Argument arguments[] = {
+        {"block", Kind::kBlock, [](const Value* a) { return std::max(Size{a[1].number} + Size{1}, Size{0}); }, -1, -1,
+         -1, 0, 1, false, false, ""},
+        {"offset", Kind::kInt, nullptr, -1, -1, -1, 0, -1, false, false, ""},
+    };
+    static int inFront;
+    auto store = [](Function, const Value* a, Value* r) {
+        r->block = a[0].block;
+        if (a[0].text) a[0].text[a[1].number] = 1;
+        inFront += a[0].text && a[1].number < 0;
+    };
+    EXPECT_EQ(complaintOf(entryOf(store, Result::kBlock, arguments)), "");
+    EXPECT_GT(inFront, 30);
+}
+
 // A draw that depends on the order in which a compiler evaluates things gives another sum on another system. Changed
 // alphabets change it, too: then it must be one new number for all systems.
 TEST(RandomCaller, DrawsTheSameEverywhere) {

@@ -19,7 +19,7 @@ const Row kRows[] = {
     {"StrSwap", [](auto text, auto n, auto other, auto dest) { lib().StrSwap(text, ",", n, other, dest); }},
     {"StrTran", [](auto text, auto n, auto other, auto dest) { lib().StrTran(text, "ab", other, 1, n, dest); }},
     {"StrTrani", [](auto text, auto n, auto other, auto dest) { lib().StrTrani(text, "A", other, n, -2, dest); }},
-    {"WildSwap", [](auto text, auto, auto other, auto dest) { lib().WildSwap("b*,", text, 1, 1, other, dest); }},
+    {"WildSwap", [](auto text, auto, auto other, auto dest) { lib().WildSwap("b", text, 1, 1, other, dest); }},
     {"RegExtract", [](auto text, auto n, auto, auto dest) { lib().RegExtract("[ab]+", text, n, dest, 999); }},
     {"RegInfo", [](auto text, auto n, auto, auto dest) { lib().RegInfo("b.", text, n, nullptr, nullptr, dest, 999); }},
     {"StrExpand", [](auto text, auto n, auto other, auto dest) { lib().StrExpand(text, n, other, dest); }},
