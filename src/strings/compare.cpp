@@ -34,6 +34,17 @@ char switched(char c) {
     return other == c ? lower(c) : other;
 }
 
+// From the end, so that nothing is overwritten before it is read.
+[[gnu::noinline]] char* expandInPlace(char* text, std::size_t size, std::size_t gap, char filler) {
+    std::size_t at = (size - 1) * (gap + 1);
+    text[at + 1] = '\0';
+    for (std::size_t i = size; i-- > 1; at -= gap + 1) {
+        text[at] = text[i];
+        std::memset(text + at - gap, filler, gap);
+    }
+    return text;
+}
+
 }  // namespace
 }  // namespace vx
 
@@ -78,21 +89,14 @@ ENTRY(char*, StrExpand)(const char* text, int32_t n, const char* fill, char* des
     if (n < 1 || all.size() < 2) return store(dest, all);
     const std::size_t gap = atLeastZero(n);
     const std::size_t size = (all.size() - 1) * gap + all.size();
-    const char filler = fillOrDefault(fill);
-    dest[size] = '\0';
-    if (dest == text) {  // from the end, so that nothing is overwritten before it is read
-        for (std::size_t i = all.size(), at = size; i-- > 1; at -= gap + 1) {
-            dest[at - 1] = text[i];
-            std::memset(dest + at - 1 - gap, filler, gap);
-        }
-        return dest;
-    }
-    std::memset(dest, filler, size);
+    if (dest == text) return expandInPlace(dest, all.size(), gap, fillOrDefault(fill));
+    std::memset(dest, fillOrDefault(fill), size);
     std::size_t at = 0;
     for (char c : all) {
         dest[at] = c;
         at += gap + 1;
     }
+    dest[size] = '\0';
     return dest;
 }
 

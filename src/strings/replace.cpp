@@ -9,6 +9,32 @@
 namespace vx {
 namespace {
 
+// Which occurrences are replaced: from the n-th on, `count` of them.
+struct Choice {
+    // kept: up to the first one that is replaced, occurrences may overlap.
+    bool skips() { return n > 1 && n-- > 1; }
+    // kept: any negative count means all, not only -2.
+    bool ends() { return count > 0 && --count == 0; }
+
+    std::int32_t n;
+    std::int32_t count;
+};
+
+// Within the text itself a result that grows would overtake what is still to be read: puts the text where the result
+// will end.
+template <class Fold>
+[[gnu::noinline]] std::string_view movedToTheEnd(std::string_view text, std::string_view search, std::size_t growth,
+                                                 Choice choice, char* dest) {
+    char* to = dest;
+    scanning::scan<Fold>(search, text, [&](std::size_t at) {
+        if (choice.skips()) return at + 1;
+        to += growth;
+        return choice.ends() ? scanning::kStop : at + search.size();
+    });
+    std::memmove(to, text.data(), text.size());
+    return {to, text.size()};
+}
+
 template <class Fold>
 char* replaced(const char* text, const char* search, const char* replacement, std::int32_t n, std::int32_t count,
                char* dest) {
@@ -16,37 +42,25 @@ char* replaced(const char* text, const char* search, const char* replacement, st
     std::string_view all = view(text);
     const std::string_view wanted = view(search);
     const std::string_view put = view(replacement);
-    // Gives each occurrence that is replaced to `take`.
-    auto eachOf = [=](std::string_view in, auto take) {
-        if (n < 1 || count == 0) return;
-        scanning::scan<Fold>(wanted, in, [&, skip = n - 1, left = count](std::size_t at) mutable {
-            if (skip > 0) {
-                --skip;
-                return at + 1;  // kept: up to the first one that is replaced, occurrences may overlap
-            }
-            take(at);
-            // kept: any negative count means all, not only -2.
-            return left > 0 && --left == 0 ? scanning::kStop : at + wanted.size();
-        });
-    };
-    if (dest == text && put.size() > wanted.size()) {
-        // The result would overtake what is still to be read: the text is read from the end of the result's room.
-        std::size_t growth = 0;
-        eachOf(all, [&](std::size_t) { growth += put.size() - wanted.size(); });
-        std::memmove(dest + growth, all.data(), all.size());
-        all = {dest + growth, all.size()};
-    }
     std::size_t done = 0;
     char* end = dest;
     auto append = [&end](std::string_view piece) {
         if (!piece.empty()) std::memmove(end, piece.data(), piece.size());
         end += piece.size();
     };
-    eachOf(all, [&](std::size_t at) {
-        append(all.substr(done, at - done));
-        append(put);
-        done = at + wanted.size();
-    });
+    if (n > 0 && count != 0) {
+        Choice choice{n, count};
+        if (dest == text && put.size() > wanted.size()) {
+            all = movedToTheEnd<Fold>(all, wanted, put.size() - wanted.size(), choice, dest);
+        }
+        scanning::scan<Fold>(wanted, all, [&](std::size_t at) {
+            if (choice.skips()) return at + 1;
+            append(all.substr(done, at - done));
+            append(put);
+            done = at + wanted.size();
+            return choice.ends() ? scanning::kStop : done;
+        });
+    }
     store(end, all.substr(done));
     return dest;
 }
