@@ -233,8 +233,8 @@ TEST(RandomCaller, ChecksTheEndOfABlock) {
 TEST(RandomCaller, GivesMemoryInFrontOfABlock) {
     static const Argument arguments[] = {
         {"block", Kind::kBlock, [](const Value* a) { return std::max(Size{a[1].number} + Size{1}, Size{0}); }, -1, -1,
-         -1, 0, 1, false, false, ""},
-        {"offset", Kind::kInt, nullptr, -1, -1, -1, 0, -1, false, false, ""},
+         -1, 0, 1, false, false, false, ""},
+        {"offset", Kind::kInt, nullptr, -1, -1, -1, 0, -1, false, false, false, ""},
     };
     static int inFront;
     auto store = [](Function, const Value* a, Value* r) {
