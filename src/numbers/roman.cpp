@@ -86,7 +86,8 @@ ENTRY(char*, PhoneToNum)(const char* text, char* dest) noexcept {
 ENTRY(char*, Comma)(const char* number, char* dest) noexcept {
     if (!dest) return nullptr;
     char formatted[kFormattedRoom];
-    bool isNumber = view(number).find_first_of("0123456789") != std::string_view::npos;
+    std::string_view text = view(number);
+    bool isNumber = text.size() < kFormattedRoom && text.find_first_of("0123456789") != text.npos;
     std::uint32_t size = isNumber ? platform::current().locale->formatNumber(number, formatted, kFormattedRoom) : 0;
     return store(dest, {formatted, size > 0 ? size - 1 : 0});
 }
