@@ -15,7 +15,8 @@ namespace {
 
 constexpr std::size_t kDecimals = 2;
 
-// The user's locale, whatever the host has set for itself. The C locale counts as US English.
+// The user's locale, whatever the host has set for itself. The C locale counts as US English. It is never given back:
+// calls come until the process is gone.
 class UserLocale {
  public:
     UserLocale() : locale_(newlocale(LC_ALL_MASK, "", nullptr)) {
@@ -27,7 +28,6 @@ class UserLocale {
         if (isC(_NL_LOCALE_NAME(LC_NUMERIC))) groupSeparator_ = ',';
         if (groupSeparator_ == decimalPoint_) groupSeparator_ = kNone;
     }
-    ~UserLocale() { freelocale(locale_); }
     UserLocale(const UserLocale&) = delete;
     UserLocale& operator=(const UserLocale&) = delete;
 

@@ -4,8 +4,10 @@
 #include <algorithm>
 #include <atomic>
 #include <climits>
+#include <cstddef>
 #include <cstdlib>
 #include <cstring>
+#include <new>
 #include <string>
 
 #include "platform/linux/last_error.h"
@@ -46,8 +48,10 @@ class LinuxProcess final : public Process {
     std::uint32_t setErrorMode(std::uint32_t mode) override { return errorMode_.exchange(mode); }
 
     const char* commandLine() override {
-        static const std::string line = joinedArguments();
-        return line.c_str();
+        // Never destroyed: callers keep the text, and calls come until the process is gone.
+        alignas(std::string) static std::byte room[sizeof(std::string)];
+        static const std::string* line = new (room) std::string(joinedArguments());
+        return line->c_str();
     }
 
     char* copyEnvironment() override {
