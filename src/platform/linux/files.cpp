@@ -14,9 +14,9 @@
 #include "platform/linux/last_error.h"
 #include "platform/linux/names.h"
 #include "platform/linux/region_locks.h"
-#include "platform/linux/registry.h"
 #include "platform/linux/sharing.h"
 #include "platform/platform.h"
+#include "platform/registry.h"
 
 namespace vx::platform {
 namespace {

@@ -4,6 +4,7 @@
 
 #include <cerrno>
 #include <memory>
+#include <mutex>
 #include <new>
 
 #include "platform/linux/descriptor.h"
@@ -56,7 +57,7 @@ bool RegionLocks::lock(int descriptor, std::uint32_t offset, std::uint32_t lengt
     std::uint64_t end = std::uint64_t{offset} + length;
     std::unique_ptr<Range> range(new (std::nothrow) Range{offset, end, nullptr});
     if (!range) return failed(false, kNotEnoughMemory);
-    std::lock_guard guard(mutex_);
+    std::lock_guard guard(changing_);
     if (holdsOverlap(offset, end)) return failed(false, kLockViolation);
     if (!acquire(descriptor, offset, end)) return failed(false, systemErrorCode());
     range->next = ranges_;
@@ -66,7 +67,7 @@ bool RegionLocks::lock(int descriptor, std::uint32_t offset, std::uint32_t lengt
 
 bool RegionLocks::unlock(int descriptor, std::uint32_t offset, std::uint32_t length) {
     std::uint64_t end = std::uint64_t{offset} + length;
-    std::lock_guard guard(mutex_);
+    std::lock_guard guard(changing_);
     for (Range** link = &ranges_; *link; link = &(*link)->next) {
         if ((*link)->start != offset || (*link)->end != end) continue;
         std::unique_ptr<Range> range(*link);
@@ -78,7 +79,7 @@ bool RegionLocks::unlock(int descriptor, std::uint32_t offset, std::uint32_t len
 }
 
 void RegionLocks::clear(int descriptor) {
-    std::lock_guard guard(mutex_);
+    std::lock_guard guard(changing_);
     while (ranges_) {
         std::unique_ptr<Range> range(ranges_);
         ranges_ = range->next;

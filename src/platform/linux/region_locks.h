@@ -2,7 +2,8 @@
 #pragma once
 
 #include <cstdint>
-#include <mutex>
+
+#include "platform/lock.h"
 
 namespace vx::platform {
 
@@ -24,7 +25,7 @@ class RegionLocks {
 
     bool holdsOverlap(std::uint64_t start, std::uint64_t end) const;
 
-    std::mutex mutex_;
+    Lock changing_;
     Range* ranges_ = nullptr;
 };
 

@@ -15,9 +15,9 @@
 #include "platform/linux/file_state.h"
 #include "platform/linux/last_error.h"
 #include "platform/linux/names.h"
-#include "platform/linux/registry.h"
 #include "platform/linux/short_names.h"
 #include "platform/linux/wildcards.h"
+#include "platform/registry.h"
 
 namespace vx::platform {
 namespace {

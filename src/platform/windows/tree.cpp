@@ -1,13 +1,10 @@
 // The tree of names on Windows.
 #include <windows.h>
 
-#include <algorithm>
 #include <cstring>
-#include <mutex>
-#include <new>
-#include <vector>
 
 #include "platform/platform.h"
+#include "platform/registry.h"
 
 namespace vx::platform {
 namespace {
@@ -18,44 +15,12 @@ static_assert(offsetof(FoundEntry, shortName) == offsetof(WIN32_FIND_DATAA, cAlt
 
 WIN32_FIND_DATAA* record(FoundEntry& entry) { return reinterpret_cast<WIN32_FIND_DATAA*>(&entry); }
 
-HANDLE handleOf(std::int32_t search) { return reinterpret_cast<HANDLE>(static_cast<std::intptr_t>(search)); }
-
 // A character that the code page lacks comes back as a question mark, which is in no name and would match others.
 bool canBeGivenBack(const FoundEntry& entry) { return std::strchr(entry.name, '?') == nullptr; }
 
 bool isDirectoryLink(std::uint32_t attributes) {
     return attributes != kNoAttributes && (attributes & kLink) && (attributes & kDirectoryEntry);
 }
-
-// The searches that are open. For the system a search handle is an address, which it follows wherever it leads: one
-// that comes out of a caller's memory must be one of these.
-class OpenSearches {
- public:
-    bool add(HANDLE search) {
-        std::lock_guard lock(changing_);
-        try {
-            open_.push_back(search);
-        } catch (const std::bad_alloc&) {
-            return false;
-        }
-        return true;
-    }
-    bool contains(HANDLE search) {
-        std::lock_guard lock(changing_);
-        return std::find(open_.begin(), open_.end(), search) != open_.end();
-    }
-    bool remove(HANDLE search) {
-        std::lock_guard lock(changing_);
-        auto found = std::find(open_.begin(), open_.end(), search);
-        if (found == open_.end()) return false;
-        open_.erase(found);
-        return true;
-    }
-
- private:
-    std::mutex changing_;
-    std::vector<HANDLE> open_;
-};
 
 class WindowsTree final : public Tree {
  public:
@@ -80,19 +45,23 @@ class WindowsTree final : public Tree {
         if (search == INVALID_HANDLE_VALUE) return -1;
         bool found = canBeGivenBack(entry) || goOn(search, entry);
         DWORD reason = GetLastError();
-        if (found && open_.add(search)) return static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(search));
+        std::int32_t number = found ? searches_.add([&](HANDLE& slot) { slot = search; }) : 0;
+        if (number != 0) return number;
         FindClose(search);
         bool nothing = !found && reason == ERROR_NO_MORE_FILES;
-        SetLastError(found ? ERROR_NOT_ENOUGH_MEMORY : nothing ? ERROR_FILE_NOT_FOUND : reason);
+        SetLastError(found ? ERROR_TOO_MANY_OPEN_FILES : nothing ? ERROR_FILE_NOT_FOUND : reason);
         return -1;
     }
 
     bool findNext(std::int32_t search, FoundEntry& entry) override {
-        return open_.contains(handleOf(search)) ? goOn(handleOf(search), entry) : refuse();
+        HANDLE* found = searches_.find(search);
+        return found ? goOn(*found, entry) : refuse();
     }
 
     bool findClose(std::int32_t search) override {
-        return open_.remove(handleOf(search)) ? FindClose(handleOf(search)) : refuse();
+        bool closed = false;
+        bool known = searches_.remove(search, [&](HANDLE& slot) { closed = FindClose(slot); });
+        return known ? closed : refuse();
     }
 
  private:
@@ -107,10 +76,11 @@ class WindowsTree final : public Tree {
         return false;
     }
 
-    OpenSearches open_;
+    // For the system a search handle is an address, which it follows wherever it leads, and wider than a number.
+    Registry<HANDLE> searches_;
 };
 
-WindowsTree tree;
+constinit WindowsTree tree;
 
 }  // namespace
 

@@ -7,6 +7,15 @@
 namespace vx::platform {
 namespace {
 
+// The first Windows 95 has no such call, so it is asked for.
+bool freeSpace(const char* root, ULARGE_INTEGER& free) {
+    using Call = BOOL(WINAPI*)(LPCSTR, PULARGE_INTEGER, PULARGE_INTEGER, PULARGE_INTEGER);
+    FARPROC found = GetProcAddress(GetModuleHandleA("KERNEL32.DLL"), "GetDiskFreeSpaceExA");
+    if (found) return reinterpret_cast<Call>(reinterpret_cast<void*>(found))(root, &free, nullptr, nullptr);
+    SetLastError(ERROR_CALL_NOT_IMPLEMENTED);
+    return false;
+}
+
 // The length, if the text fits.
 std::uint32_t fitting(UINT length, std::uint32_t room) { return length < room ? length : 0; }
 
@@ -41,7 +50,7 @@ class WindowsVolumes final : public Volumes {
 
     bool freeBytes(const char* root, std::uint64_t& bytes) override {
         ULARGE_INTEGER free;
-        if (!GetDiskFreeSpaceExA(root, &free, nullptr, nullptr)) return false;
+        if (!freeSpace(root, free)) return false;
         bytes = free.QuadPart;
         return true;
     }

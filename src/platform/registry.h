@@ -1,8 +1,8 @@
-// Numbers for what is open. A number is a multiple of 4 and never 0; it holds a slot and how often the slot was taken,
-// so that a stale or made-up one is found out.
+// Numbers for what is open: files, searches, tables. A number is positive; it holds a slot and how often the slot was
+// taken, so that a stale or made-up one is found out.
 //
 // Slots never move, and looking one up takes no lock. Who uses a number while another thread closes it gets what a
-// closed file gives, or the file that took the slot since.
+// closed item gives, or the item that took the slot since.
 #pragma once
 
 #include <atomic>
@@ -10,9 +10,12 @@
 #include <mutex>
 #include <new>
 
+#include "platform/lock.h"
+
 namespace vx::platform {
 
-template <typename Item>
+// Numbers are multiples of 2^indexShift, and there are 2^(18 - indexShift) slots.
+template <typename Item, int indexShift = 2>
 class Registry {
  public:
     // Takes a slot, has `fill` set up its item, and gives the number out. 0 if there is no slot left.
@@ -21,7 +24,7 @@ class Registry {
         Slot* slot = take();
         if (!slot) return 0;
         fill(slot->item);
-        std::uint32_t number = slot->generation << kGenerationShift | slot->index << kIndexShift;
+        std::uint32_t number = slot->generation << kGenerationShift | slot->index << indexShift;
         slot->number.store(number, std::memory_order_release);
         return static_cast<std::int32_t>(number);
     }
@@ -39,18 +42,17 @@ class Registry {
         std::uint32_t expected = static_cast<std::uint32_t>(number);
         if (!slot || !slot->number.compare_exchange_strong(expected, 0, std::memory_order_acq_rel)) return false;
         drain(slot->item);
-        std::lock_guard guard(mutex_);
+        std::lock_guard guard(changing_);
         slot->next = free_;
         free_ = slot;
         return true;
     }
 
  private:
-    static constexpr std::uint32_t kIndexShift = 2;
     static constexpr std::uint32_t kGenerationShift = 18;
     static constexpr std::uint32_t kGenerations = 1u << 13;  // numbers stay positive
     static constexpr std::uint32_t kChunkSize = 256;
-    static constexpr std::uint32_t kChunks = (1u << 16) / kChunkSize;
+    static constexpr std::uint32_t kChunks = (1u << (kGenerationShift - indexShift)) / kChunkSize;
 
     struct Slot {
         std::atomic<std::uint32_t> number{0};  // 0 while not in use
@@ -62,8 +64,8 @@ class Registry {
 
     Slot* slotOf(std::int32_t number) {
         std::uint32_t bits = static_cast<std::uint32_t>(number);
-        if (number <= 0 || bits % 4 != 0) return nullptr;
-        std::uint32_t index = bits >> kIndexShift & (kChunks * kChunkSize - 1);
+        if (number <= 0 || bits % (1u << indexShift) != 0) return nullptr;
+        std::uint32_t index = bits >> indexShift & (kChunks * kChunkSize - 1);
         Slot* chunk = index < kChunkSize ? first_ : chunks_[index / kChunkSize].load(std::memory_order_acquire);
         if (!chunk) return nullptr;
         Slot* slot = chunk + index % kChunkSize;
@@ -71,7 +73,7 @@ class Registry {
     }
 
     Slot* take() {
-        std::lock_guard guard(mutex_);
+        std::lock_guard guard(changing_);
         Slot* slot = free_ ? free_ : grow();
         if (!slot) return nullptr;
         free_ = slot->next;
@@ -97,7 +99,7 @@ class Registry {
     // Lives without the heap, so that a library that is unloaded leaves nothing behind as a rule.
     Slot first_[kChunkSize];
     std::atomic<Slot*> chunks_[kChunks] = {};
-    std::mutex mutex_;
+    Lock changing_;
     Slot* free_ = nullptr;
     std::uint32_t used_ = 0;
 };

@@ -1,0 +1,20 @@
+#include "platform/windows/lock.h"
+
+#include <windows.h>
+
+#include "platform/lock.h"
+
+namespace vx::platform {
+namespace {
+
+CRITICAL_SECTION section;
+
+}  // namespace
+
+void makeLocks() { InitializeCriticalSection(&section); }
+void releaseLocks() { DeleteCriticalSection(&section); }
+
+void Lock::lock() { EnterCriticalSection(&section); }
+void Lock::unlock() { LeaveCriticalSection(&section); }
+
+}  // namespace vx::platform
