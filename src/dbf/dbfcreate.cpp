@@ -43,13 +43,14 @@ class Structure {
     }
 
     explicit operator bool() const { return bytes_ != nullptr; }
-    std::int64_t count() const { return 1 + std::count(text_.begin(), text_.end(), kEntryEnd); }
 
-    // Calls `define(number, entry)` for each entry, from 0.
+    // Calls `define` with each entry; an empty one is none.
     template <class Define>
     void each(Define define) const {
-        std::string_view rest = text_;
-        for (std::int64_t i = 0, count = this->count(); i < count; ++i) define(i, cutOff(rest, kEntryEnd));
+        for (std::string_view rest = text_; !rest.empty();) {
+            std::string_view entry = cutOff(rest, kEntryEnd);
+            if (!entry.empty()) define(entry);
+        }
     }
 
     static std::string_view cutOff(std::string_view& rest, char end) {
@@ -102,7 +103,6 @@ void setDefault(Field& field, std::int32_t index) {
     char name[kNameRoom] = "FIELD";
     char* end = std::to_chars(name + 5, name + sizeof name, index + 1).ptr;
     setName(field, {name, static_cast<std::size_t>(end - name)});
-    field.offset = index;
 }
 
 // Behind the fields before; virtual ones take no room.
@@ -123,8 +123,9 @@ bool isTaken(const Table& table, std::int32_t index, std::string_view name) {
 
 // kept: a definition that is refused leaves the field as it is, and the record has room for what was asked for.
 void define(Table& table, std::int32_t index, const Definition& definition) {
-    if (definition.name.size() >= kNameRoom || isTaken(table, index, definition.name)) return;
     Field& field = table.fields[index];
+    field.offset = nextOffset(table, index);
+    if (definition.name.size() >= kNameRoom || isTaken(table, index, definition.name)) return;
     bool isNumber = definition.type == 'N' || definition.type == 'F';
     std::int64_t width = isNumber ? definition.length & 0xFF : definition.length;
     if (definition.type != 'V' && width + kAutomatic > table.dataSize()) return;
@@ -132,7 +133,7 @@ void define(Table& table, std::int32_t index, const Definition& definition) {
     field.type = definition.type;
     field.width = static_cast<std::uint8_t>(width);
     field.decimals = static_cast<std::uint8_t>(definition.type == 'N' ? definition.decimals : width >> 8);
-    field.offset = definition.type == 'V' ? 0 : nextOffset(table, index);
+    if (definition.type == 'V') field.offset = 0;
     std::uint8_t version = table.header.version();
     if (definition.type == 'B') version |= kHasBlobs;
     if (definition.type == 'M') version |= kHasMemos;
@@ -142,10 +143,13 @@ void define(Table& table, std::int32_t index, const Definition& definition) {
 
 // False where the sizes are more than a table can tell, or there is no memory.
 bool layOut(Table& table, const Structure& structure) {
-    std::int64_t data = 0;
-    structure.each([&](std::int64_t, std::string_view entry) { data += definitionOf(entry).length; });
+    std::int64_t data = 0, entries = 0;
+    structure.each([&](std::string_view entry) {
+        data += definitionOf(entry).length;
+        ++entries;
+    });
     data = std::max<std::int64_t>(data, 1);
-    std::int64_t count = std::min(data, structure.count());
+    std::int64_t count = std::clamp<std::int64_t>(entries, 1, data);
     std::int64_t headerSize = static_cast<std::int64_t>(kDescriptorSize) * count + kHeaderSize + 1;
     if (data >= kMost16 || headerSize > kMost16) return false;
     table.header.setVersion(kPlain);
@@ -156,8 +160,9 @@ bool layOut(Table& table, const Structure& structure) {
     if (!table.fields || !makeBuffer(table)) return false;
     std::memset(table.buffer.get(), ' ', table.capacity * table.recordSize());
     for (std::int32_t i = 0; i < table.fieldCount; ++i) setDefault(table.fields[i], i);
-    structure.each([&](std::int64_t i, std::string_view entry) {
-        if (i < count && !entry.empty()) define(table, static_cast<std::int32_t>(i), definitionOf(entry));
+    std::int32_t index = 0;
+    structure.each([&](std::string_view entry) {
+        if (index < table.fieldCount) define(table, index++, definitionOf(entry));
     });
     settleFields(table);
     return true;

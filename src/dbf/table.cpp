@@ -13,6 +13,7 @@ namespace {
 
 constexpr std::uint32_t kSharedMode = platform::kReadWrite | platform::kDenyNone;
 constexpr std::uint32_t kBufferSize = 2048;
+constexpr char kLowerBit = 0x20;
 constexpr std::int64_t kQuarterOfAnHour = 15 * 60;  // in seconds
 
 bool readHeader(Table& table) {
@@ -100,7 +101,15 @@ TablePath::TablePath(const char* name) : parts_(splitPath(name)) {
 }
 
 TablePath& TablePath::with(const char* extension) {
-    std::strcpy(parts_.extension, extension);
+    char* to = parts_.extension;
+    bool isLower = false;  // what is no letter is as the one before
+    for (bool ended = false; *extension; ++extension, ++to) {
+        ended = ended || *to == '\0';
+        bool isLetter = !ended && (*to | kLowerBit) >= 'a' && (*to | kLowerBit) <= 'z';
+        if (isLetter) isLower = *to & kLowerBit;
+        *to = isLower ? static_cast<char>(*extension | kLowerBit) : *extension;
+    }
+    *to = '\0';
     return *this;
 }
 

@@ -132,6 +132,7 @@ class TablePath {
  public:
     explicit TablePath(const char* name);
 
+    // Companions have the letter case of the table: readers that tell cases apart look for them there.
     TablePath& with(const char* extension);
     const char* get();
 

@@ -56,13 +56,16 @@ TEST_F(Creating, Structures) {
     const Row rows[] = {
         {"A,C,5:B,N,4,2", "A C 5 0,B N 4 5,", 9},
         {"ELEVENCHARS,C,5:B,C,3", "FIELD1 C 1 0,B C 3 1,", 8},
-        {"A,C,5:A,C,4:C,D", "A C 5 0,FIELD2 C 1 1,C D 8 2,", 17},
+        {"A,C,5:A,C,4:C,D", "A C 5 0,FIELD2 C 1 5,C D 8 6,", 17},
         {"FIELD2,C,5:B,C,4", "FIELD1 C 1 0,B C 4 1,", 9},
         {"TENLETTERS,N,300", "TENLETTERS N 44 0,", 300},
         {"A:B,C:C,N", "A C 1 0,B C 1 1,C N 1 2,", 3},
         {"", "FIELD1 C 1 0,", 1},
         {nullptr, "FIELD1 C 1 0,", 1},
-        {"A,C,3::B,C,2:", "A C 3 0,FIELD2 C 1 1,B C 2 2,FIELD4 C 1 3,", 7},
+        {"A,C,3::B,C,2:", "A C 3 0,B C 2 3,", 5},
+        {"::ELEVENCHARS,C,5:B,C,3", "FIELD1 C 1 0,B C 3 1,", 8},
+        {"A,C,9:V,V:A,C,9:A,N,9", "A C 9 0,V V 0 0,FIELD3 C 1 9,FIELD4 C 1 10,", 27},
+        {":", "FIELD1 C 1 0,", 1},
         {"A,V:B,V:C,C,1", "A V 0 0,", 1},
         {"A,C,2:B,V:C,C,3", "A C 2 0,B V 0 0,C C 3 2,", 5},
         {"A,C,-5:B,C,3", "A C 0 0,B C 3 0,", 3},
@@ -71,14 +74,16 @@ TEST_F(Creating, Structures) {
     };
     for (const Row& row : rows) {
         std::uint32_t table = create("T", row.structure);
-        std::string fields;
-        for (int i = 1; i <= lib().DbfFieldCount(table); ++i) {
-            Dest name(11), type(2);
-            fields += std::string(lib().DbfFieldName(table, i, name)) + " " + lib().DbfFieldType(table, i, type) + " " +
-                      std::to_string(lib().DbfFieldLen(table, i)) + " " + std::to_string(lib().DbfFieldOff(table, i)) +
-                      ",";
+        for (std::uint32_t any : {table, open("T")}) {
+            std::string fields;
+            for (int i = 1; i <= lib().DbfFieldCount(any); ++i) {
+                Dest name(11), type(2);
+                fields += std::string(lib().DbfFieldName(any, i, name)) + " " + lib().DbfFieldType(any, i, type) + " " +
+                          std::to_string(lib().DbfFieldLen(any, i)) + " " + std::to_string(lib().DbfFieldOff(any, i)) +
+                          ",";
+            }
+            EXPECT_EQ(fields, row.fields) << (any == table ? "made" : "opened");
         }
-        EXPECT_EQ(fields, row.fields);
         EXPECT_EQ(lib().DbfRecordSize(table), row.recordSize) << row.structure;
         EXPECT_EQ(lib().DbfHeaderSize(table), 33 + 32 * lib().DbfFieldCount(table));
         EXPECT_EQ(lib().DbfFieldDec(table, 2),
@@ -93,6 +98,15 @@ TEST_F(Creating, Structures) {
         EXPECT_EQ(create("T", tooLong), 0u) << tooLong;
     EXPECT_EQ(create("no\\such\\place", "A,C,1"), 0u);
     EXPECT_EQ(create(nullptr, "A,C,1"), 0u);
+}
+
+// Readers that tell letter cases apart look for a table's companions in its own.
+TEST_F(Creating, CompanionsFollowTheLetterCase) {
+    for (const char* name : {"low.dbf", "UP.DBF", "Mix.Dbf", "none", "a.t1", "b.x"}) create(name, "M,M:B,B");
+    auto names = disk.names();
+    for (const char* name :
+         {"low.dbt", "low.blo", "UP.DBT", "UP.BLO", "Mix.Dbt", "Mix.Blo", "none.DBT", "a.dbt", "b.blo"})
+        EXPECT_EQ(std::count(names.begin(), names.end(), std::string("C:\\") + name), 1) << name;
 }
 
 TEST_F(Creating, Appending) {
