@@ -102,17 +102,17 @@ void putPadded(char* to, std::size_t width, std::string_view value) {
 // Whether the number was taken; otherwise the field shows asterisks.
 bool putNumber(Table& table, const Field& field, std::string_view value) {
     auto width = static_cast<std::size_t>(field.extent);
-    if (value.size() > static_cast<std::size_t>(field.lengthWord())) {
+    std::int32_t behind = field.width - field.extent;  // what lies behind the record
+    bool isOutside = width == 0 && behind > 0;
+    if (isOutside || value.size() > static_cast<std::size_t>(field.lengthWord() - behind)) {
         std::memset(table.at(field), '*', width);
         return false;
     }
     std::memset(table.at(field), ' ', width);
     // kept: with decimals, a value may be longer than its field; it then starts in the field before.
-    std::int64_t start = std::int64_t{field.offset} + field.width - static_cast<std::int64_t>(value.size());
-    std::int64_t from = std::max<std::int64_t>(start, 0);
-    std::int64_t end = std::min<std::int64_t>(field.offset + field.width, table.dataSize());
-    if (from < end)
-        std::memcpy(table.data() + from, value.data() + (from - start), static_cast<std::size_t>(end - from));
+    std::size_t end = static_cast<std::size_t>(field.start) + width;
+    std::size_t size = std::min(value.size(), end);
+    std::memcpy(table.data() + end - size, value.data() + value.size() - size, size);
     return true;
 }
 

@@ -204,6 +204,28 @@ TEST_F(Fields, FieldsBehindTheRecord) {
     EXPECT_EQ(bytes("T.DBF"), file);
 }
 
+// A number ends with what of its field lies within the record.
+TEST_F(Fields, NumbersThatAreClipped) {
+    struct Row {
+        int decimals;
+        const char *value, *stored;
+    };
+    for (auto [decimals, value, stored] : {Row{0, "7", "L.  7"},
+                                           {0, "123", "L.123"},
+                                           {0, "1234", "L.***"},
+                                           {0, "12345", "L.***"},
+                                           {1, "1.25", "L1.25"},
+                                           {0, "", "L.   "}}) {
+        std::string file = tableBytes(3, {{"L", 'C', 2}, {"N", 'N', 5, decimals}, {"O", 'N', 5, 1}}, {" L......"});
+        disk.put("T.DBF", file.replace(10, 2, lab::little(6, 2)));
+        std::uint32_t table = open("T");
+        EXPECT_EQ(lib().DbfFieldPut(table, 2, value), 1);
+        EXPECT_EQ(recordOf(table), stored) << value;
+        EXPECT_EQ(lib().DbfFieldPut(table, 3, "9"), 1);
+        EXPECT_EQ(recordOf(table), stored) << "none of it lies within";
+    }
+}
+
 struct MemoRow {
     std::string reference, text;
     std::uint32_t size;
