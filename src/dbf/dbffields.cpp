@@ -50,9 +50,9 @@ std::uint32_t getMemo(const Table& table, const Field& field, char* to) {
     return size;
 }
 
-std::uint32_t getStored(const Table& table, const Field& field, char* to) {
+std::uint32_t getStored(Table& table, const Field& field, char* to) {
     auto size = static_cast<std::size_t>(field.extent);
-    if (table.noRecord) {
+    if (!hasRecord(table)) [[unlikely]] {
         std::memset(to, ' ', size);
     } else {
         moveBytes(to, table.at(field), size);
@@ -63,9 +63,10 @@ std::uint32_t getStored(const Table& table, const Field& field, char* to) {
 
 std::uint32_t getOther(Table& table, Field& field, char* to) {
     std::uint32_t size = 0;
-    if (!table.noRecord && field.type == 'M') return getMemo(table, field, to);
-    if (!table.noRecord && field.type == 'B') size = readBlob(table, field, to);
-    if (!table.noRecord && field.type == 'V' && field.compute) size = field.compute(table, field, to);
+    bool isThere = hasRecord(table);
+    if (isThere && field.type == 'M') return getMemo(table, field, to);
+    if (isThere && field.type == 'B') size = readBlob(table, field, to);
+    if (isThere && field.type == 'V' && field.compute) size = field.compute(table, field, to);
     if (size == 0) *to = '\0';
     return size;
 }
@@ -123,7 +124,7 @@ bool putMemo(Table& table, Field& field, std::string_view text) {
 }
 
 bool putValue(Table& table, Field& field, std::string_view value) {
-    if (table.noRecord) return false;
+    if (!hasRecord(table)) return false;
     if (field.notify) field.notify(table, field, kFieldWritten);
     char* to = table.at(field);
     auto width = static_cast<std::size_t>(field.extent);
@@ -167,9 +168,9 @@ std::uint32_t sizeOfMemo(const Table& table, std::int64_t block) {
 std::uint32_t sizeOfValue(Table& table, Field& field) {
     switch (field.type) {
         case 'M':
-            return table.noRecord ? 0 : sizeOfMemo(table, referenceIn(table, field));
+            return hasRecord(table) ? sizeOfMemo(table, referenceIn(table, field)) : 0;
         case 'B':
-            return table.noRecord ? 0 : blobSizeIn(table, field);
+            return hasRecord(table) ? blobSizeIn(table, field) : 0;
         case 'N':
             return field.width;
         case 'V':

@@ -20,7 +20,7 @@ std::int32_t move(Table* table, std::int64_t number) {
 
 void setDeletionFlag(uint32_t handle, char flag) {
     Table* table = find(handle);
-    if (!table || table->noRecord) return;
+    if (!table || !hasRecord(*table)) return;
     *table->record = flag;
     table->bufferChanged = true;
 }
@@ -33,7 +33,7 @@ std::size_t getRecord(Table* table, char* buffer) {
         return 0;
     }
     auto size = static_cast<std::size_t>(table->dataSize());
-    if (table->noRecord) {
+    if (!hasRecord(*table)) {
         std::memset(buffer, ' ', size);
     } else {
         std::memcpy(buffer, table->data(), size);
@@ -102,7 +102,7 @@ ENTRY(int32_t, DbfFieldCount)(uint32_t handle) noexcept {
 
 ENTRY(int32_t, DbfIsDeleted)(uint32_t handle) noexcept {
     Table* table = find(handle);
-    return table && !table->noRecord && *table->record == kDeleted;
+    return table && hasRecord(*table) && *table->record == kDeleted;
 }
 
 ENTRY(void, DbfDelete)(uint32_t handle) noexcept { setDeletionFlag(handle, kDeleted); }
@@ -121,7 +121,7 @@ ENTRY(uint32_t, strdbfRecordGet)(uint32_t handle, char* buffer) noexcept {
 
 ENTRY(int32_t, DbfRecordPut)(uint32_t handle, const void* data) noexcept {
     Table* table = find(handle);
-    if (!table || table->noRecord || !data) return 1;
+    if (!table || !data || !hasRecord(*table)) return 1;
     if (table->recordGoing) table->recordGoing(*table);
     std::memcpy(table->data(), data, static_cast<std::size_t>(table->dataSize()));
     table->bufferChanged = true;

@@ -32,6 +32,12 @@ bool hold(Table& table, std::int64_t offset, std::uint32_t length) {
     return table.lock.take(table.file);
 }
 
+bool holdAnew(Table& table, std::int64_t offset, std::uint32_t length) {
+    if (!hold(table, offset, length)) return false;
+    forget(table);
+    return true;
+}
+
 // For a lock that nobody asks to give back later: others would wait for it in vain.
 void giveBackSurely(Region& region, const File& file) {
     for (int i = 0; i < kGivingBackAttempts && !region.giveBack(file); ++i) {
@@ -44,12 +50,15 @@ bool unlock(Table& table) {
     return !table.lock.held || (writeBack(table) && table.file.commit() && table.lock.giveBack(table.file));
 }
 
-bool lockTable(Table& table) { return !table.shared || (unlock(table) && hold(table, kTableLock, kTableLockLength)); }
+bool lockTable(Table& table) {
+    return !table.shared || (unlock(table) && holdAnew(table, kTableLock, kTableLockLength));
+}
 
 bool lockRecords(Table& table, std::uint32_t count) {
     if (!table.shared) return true;
-    if (count == 0 || table.noRecord || !unlock(table)) return false;
-    return hold(table, kRecordLocks + table.number, count);
+    bool isOnRecord = !table.noRecord || table.forgotten;
+    if (count == 0 || !isOnRecord || !unlock(table)) return false;
+    return holdAnew(table, kRecordLocks + table.number, count);
 }
 
 bool lockHeader(Table& table) {

@@ -9,7 +9,8 @@ namespace vx::dbf {
 
 // Of a table that is not shared, every lock is had without touching a file.
 
-// The table or record lock. Taking one gives the one that is held back first, and fails if that fails.
+// The table or record lock. Taking one gives the one that is held back first, and fails if that fails. What was read
+// before is forgotten: others may have changed it.
 bool lockTable(Table& table);
 bool lockRecords(Table& table, std::uint32_t count);  // from the current one on
 

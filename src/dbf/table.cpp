@@ -63,13 +63,14 @@ bool openMemos(Table& table, const char* path, std::uint32_t mode) {
 void standOn(Table& table, std::int64_t number) {
     table.record = table.buffer.get() + (number - table.first) * table.recordSize();
     table.number = number;
-    table.noRecord = false;
+    table.noRecord = table.forgotten = false;
     if (table.arrived) table.arrived(table);
 }
 
 void standOnNone(Table& table, std::int64_t number) {
     table.number = number;
     table.noRecord = true;
+    table.forgotten = false;
 }
 
 bool writeBuffer(Table& table) {
@@ -85,7 +86,7 @@ bool writeBuffer(Table& table) {
 // bytes are not shown for it, and nothing can be put over what could not be read.
 void load(Table& table, std::int64_t number) {
     if (!writeBuffer(table)) return standOnNone(table, number);
-    std::int64_t wanted = std::min<std::int64_t>(table.capacity, table.count() - number + 1);
+    auto wanted = std::clamp<std::int64_t>(table.count() - number + 1, 0, table.capacity);
     std::uint32_t size = table.recordSize();
     table.held =
         table.file.read(table.positionOf(number), table.buffer.get(), static_cast<std::size_t>(wanted) * size) / size;
@@ -184,6 +185,18 @@ void goTo(Table& table, std::int64_t number) {
     if (table.leaving) table.leaving(table);
     bool isHeld = number >= table.first && number < table.first + table.held;
     isHeld ? standOn(table, number) : load(table, number);
+}
+
+void forget(Table& table) {
+    if (table.bufferChanged) return;
+    table.held = 0;
+    table.forgotten |= !table.noRecord;
+    table.noRecord = true;
+}
+
+bool remember(Table& table) {
+    load(table, table.number);
+    return !table.noRecord;
 }
 
 void goToBlanks(Table& table, std::int64_t first, std::int64_t count) {

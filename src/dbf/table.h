@@ -96,6 +96,7 @@ struct Table {
     bool atBegin = false;
     bool atEnd = false;
     bool noRecord = true;
+    bool forgotten = false;  // there is a current record, read again when it is needed; until then, none is at hand
     bool bufferChanged = false;
     bool headerChanged = false;
 
@@ -154,6 +155,14 @@ std::unique_ptr<Table> openTable(const char* name, std::uint32_t mode);
 bool closeTable(Table& table);
 
 void goTo(Table& table, std::int64_t number);
+
+// Drops what is held of the file, unless it is changed.
+void forget(Table& table);
+
+// Reads a forgotten record again. Whether there is a current record then.
+bool remember(Table& table);
+
+inline bool hasRecord(Table& table) { return !table.noRecord || (table.forgotten && remember(table)); }
 
 // Stands on the first of records that are known to be blank, because they have just been written.
 void goToBlanks(Table& table, std::int64_t first, std::int64_t count);

@@ -69,9 +69,9 @@ bool append(std::uint32_t table, const Line& line) {
     return false;
 }
 
-bool lock(std::uint32_t table) {
+bool lock(std::uint32_t table, std::int32_t records = 0) {
     for (int tries = 0; tries < 100'000; ++tries) {
-        if (lib().DbfLock(table)) return true;
+        if (records ? lib().DbfRlock(table, records) : lib().DbfLock(table)) return true;
         std::this_thread::sleep_for(std::chrono::microseconds(100));
     }
     return false;
@@ -119,6 +119,37 @@ void expectNothingLost(const char* locks, int processes, int count) {
 
 TEST(SharedTable, NothingIsLostWithLocks) { expectNothingLost("LOCK", 4, 500); }
 TEST(SharedTable, NothingIsLostWithoutLocks) { expectNothingLost("-", 4, 2000); }
+
+// Adds 1 to the number in record 1, COUNT times; each under a lock of the table or of the RECORD.
+const Role adder("add", [](const Arguments& arguments) {
+    int count = std::stoi(arguments.at(1));
+    int records = arguments.at(2) == "RECORD";
+    std::uint32_t table = lib().DbfOpen(arguments.at(0).c_str(), kShared);
+    for (int i = 0; table && i < count; ++i) {
+        if (!lock(table, records)) return 2;
+        char number[16];
+        lib().DbfFieldGet(table, 2, number);
+        if (!lib().DbfFieldPut(table, 2, std::to_string(std::atoi(number) + 1).c_str())) return 3;
+        if (!lib().DbfUnlock(table)) return 4;
+    }
+    return table && lib().DbfClose(table) == 0 ? 0 : 5;
+});
+
+TEST(SharedTable, NoUpdateIsLostUnderLocks) {
+    constexpr int kProcesses = 3, kCount = 100;
+    for (const char* kind : {"TABLE", "RECORD"}) {
+        Workplace place;
+        std::string file = emptyTable(place);
+        std::uint32_t table = lib().DbfOpen(file.c_str(), kShared);
+        EXPECT_EQ(lib().DbfAppend(table, 1), 1);
+        EXPECT_EQ(lib().DbfClose(table), 0);
+        std::vector<Child> children;
+        for (int i = 0; i < kProcesses; ++i)
+            children.emplace_back("add", Arguments{file, std::to_string(kCount), kind});
+        for (Child& child : children) EXPECT_EQ(child.wait(), 0);
+        EXPECT_EQ(linesOf(file).at(0).number, kProcesses * kCount) << kind;
+    }
+}
 
 // Appends a line at a time and notes each one once it has been committed. A file tells that the table is open.
 const Role committer("commit", [](const Arguments& arguments) {

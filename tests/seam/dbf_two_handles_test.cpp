@@ -119,5 +119,97 @@ TEST_P(TwoHandles, HaveAllThatWasDone) {
 
 INSTANTIATE_TEST_SUITE_P(Tables, TwoHandles, testing::Bool());
 
+// What is read under a new lock is what the file holds.
+class NewLocks : public TableTest, public testing::WithParamInterface<bool> {
+ protected:
+    std::uint32_t one = 0, two = 0;
+
+    void SetUp() override {
+        disk.put("T.DBF", lab::tableBytes(0x83, {{"A", 'C', 2}, {"M", 'M', 10}}, {" 11", " 22", " 33"}));
+        disk.put("T.DBT", lab::dbtBytes({"memo"}));
+        one = open("T", kSharedMode);
+        two = open("T", kSharedMode);
+    }
+    bool lock(std::uint32_t table) { return GetParam() ? lib().DbfLock(table) : lib().DbfRlock(table, 1); }
+    void change(std::uint32_t table, int field, const char* value) {
+        EXPECT_TRUE(lock(table));
+        EXPECT_EQ(lib().DbfFieldPut(table, field, value), 1);
+        EXPECT_EQ(lib().DbfUnlock(table), 1);
+    }
+};
+
+TEST_P(NewLocks, ForgetWhatIsUnchanged) {
+    using Use = void (*)(std::uint32_t table);
+    // Whatever comes first under the lock.
+    for (Use use : {Use{[](std::uint32_t t) { EXPECT_EQ(valueOf(t, 1), "bb"); }},
+                    {[](std::uint32_t t) { EXPECT_EQ(valueOf(t, 2), "other"); }},
+                    {[](std::uint32_t t) { EXPECT_EQ(lib().DbfFieldSize(t, 2), 5u); }},
+                    {[](std::uint32_t t) { EXPECT_EQ(recordOf(t).substr(0, 2), "bb"); }},
+                    {[](std::uint32_t t) { EXPECT_EQ(lib().DbfIsDeleted(t), 1); }},
+                    {[](std::uint32_t t) { lib().DbfRecordPut(t, "bb         1"); }},
+                    {[](std::uint32_t t) { EXPECT_EQ(lib().DbfFieldPut(t, 2, "memo"), 1); }},
+                    {[](std::uint32_t t) { lib().DbfDelete(t); }},
+                    {[](std::uint32_t t) { lib().DbfGoto(t, 1); }},
+                    {[](std::uint32_t t) { lib().DbfGoto(t, 9), lib().DbfGoto(t, 1); }},
+                    {[](std::uint32_t) {}}}) {
+        SetUp();
+        lib().DbfDelete(two);
+        change(two, 1, "bb");
+        change(two, 2, "other");
+        EXPECT_EQ(valueOf(one, 1), "11") << "held without a lock";
+        EXPECT_TRUE(lock(one) && lock(one)) << "forgotten, and yet the current record";
+        EXPECT_EQ(placeOf(one), (Place{1, 0, 0}));
+        use(one);
+        EXPECT_EQ(valueOf(one, 1), "bb");
+        EXPECT_EQ(lib().DbfUnlock(one), 1);
+        EXPECT_EQ(bytes("T.DBF").substr(97, 3), "*bb");
+        change(two, 1, "cc");
+        change(one, 2, "last");
+        EXPECT_EQ(bytes("T.DBF").substr(98, 2), "cc");
+    }
+}
+
+TEST_P(NewLocks, KeepWhatIsChanged) {
+    change(two, 1, "bb");
+    lib().DbfDelete(one);
+    EXPECT_TRUE(lock(one));
+    EXPECT_EQ(valueOf(one, 1), "11");
+    EXPECT_EQ(lib().DbfUnlock(one), 1);
+    EXPECT_EQ(bytes("T.DBF").substr(97, 3), "*11");
+    EXPECT_TRUE(lock(two));
+    EXPECT_FALSE(lock(one));
+    int calls = disk.calls;
+    EXPECT_EQ(valueOf(one, 1), "11") << "no lock, nothing forgotten";
+    EXPECT_EQ(disk.calls, calls);
+    EXPECT_EQ(lib().DbfUnlock(two), 1);
+    // Behind the last record, too: the one before is held.
+    lib().DbfGoto(one, 3), lib().DbfGoto(two, 3);
+    change(two, 1, "zz");
+    lib().DbfSkip(one, 1);
+    EXPECT_EQ(lib().DbfLock(one), 1);
+    EXPECT_EQ(placeOf(one), (Place{4, 0, 1}));
+    EXPECT_EQ(valueOf(one, 1), "  ");
+    lib().DbfSkip(one, -1);
+    EXPECT_EQ(valueOf(one, 1), "zz");
+    EXPECT_EQ(lib().DbfUnlock(one), 1);
+}
+
+TEST_P(NewLocks, WhoseRecordCannotBeRead) {
+    EXPECT_TRUE(lock(one));
+    disk.fault = {.atCall = disk.calls + 1, .lasts = true};
+    EXPECT_EQ(lib().DbfFieldPut(one, 1, "xx"), 0);
+    disk.fault = {};
+    EXPECT_EQ(placeOf(one), (Place{1, 0, 0}));
+    lib().DbfGoto(one, 1);
+    EXPECT_EQ(valueOf(one, 1), "11");
+    EXPECT_EQ(lib().DbfUnlock(one), 1);
+    EXPECT_TRUE(lock(one));
+    bytes("T.DBF").resize(97);
+    EXPECT_EQ(lib().DbfLastrec(one), 0u);
+    EXPECT_EQ(valueOf(one, 1), "  ") << "no longer there";
+}
+
+INSTANTIATE_TEST_SUITE_P(Tables, NewLocks, testing::Bool());
+
 }  // namespace
 }  // namespace vx::test
