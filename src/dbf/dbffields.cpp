@@ -103,9 +103,8 @@ void putPadded(char* to, std::size_t width, std::string_view value) {
 // Whether the number was taken; otherwise the field shows asterisks.
 bool putNumber(Table& table, const Field& field, std::string_view value) {
     auto width = static_cast<std::size_t>(field.extent);
-    std::int32_t behind = field.width - field.extent;  // what lies behind the record
-    bool isOutside = width == 0 && behind > 0;
-    if (isOutside || value.size() > static_cast<std::size_t>(field.lengthWord() - behind)) {
+    bool isClipped = field.extent < field.width;
+    if (value.size() > (isClipped ? width : static_cast<std::size_t>(field.lengthWord()))) {
         std::memset(table.at(field), '*', width);
         return false;
     }

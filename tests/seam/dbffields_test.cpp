@@ -214,7 +214,7 @@ TEST_F(Fields, NumbersThatAreClipped) {
                                            {0, "123", "L.123"},
                                            {0, "1234", "L.***"},
                                            {0, "12345", "L.***"},
-                                           {1, "1.25", "L1.25"},
+                                           {1, "1.25", "L.***"},
                                            {0, "", "L.   "}}) {
         std::string file = tableBytes(3, {{"L", 'C', 2}, {"N", 'N', 5, decimals}, {"O", 'N', 5, 1}}, {" L......"});
         disk.put("T.DBF", file.replace(10, 2, lab::little(6, 2)));
