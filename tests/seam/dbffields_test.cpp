@@ -531,5 +531,31 @@ TEST_F(Fields, BlobStoreWithADamagedList) {
     }
 }
 
+// A block that is freed joins the free ones on both sides, but none that is damaged: that may be in use.
+TEST_F(Fields, BlobsFreedBetweenDamagedBlocks) {
+    auto block = [](std::uint32_t start, std::uint32_t next, std::uint32_t previous, std::uint32_t used) {
+        return lab::blobHeader(next, previous, used, 40) + std::string(40, '.') + lab::little(start, 4);
+    };
+    std::string sound = lab::blobFileHeader(64) + block(64, 192, 0, 0) + block(128, 0, 0, 5) + block(192, 320, 64, 0) +
+                        block(256, 0, 0, 5) + block(320, 384, 192, 0) + lab::blobHeader(0, 320, 0, 0);
+    struct Row {
+        const char* what;
+        std::size_t at;
+        std::uint32_t to, left, freed;  // capacities then
+    };
+    for (auto [what, at, to, left, freed] : {Row{"nothing", 2, 64, 168, 40},
+                                             {"left in use", 76, 3, 40, 104},
+                                             {"left not listed", 2, 192, 40, 104},
+                                             {"trailer of another free one", 124, 320, 40, 104},
+                                             {"right in use", 204, 3, 104, 40},
+                                             {"right of another capacity", 208, 20, 104, 40},
+                                             {"neither listed", 68, 320, 40, 40}}) {
+        disk.put("T.BLO", std::string(sound).replace(at, 4, lab::little(to, 4)));
+        EXPECT_EQ(lib().DbfFieldPut(with(0x43, {{"B", 'B', 20}}, lab::blobReference(128, 5)), 1, ""), 1);
+        EXPECT_EQ(bytes("T.BLO").substr(80, 4), lab::little(left, 4)) << what;
+        EXPECT_EQ(bytes("T.BLO").substr(144, 4), lab::little(freed, 4)) << what;
+    }
+}
+
 }  // namespace
 }  // namespace vx::test
