@@ -1,7 +1,11 @@
 // Searching directories by lists of patterns, the caller's search blocks, and what is told of all that is found.
 #include "files/filesearch.h"
 
+#include <algorithm>
 #include <cstring>
+#include <iterator>
+#include <mutex>
+#include <new>
 #include <optional>
 
 #include "datetime/dateformat.h"
@@ -29,6 +33,59 @@ bool takes(std::uint32_t flags, const FoundEntry& entry) {
     return attributes == 0 || (attributes & kArchiveBit);
 }
 
+namespace {
+
+// The platform's searches that callers' blocks hold, and where each block lay when it began its search: only such a
+// one is given up when its block is begun anew, and nothing that memory happens to look like.
+class HeldSearches {
+ public:
+    void add(std::int32_t search, const void* block) {
+        std::lock_guard guard(changing_);
+        if (size_ == room_ && !grow()) return;  // without memory it stays open until it is released
+        held_[size_++] = {search, block};
+    }
+    void remove(std::int32_t search) {
+        std::lock_guard guard(changing_);
+        Held* found = find(search);
+        if (found != end()) *found = held_[--size_];
+    }
+    bool contains(std::int32_t search, const void* block) {
+        std::lock_guard guard(changing_);
+        Held* found = find(search);
+        return found != end() && found->block == block;
+    }
+
+ private:
+    struct Held {
+        std::int32_t search;
+        const void* block;
+    };
+
+    Held* end() { return held_ + size_; }
+    Held* find(std::int32_t search) {
+        return std::find_if(held_, end(), [search](const Held& held) { return held.search == search; });
+    }
+    bool grow() {
+        Held* more = new (std::nothrow) Held[2 * room_];
+        if (!more) return false;
+        std::copy(held_, end(), more);
+        if (held_ != first_) delete[] held_;
+        held_ = more;
+        room_ *= 2;
+        return true;
+    }
+
+    std::mutex changing_;
+    Held first_[64] = {};
+    Held* held_ = first_;
+    std::size_t size_ = 0;
+    std::size_t room_ = std::size(first_);
+};
+
+constinit HeldSearches heldSearches;
+
+}  // namespace
+
 bool SearchState::start() {
     for (;; ++number) {
         std::optional<Token> item;
@@ -45,6 +102,7 @@ bool SearchState::start() {
         }
         store(pattern, item->in(list));
         handle = platform::current().tree->findFirst(pattern, entry);
+        if (handle != -1 && block) heldSearches.add(handle, block);
         if (handle != -1 && (takes(flags, entry) || step())) return true;
     }
 }
@@ -68,7 +126,9 @@ bool SearchState::step() {
 }
 
 void SearchState::close() {
-    if (handle != -1) platform::current().tree->findClose(handle);
+    if (handle == -1) return;
+    if (block) heldSearches.remove(handle);  // first: its number may be given out again at once
+    platform::current().tree->findClose(handle);
     handle = -1;
 }
 
@@ -108,9 +168,12 @@ class SearchBlock {
     explicit SearchBlock(const void* at) : at_(static_cast<unsigned char*>(const_cast<void*>(at))) {}
 
     void begin(const char* list, SearchState& state) {
+        SearchState before;
+        if (load(before) && heldSearches.contains(before.handle, at_)) before.close();
         std::memset(at_, 0, kSize);
         put(kSignatureAt, kSignature);
         put(kFlagsAt, state.flags);
+        state.block = at_;
         std::string_view kept(list, strnlen(list, kLongestList));
         state.list = {reinterpret_cast<char*>(at_ + kListAt), kept.size()};
         std::memcpy(at_ + kListAt, kept.data(), kept.size());
@@ -119,6 +182,7 @@ class SearchBlock {
     // False if no search was begun in it.
     bool load(SearchState& state) const {
         if (!at_ || get<std::uint32_t>(kSignatureAt) != kSignature) return false;
+        state.block = at_;
         state.handle = get<std::int32_t>(kHandleAt);
         state.flags = get<std::uint32_t>(kFlagsAt);
         state.number = get<std::int32_t>(kNumberAt);

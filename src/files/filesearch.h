@@ -52,6 +52,7 @@ struct SearchState {
     std::string_view list;
     char pattern[platform::kPathSize] = "";
     platform::FoundEntry entry{};
+    const void* block = nullptr;  // the caller's memory that it is kept in
 
     // The first entry of pattern `number` or of one behind it that is taken; the next one. False when there is none.
     bool start();

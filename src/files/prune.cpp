@@ -37,8 +37,10 @@ bool isTakenAs(const char* path, std::string_view exact) {
 // The absolute path that a caller's text names, with a separator behind it.
 class TopPath {
  public:
-    // False for a text that does not name one directory exactly.
-    bool complete(std::string_view given) {
+    // False for a text that does not name one directory exactly, and for none.
+    bool complete(const char* text) {
+        if (!text) return false;
+        std::string_view given = text;
         if (given.find_first_of("*?") != std::string_view::npos) return false;
         std::string_view drive = given.substr(0, given.size() > 1 && given[1] == ':' ? 2 : 0);
         std::string_view rest = given.substr(drive.size());
@@ -301,13 +303,13 @@ ENTRY(int32_t, FEraseAll)(const char* list) noexcept {
 ENTRY(int32_t, FPrune)(const char* path, const char* list) noexcept {
     platform::SilentErrors silent(*platform::current().process);
     TopPath top;
-    if (!top.complete(view(path)) || !stayInDirectory(view(list))) return -1;
+    if (!top.complete(path) || !stayInDirectory(view(list))) return -1;
     return result(FilePruning(top.path(), view(list)).run());
 }
 
 ENTRY(int32_t, Prune)(const char* path, int32_t mode) noexcept {
     platform::SilentErrors silent(*platform::current().process);
     TopPath top;
-    if (mode < 0 || mode > 4 || !top.complete(view(path))) return -1;
+    if (mode < 0 || mode > 4 || !top.complete(path)) return -1;
     return result(Pruning(top.path(), mode).run());
 }

@@ -179,9 +179,9 @@ MadeUpDisk::Open* MadeUpDisk::opened(std::int32_t handle) {
 }
 
 std::int32_t MadeUpDisk::start(std::shared_ptr<Node> node, std::uint32_t mode) {
-    lastHandle_ += 4;
-    open_[lastHandle_] = {std::move(node), 0, (mode & 3) != kWrite, (mode & 3) != kRead, {}};
-    return lastHandle_;
+    lastHandle += 4;
+    open_[lastHandle] = {std::move(node), 0, (mode & 3) != kWrite, (mode & 3) != kRead, {}};
+    return lastHandle;
 }
 
 std::int32_t MadeUpDisk::open(const char* name, std::uint32_t mode) {
@@ -436,11 +436,11 @@ std::int32_t MadeUpDisk::findFirst(const char* pattern, FoundEntry& entry) {
     }
     if (found.empty()) return refuse(-1, kFileNotFound);
     std::reverse(found.begin(), found.end());
-    lastHandle_ += 4;
+    lastHandle += 4;
     entry = found.back();
     found.pop_back();
-    searches_[lastHandle_] = std::move(found);
-    return lastHandle_;
+    searches_[lastHandle] = std::move(found);
+    return lastHandle;
 }
 
 bool MadeUpDisk::findNext(std::int32_t search, FoundEntry& entry) {

@@ -53,6 +53,7 @@ class MadeUpDisk final : public platform::Files, public platform::Tree {
     platform::Process* process = nullptr;         // gets the reasons of failures
     std::set<std::int32_t> unclosable;
     std::vector<std::int32_t> closed;  // what close was called with
+    std::int32_t lastHandle = 0;       // the next file or search has the next multiple of 4
 
     std::int32_t open(const char* name, std::uint32_t mode) override;
     std::int32_t create(const char* name, std::uint32_t attributes) override;
@@ -109,7 +110,6 @@ class MadeUpDisk final : public platform::Files, public platform::Tree {
     Nodes nodes_;  // by upper-cased full path; the root is not among them
     std::map<std::int32_t, Open> open_;
     std::map<std::int32_t, std::vector<platform::FoundEntry>> searches_;  // what is still to be found, last first
-    std::int32_t lastHandle_ = 0;
 };
 
 }  // namespace vx::lab

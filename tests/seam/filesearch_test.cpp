@@ -244,6 +244,39 @@ TEST_F(FileSearch, BlocksOfAnyContent) {
     }
 }
 
+// Beginning anew gives up the search that the block holds, and none that it only seems to hold.
+TEST_F(FileSearch, ABlockThatIsBegunAnewIsReleased) {
+    for (const char* path : {"C:\\a", "C:\\b"}) disk.put(path);
+    for (int i = 0; i < 3; ++i) {
+        find("C:\\?");
+        EXPECT_EQ(disk.openSearches(), 1u);
+    }
+    platform::FoundEntry entry;
+    const std::int32_t others = disk.findFirst("C:\\?", entry);
+    Dest copy(kBlock);
+    std::memcpy(copy, block, kBlock);
+    auto seemsToHold = [&](std::int32_t search) { std::memcpy(copy.get() + 4, &search, 4); };
+    for (bool foreign : {false, true}) {
+        if (foreign) seemsToHold(others);
+        EXPECT_STREQ(lib().FindFirst(copy, "C:\\a", 0, name), "a");
+        EXPECT_EQ(disk.openSearches(), 3u);
+        lib().FindRelease(copy);
+    }
+    EXPECT_STREQ(lib().FindNext(block, name), "b") << "still its own";
+    // A block that was moved goes on; its old place holds nothing any more, whoever gets the number next.
+    find("C:\\?");
+    std::memcpy(copy, block, kBlock);
+    EXPECT_STREQ(lib().FindNext(copy, name), "b");
+    lib().FindRelease(copy);
+    disk.lastHandle -= 4;
+    lib().FindFirst(copy, "C:\\?", 0, name);
+    find("C:\\b");
+    EXPECT_STREQ(lib().FindNext(copy, name), "b");
+    lib().FindRelease(copy);
+    lib().FindRelease(block);
+    disk.findClose(others);
+}
+
 TEST_F(FileSearch, ErasesWhatItFindsAndNothingElse) {
     for (const char* path :
          {"C:\\d\\a.tmp", "C:\\d\\b.tmp", "C:\\d\\c;d.tmp", "C:\\d\\keep", "C:\\d\\s.tmp\\x.tmp", "C:\\e\\x.tmp"})
