@@ -150,7 +150,8 @@ bool wipe(const char* name) {
     constexpr std::uint32_t kWipeBlock = 64 << 10;
     std::uint32_t attributes = tree().attributes(textOf(name));
     if (attributes == platform::kNoAttributes) return false;
-    if (attributes & platform::kLink) return tree().erase(name);
+    // What is behind it would be wiped, or would stay while the caller is told that it is gone.
+    if (attributes & platform::kLink) return refuse(false, platform::kAccessDenied);
     OpenFile file = OpenFile::open(name, platform::kReadWrite);
     if (!file) return false;
     std::int64_t size = readableSize(file);
