@@ -8,6 +8,7 @@
 
 #include "entries/path.h"
 #include "files/handles.h"
+#include "platform/errors.h"
 #include "platform/platform.h"
 #include "strings/trim.h"
 
@@ -198,9 +199,11 @@ std::int32_t createNew(const char* name, std::uint32_t attributes) {
     return createRecorded(name, attributes);
 }
 
-// A file that has the name of a directory refuses to become one, with the system's reason.
+// A file that has the name of a directory refuses to become one, with the system's reason. One that another process
+// makes between the two looks is there.
 bool ensureDirectory(const char* path) {
-    return directoryExists(path) || platform::current().tree->createDirectory(path);
+    if (directoryExists(path) || platform::current().tree->createDirectory(path)) return true;
+    return platform::current().process->lastError() == platform::kAlreadyExists && directoryExists(path);
 }
 
 enum class Made { kNothing, kAll, kFailed };

@@ -101,6 +101,24 @@ TEST_F(PathSeam, MakePathStopsAtEveryFailure) {
     }
 }
 
+TEST_F(PathSeam, OthersMakeTheDirectoryMeanwhile) {
+    for (int at = 1; at <= 20; ++at) {
+        for (bool file : {false, true}) {
+            for (bool moves : {false, true}) {
+                lab::FakePlatform fresh{door()};
+                lab::MadeUpDisk& disk = fresh.disk;
+                disk.put("C:\\f", "x");
+                disk.onCall = [&] {
+                    if (disk.calls != at || disk.find("C:\\a\\b")) return;
+                    file ? disk.put("C:\\a\\b") : disk.putDirectory("C:\\a\\b");
+                };
+                bool made = moves ? lib().FMove("C:\\f", "C:\\a\\b", 0) == 0 : lib().MakePath("C:\\a\\b");
+                EXPECT_EQ(made, disk.find("C:\\a\\b")->directory) << at << file << moves;
+            }
+        }
+    }
+}
+
 TEST_F(PathSeam, NewFilesUnderTemporaryNames) {
     fake.disk.putDirectory("C:\\tmp");
     std::set<std::string> names;
