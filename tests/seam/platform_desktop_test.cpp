@@ -80,6 +80,9 @@ TEST_F(SystemDesktop, BoxesAreDialogs) {
     install("zenity", 1);  // closed by its window's corner
     EXPECT_EQ(desktop.showBox(0, "x", "Title", BoxIcon::kInformation), 1);
     EXPECT_EQ(takeLog(), "zenity|--info|--no-markup|--title|Title|--text|x<");
+    place.put("zenity", "#!/bin/sh\nkill -KILL $$\n");
+    EXPECT_EQ(desktop.showBox(0, "x", "Title", BoxIcon::kNone), 1);
+    EXPECT_EQ(takeLog(), "kdialog|--title|Title|--msgbox|x<") << "one that crashed has shown nothing";
 }
 
 TEST_F(SystemDesktop, ClipboardTexts) {

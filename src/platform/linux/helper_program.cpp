@@ -67,7 +67,7 @@ std::optional<int> runHelper(const std::vector<const char*>& arguments, std::str
     while (::waitpid(child, &status, 0) < 0) {
         if (errno != EINTR) return 0;  // the host reaps its children itself: the helper has run, its status is lost
     }
-    return WIFEXITED(status) ? WEXITSTATUS(status) : 128;
+    return WIFEXITED(status) ? std::optional(WEXITSTATUS(status)) : std::nullopt;
 }
 
 bool hasDisplay() { return isSet("WAYLAND_DISPLAY") || isSet("DISPLAY"); }
