@@ -39,7 +39,7 @@ std::optional<std::int32_t> lastDriveOf(std::string_view line) {
 std::optional<std::int32_t> configuredLastDrive() {
     // The system may have been started from a diskette that is out by now.
     platform::SilentErrors silent(*platform::current().process);
-    char shell[kPathRoom];
+    char shell[platform::kVariableRoom];
     std::uint32_t length = platform::current().process->variable("COMSPEC", shell, sizeof shell);
     char path[kJoinedSize];
     joinPath(splitPath(length > 0 && length < sizeof shell ? shell : "C:").drive, "\\", "CONFIG", ".SYS", path);

@@ -180,7 +180,7 @@ bool renameDirectory(const char* old, const char* name) {
 std::int32_t bootDrive() {
     constexpr std::int32_t kAssumed = 2;
     for (const char* variable : {"SystemDrive", "ComSpec"}) {
-        char value[kLongestPath];
+        char value[platform::kVariableRoom];
         std::uint32_t length = process().variable(variable, value, sizeof value);
         if (length > 0 && length < sizeof value) return dosDriveNumber(value);
     }

@@ -8,6 +8,9 @@ namespace vx::platform {
 
 inline constexpr std::uint32_t kFailSilently = 1;
 
+// For the longest value that a variable has on Windows.
+inline constexpr std::size_t kVariableRoom = 32768;
+
 enum PlatformId : std::uint32_t { kWin32sId = 0, kWindows95Id = 1, kWindowsNtId = 2, kUnknownId = 0xFFFFFFFF };
 
 // Physical memory in bytes.

@@ -328,6 +328,10 @@ TEST_F(DiskSpace, BootDrive) {
         fake.process.variables = variables;
         EXPECT_EQ(lib()._sysinfo2(1), drive) << (variables.empty() ? "" : variables[0]);
     }
+    for (std::size_t length : {259, 260, 300, 32767}) {
+        fake.process.variables = {"SystemDrive=D:" + std::string(length - 2, 'x'), "ComSpec=E:"};
+        EXPECT_EQ(lib()._sysinfo2(1), 3) << length;
+    }
     for (std::int32_t selector : {0, 3, -1, INT32_MIN, INT32_MAX}) EXPECT_EQ(lib()._sysinfo2(selector), 0) << selector;
 }
 

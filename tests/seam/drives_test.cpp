@@ -324,6 +324,10 @@ TEST_F(Drives, WhereConfigSysIs) {
     }
     fake.process.variables = {"COMSPEC=D:\\command.com"};
     EXPECT_EQ(lib().LastDrive(), 5) << "there is none on D:";
+    for (std::size_t length : {259, 260, 300, 32767}) {
+        fake.process.variables = {"COMSPEC=D:" + std::string(length - 2, 'x')};
+        EXPECT_EQ(lib().LastDrive(), 5) << length;
+    }
     fake.process.variables = {};
     for (int call = 1; call <= 3; ++call) {
         fake.disk.put("C:\\CONFIG.SYS", "FILES=1\nLASTDRIVE=J\n");
