@@ -145,6 +145,7 @@ bool setWritten(const char* name, const Date& date, const TimeOfDay& time) {
     std::optional<Written> written = writtenAt(file.handle());
     FileTime stamp;
     if (!written || !changedStamp(*written, date, time, stamp)) return false;
+    if (stamp == 0 && written->stamp != 0) return false;  // the first moment of 1601: the platform takes 0 for none
     return platform::current().files->setTimes(file.handle(), {.written = stamp}) && file.close();
 }
 

@@ -25,7 +25,8 @@ enum OpenMode : std::uint32_t {
 
 enum Origin : std::int32_t { kFromStart = 0, kFromCurrent = 1, kFromEnd = 2 };
 
-// Positions that can be told go up to here: seek refuses what is beyond, and on Linux reading and writing end here.
+// Positions go up to here: seek refuses what is beyond, and where handles stand, reading and writing end here. They
+// are refused (kInvalidParameter) where they would begin here, reading only if the file goes on.
 inline constexpr std::int64_t kLastPosition = 0x7FFFFFFF;
 
 enum Attribute : std::uint32_t {
@@ -35,7 +36,7 @@ enum Attribute : std::uint32_t {
     kDirectoryEntry = 0x10,
     kArchive = 0x20,
     kNormal = 0x80,  // none of the others
-    kLink = 0x400,   // a symbolic link, or a junction
+    kLink = 0x400,   // a symbolic link; on Windows every reparse point
     kCompressed = 0x800,
 };
 
@@ -85,15 +86,15 @@ class Files {
     // The new position, -1 if it would be negative or beyond kLastPosition; it then is where it was.
     virtual std::int32_t seek(std::int32_t handle, std::int32_t offset, std::int32_t origin) = 0;
 
-    // read and write at a position, in one system call; reading goes beyond kLastPosition, too. Where the handle stands
-    // afterwards is left open: who shows the position to others puts it back.
+    // read and write at a position, in one system call. Writing ends at kLastPosition, too; reading goes beyond. Where
+    // the handle stands afterwards is left open: who shows the position to others puts it back.
     virtual std::int32_t readAt(std::int32_t handle, std::int64_t position, void* to, std::uint32_t count) = 0;
     virtual std::int32_t writeAt(std::int32_t handle, std::int64_t position, const void* from, std::uint32_t count) = 0;
 
     // -1 on failure.
     virtual std::int64_t size(std::int32_t handle) = 0;
 
-    // Ends the file at the current position.
+    // Ends the file at the current position. Refused beyond kLastPosition.
     virtual bool truncate(std::int32_t handle) = 0;
 
     // Has the system write all to the disk.
@@ -107,7 +108,8 @@ class Files {
 
     virtual bool information(std::int32_t handle, FileInformation& information) = 0;
 
-    // 0 leaves a time as it is.
+    // 0 leaves a time as it is. Refused, and all stay, where the file system would make another one of `written`
+    // (kInvalidParameter); that it rounds is no failure.
     virtual bool setTimes(std::int32_t handle, const FileTimes& times) = 0;
 
  protected:

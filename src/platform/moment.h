@@ -11,6 +11,18 @@ using FileTime = std::uint64_t;
 inline constexpr std::int64_t kStepsPerSecond = 10'000'000;
 inline constexpr std::int64_t kSecondsTo1970 = 11'644'473'600;
 
+// Stamps that every file system holds: from where FAT begins to where 31 bits of seconds end, less a day for the zones.
+inline bool isHeldEverywhere(FileTime time) {
+    constexpr std::int64_t kFirst = 315'619'200, kLast = 2'147'385'600;  // seconds of 1970
+    std::int64_t seconds = static_cast<std::int64_t>(time / kStepsPerSecond) - kSecondsTo1970;
+    return seconds >= kFirst && seconds < kLast;
+}
+
+// Whether a file has the stamp that it was given; a file system may round it, FAT to two seconds.
+inline bool isHeldAs(FileTime given, FileTime held) {
+    return (given > held ? given - held : held - given) <= 2 * FileTime{kStepsPerSecond};
+}
+
 // In the order of Win32's SYSTEMTIME.
 struct Moment {
     std::uint16_t year = 0;

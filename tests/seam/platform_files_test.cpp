@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <atomic>
 #include <cstdint>
+#include <filesystem>
 #include <random>
 #include <set>
 #include <string>
@@ -281,6 +282,59 @@ TEST_F(SystemFiles, TimesAreKeptToTheStep) {
     EXPECT_TRUE(files.close(handle));
 }
 
+TEST_F(SystemFiles, TimesThatCannotBeKeptAreRefused) {
+    place.put("f");
+    std::int32_t handle = open("f", kReadWrite);
+    const auto before = std::filesystem::last_write_time(place.native("f"));
+    for (int year : {1601, 1700, 1850, 1902, 2107, 2300, 2447, 9999, 30000}) {
+        FileTime asked = 0;
+        ASSERT_TRUE(system.clock->toFileTime({static_cast<std::uint16_t>(year), 7, 0, 1, 1, 2, 4, 0}, asked));
+        bool kept = files.setTimes(handle, {.created = 0, .accessed = 0, .written = asked});
+        FileInformation now;
+        ASSERT_TRUE(files.information(handle, now));
+        if (kept) {
+            EXPECT_EQ(now.times.written, asked) << year;
+            std::filesystem::last_write_time(place.native("f"), before);
+        }
+        EXPECT_EQ(std::filesystem::last_write_time(place.native("f")), before) << year;
+    }
+    EXPECT_TRUE(files.close(handle));
+}
+
+TEST_F(SystemFiles, PositionsEndAt31Bits) {
+    constexpr std::int64_t kEnd = 0x7FFFFFFF;
+    std::int32_t handle = create("f");
+    EXPECT_EQ(files.seek(handle, 0x7FFFFFFF, kFromStart), kEnd);
+    EXPECT_EQ(files.seek(handle, 1, kFromCurrent), -1);
+    EXPECT_EQ(error(), kInvalidParameter);
+    system.process->setLastError(0);
+    EXPECT_EQ(write(handle, "x"), -1);
+    EXPECT_EQ(error(), kInvalidParameter);
+    system.process->setLastError(0);
+    for (std::int64_t position : {kEnd, kEnd + 1, std::int64_t{1} << 32, std::int64_t{-1}}) {
+        EXPECT_EQ(files.writeAt(handle, position, "x", 1), -1) << position;
+        EXPECT_EQ(error(), kInvalidParameter);
+    }
+    EXPECT_EQ(files.writeAt(handle, kEnd, "", 0), 0);
+    EXPECT_EQ(files.seek(handle, 0x7FFFFFFD, kFromStart), kEnd - 2);
+    EXPECT_EQ(write(handle, "abc"), 2) << "up to there";
+    EXPECT_EQ(files.seek(handle, 0, kFromCurrent), kEnd);
+    EXPECT_EQ(files.size(handle), kEnd);
+    EXPECT_EQ(files.writeAt(handle, kEnd - 1, "Bc", 2), 1);
+    EXPECT_EQ(files.size(handle), kEnd);
+    EXPECT_EQ(files.seek(handle, 1, kFromEnd), -1);
+    EXPECT_EQ(files.seek(handle, -2, kFromEnd), kEnd - 2);
+    EXPECT_EQ(read(handle, 9), "aB");
+    EXPECT_EQ(files.seek(handle, 5, 3), -1);
+    EXPECT_EQ(files.seek(handle, 5, -1), -1);
+    files.seek(handle, -2, kFromEnd);
+    std::filesystem::resize_file(place.native("f"), kEnd + 9);
+    EXPECT_EQ(read(handle, 9), "aB") << "nor is read beyond";
+    EXPECT_EQ(files.seek(handle, 0, kFromCurrent), kEnd);
+    EXPECT_EQ(read(handle, 9), "<87>");
+    EXPECT_TRUE(files.close(handle));
+}
+
 TEST_F(SystemFiles, ManyFilesAtOnce) {
     std::vector<std::int32_t> handles;
     for (int i = 0; i < 1500; ++i) {
@@ -444,24 +498,6 @@ TEST_F(SystemFiles, WhatFallsShortTellsWhy) {
     ::setrlimit(RLIMIT_FSIZE, &before);
     ::signal(SIGXFSZ, handler);
     EXPECT_EQ(reason, kFileTooLarge);
-    EXPECT_TRUE(files.close(handle));
-}
-
-TEST_F(SystemFiles, PositionsEndAt31Bits) {
-    std::int32_t handle = create("f");
-    EXPECT_EQ(files.seek(handle, 0x7FFFFFFF, kFromStart), 0x7FFFFFFF);
-    EXPECT_EQ(files.seek(handle, 1, kFromCurrent), -1);
-    EXPECT_EQ(error(), kInvalidParameter);
-    EXPECT_EQ(write(handle, "x"), -1);
-    EXPECT_EQ(error(), kInvalidParameter);
-    EXPECT_EQ(files.seek(handle, -2, kFromCurrent), 0x7FFFFFFD);
-    EXPECT_EQ(write(handle, "abc"), 2) << "up to there";
-    EXPECT_EQ(files.size(handle), 0x7FFFFFFF);
-    EXPECT_EQ(files.seek(handle, 1, kFromEnd), -1);
-    EXPECT_EQ(files.seek(handle, -2, kFromEnd), 0x7FFFFFFD);
-    EXPECT_EQ(read(handle, 9), "ab");
-    EXPECT_EQ(files.seek(handle, 5, 3), -1);
-    EXPECT_EQ(files.seek(handle, 5, -1), -1);
     EXPECT_TRUE(files.close(handle));
 }
 

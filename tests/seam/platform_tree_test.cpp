@@ -1,16 +1,19 @@
 // The tree of names of the system itself: the platform's own interface, before any stand-in takes its place.
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <cstdint>
 #include <cstring>
 #include <filesystem>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "tests/seam/seam.h"
 #include "tests/support/workplace.h"
 
 #if !defined(_WIN32)
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/xattr.h>
 #include <unistd.h>
@@ -239,6 +242,15 @@ TEST_F(SystemTree, MovesKeepContentAndSpelling) {
     EXPECT_EQ(place.get("FROM2/inner"), "456");
 }
 
+TEST_F(SystemTree, ReadOnlyDirectoriesStay) {
+    makeDirectory("d");
+    EXPECT_EQ(set("d", kReadOnly), 0u);
+    EXPECT_EQ(attributes("d"), kReadOnly | kDirectoryEntry);
+    EXPECT_EQ(removeDirectory("d"), kAccessDenied);
+    EXPECT_EQ(set("d", kNormal), 0u);
+    EXPECT_EQ(removeDirectory("d"), 0u);
+}
+
 TEST_F(SystemTree, FullPaths) {
     char before[kPathSize];
     ASSERT_TRUE(system.volumes->currentDirectory(0, before, sizeof before));
@@ -347,6 +359,70 @@ TEST_F(SystemTree, AttributesAreSharedWithOtherPrograms) {
     EXPECT_STREQ(text, "0x2");
     EXPECT_EQ(set("f", kSystem | kReadOnly), 0u) << "of a read-only file, too";
     EXPECT_EQ(attributes("f"), kSystem | kReadOnly);
+}
+
+TEST_F(SystemTree, PermissionsComeBackWithTheRightToWrite) {
+    const std::string path = place.put("f");
+    const std::string name_f = place.native("f");
+    const char* file = name_f.c_str();
+    makeDirectory("d");
+    if (!tree.setAttributes(path.c_str(), kHidden)) GTEST_SKIP() << "no extended attributes to remember them in";
+    struct stat state;
+    auto mode = [&](const std::string& name) {
+        return ::stat(place.native(name).c_str(), &state) == 0 ? state.st_mode & 07777 : 0;
+    };
+    for (const char* name : {"f", "d"}) {
+        for (mode_t given : {0664, 0666, 0600, 0620, 0602, 0644, 0464, 0755, 0775}) {
+            for (std::uint32_t more : {std::uint32_t{kArchive}, kHidden | kArchive}) {
+                ASSERT_EQ(::chmod(place.native(name).c_str(), given), 0);
+                EXPECT_EQ(set(name, kReadOnly | more), 0u);
+                EXPECT_EQ(mode(name), given & ~0222u);
+                EXPECT_EQ(set(name, kReadOnly | kSystem), 0u) << "protected twice";
+                EXPECT_EQ(set(name, kNormal), 0u);
+                EXPECT_EQ(mode(name), given) << name;
+            }
+        }
+    }
+    // What is remembered of other permissions is nothing: then those write who read, as new files allow.
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    ASSERT_EQ(::chmod(file, 0666), 0);
+    EXPECT_EQ(set("f", kReadOnly), 0u);
+    ASSERT_EQ(::chmod(file, 0440), 0);
+    EXPECT_EQ(set("f", kNormal), 0u);
+    EXPECT_EQ(mode("f"), 0640u | (020 & ~mask));
+    ASSERT_EQ(::chmod(file, 0444), 0);
+    EXPECT_EQ(set("f", kNormal), 0u);
+    EXPECT_EQ(mode("f"), 0644u | (022 & ~mask)) << "nor is it used twice";
+}
+
+// A name that another process takes between the look at it and the move stays that process's.
+TEST_F(SystemTree, NoMoveReplacesWhatAppearsMeanwhile) {
+    std::atomic<bool> over = false;
+    int taken = 0, replaced = 0;
+    std::thread other([&] {
+        const std::string name = place.native("to");
+        while (!over) {
+            const int file = ::open(name.c_str(), O_CREAT | O_EXCL | O_WRONLY, 0600);
+            struct stat state {};
+            if (file >= 0) {
+                ++taken;
+                std::this_thread::yield();
+                ::fstat(file, &state);
+                replaced += state.st_nlink == 0;
+                ::close(file);
+            }
+            ::unlink(name.c_str());
+        }
+    });
+    for (int i = 0; i < 3000; ++i) {
+        if (!place.has("from")) place.put("from");
+        move("from", "to");
+    }
+    over = true;
+    other.join();
+    EXPECT_GT(taken, 0);
+    EXPECT_EQ(replaced, 0);
 }
 
 TEST_F(SystemTree, FilesMoveToAnotherFileSystem) {

@@ -21,6 +21,11 @@ constexpr std::int64_t kNanosecondsPerStep = 100;
 constexpr char kAttributeName[] = "user.DOSATTRIB";
 constexpr std::uint32_t kStored = kHidden | kSystem | kArchive;
 
+// The library's own: the permissions, in octal digits, that a file had before it was made read-only.
+constexpr char kPermissionsName[] = "user.vexlor32.permissions";
+constexpr mode_t kPermissions = 0777;
+constexpr mode_t kWritePermissions = 0222;
+
 // A file, by what the system calls take: the calls come in pairs that differ in nothing else.
 struct ByDescriptor {
     int descriptor;
@@ -28,10 +33,11 @@ struct ByDescriptor {
     int state(struct statx& to) const {
         return ::statx(descriptor, "", AT_EMPTY_PATH, STATX_BASIC_STATS | STATX_BTIME, &to);
     }
-    ssize_t get(char* to, std::size_t room) const { return ::fgetxattr(descriptor, kAttributeName, to, room); }
-    int set(const char* value, std::size_t size) const {
-        return ::fsetxattr(descriptor, kAttributeName, value, size, 0);
+    ssize_t get(const char* name, char* to, std::size_t room) const { return ::fgetxattr(descriptor, name, to, room); }
+    int set(const char* name, std::string_view value) const {
+        return ::fsetxattr(descriptor, name, value.data(), value.size(), 0);
     }
+    int remove(const char* name) const { return ::fremovexattr(descriptor, name); }
     int changeMode(mode_t mode) const { return ::fchmod(descriptor, mode); }
 };
 
@@ -39,8 +45,11 @@ struct ByPath {
     const char* path;
 
     int state(struct statx& to) const { return ::statx(AT_FDCWD, path, 0, STATX_BASIC_STATS | STATX_BTIME, &to); }
-    ssize_t get(char* to, std::size_t room) const { return ::getxattr(path, kAttributeName, to, room); }
-    int set(const char* value, std::size_t size) const { return ::setxattr(path, kAttributeName, value, size, 0); }
+    ssize_t get(const char* name, char* to, std::size_t room) const { return ::getxattr(path, name, to, room); }
+    int set(const char* name, std::string_view value) const {
+        return ::setxattr(path, name, value.data(), value.size(), 0);
+    }
+    int remove(const char* name) const { return ::removexattr(path, name); }
     int changeMode(mode_t mode) const { return ::chmod(path, mode); }
 };
 
@@ -51,7 +60,7 @@ std::uint32_t withoutStored(mode_t mode) { return S_ISDIR(mode) ? 0u : kArchive;
 template <typename File>
 std::uint32_t storedAttributes(const File& file, mode_t mode) {
     char text[64];
-    ssize_t size = S_ISDIR(mode) || S_ISREG(mode) ? file.get(text, sizeof text) : -1;
+    ssize_t size = S_ISDIR(mode) || S_ISREG(mode) ? file.get(kAttributeName, text, sizeof text) : -1;
     if (size < 0) return withoutStored(mode);
     std::string_view value(text, static_cast<std::size_t>(size));
     std::uint32_t bits = 0;
@@ -96,18 +105,54 @@ mode_t newFileMask() {
 }
 
 template <typename File>
-bool store(const File& file, mode_t mode, std::uint32_t attributes) {
-    char text[16];
-    int size = std::snprintf(text, sizeof text, "0x%x", attributes & kStored);
-    if (file.set(text, static_cast<std::size_t>(size)) == 0) return true;
+bool store(const File& file, mode_t mode, const char* name, std::string_view value) {
+    if (file.set(name, value) == 0) return true;
     if (errno != EACCES || (mode & S_IWUSR)) return false;
     // The owner of a read-only file may change its attributes on Windows; here only while it can be written.
     if (file.changeMode(mode | S_IWUSR) != 0) return false;
-    bool done = file.set(text, static_cast<std::size_t>(size)) == 0;
+    bool done = file.set(name, value) == 0;
     int kept = errno;
     file.changeMode(mode);
     errno = kept;
     return done;
+}
+
+template <typename File>
+bool storeAttributes(const File& file, mode_t mode, std::uint32_t attributes) {
+    char text[16];
+    int size = std::snprintf(text, sizeof text, "0x%x", attributes & kStored);
+    return store(file, mode, kAttributeName, {text, static_cast<std::size_t>(size)});
+}
+
+// The permissions are remembered with the file where its system can do so.
+template <typename File>
+bool protect(const File& file, mode_t mode) {
+    char text[16];
+    int size = std::snprintf(text, sizeof text, "%o", mode & kPermissions);
+    bool remembered = store(file, mode, kPermissionsName, {text, static_cast<std::size_t>(size)});
+    if (file.changeMode(mode & ~kWritePermissions) == 0) return true;
+    int kept = errno;
+    if (remembered) file.remove(kPermissionsName);
+    errno = kept;
+    return false;
+}
+
+// 0 if they are not known, or others than these were made of them since.
+template <typename File>
+mode_t rememberedPermissions(const File& file, mode_t mode) {
+    char text[16];
+    ssize_t size = file.get(kPermissionsName, text, sizeof text);
+    unsigned before = 0;
+    if (size <= 0 || std::from_chars(text, text + size, before, 8).ec != std::errc()) return 0;
+    return (before & ~kWritePermissions) == (mode & kPermissions) ? before : 0;
+}
+
+template <typename File>
+bool unprotect(const File& file, mode_t mode) {
+    mode_t before = rememberedPermissions(file, mode);
+    if (file.changeMode(before != 0 ? mode | before : writable(mode, newFileMask())) != 0) return false;
+    file.remove(kPermissionsName);
+    return true;
 }
 
 template <typename File>
@@ -116,11 +161,11 @@ bool write(const File& file, std::uint32_t attributes) {
     if (file.state(state) != 0) return false;
     mode_t mode = state.stx_mode & 07777;
     if (storedAttributes(file, state.stx_mode) != (attributes & kStored)) {
-        if (!store(file, mode, attributes)) return false;
+        if (!storeAttributes(file, mode, attributes)) return false;
     }
     bool readOnly = (attributes & kReadOnly) != 0;
     if (readOnly == isReadOnly(mode)) return true;
-    return file.changeMode(readOnly ? mode & ~mode_t{0222} : writable(mode, newFileMask())) == 0;
+    return readOnly ? protect(file, mode) : unprotect(file, mode);
 }
 
 std::uint32_t serialOf(const struct statfs& system) {
@@ -165,6 +210,12 @@ bool readState(const char* path, FileInformation& information) {
 
 bool writeAttributes(int descriptor, std::uint32_t attributes) { return write(ByDescriptor{descriptor}, attributes); }
 bool writeAttributes(const char* path, std::uint32_t attributes) { return write(ByPath{path}, attributes); }
+
+void copyRememberedPermissions(int from, int to) {
+    char text[16];
+    ssize_t size = ::fgetxattr(from, kPermissionsName, text, sizeof text);
+    if (size > 0) ::fsetxattr(to, kPermissionsName, text, static_cast<std::size_t>(size), 0);
+}
 
 std::uint32_t volumeSerial() {
     struct statfs system;

@@ -23,9 +23,14 @@ bool readState(int descriptor, FileInformation& information);
 bool readState(const char* path, FileInformation& information);
 
 // Set kReadOnly, kHidden, kSystem and kArchive, the others not. False, with errno, if the system refuses; ENOTSUP
-// where the file system cannot keep what a file without an extended attribute does not have.
+// where the file system cannot keep what a file without an extended attribute does not have. Without kReadOnly a file
+// has the permissions again that it had before; where they are not known, its owner writes it, and who reads it as far
+// as new files allow.
 bool writeAttributes(int descriptor, std::uint32_t attributes);
 bool writeAttributes(const char* path, std::uint32_t attributes);
+
+// What a read-only file's permissions were before goes on to its copy; where that cannot keep it, it is lost.
+void copyRememberedPermissions(int from, int to);
 
 // Of drive C:, which has all file systems that are mounted; never 0.
 std::uint32_t volumeSerial();

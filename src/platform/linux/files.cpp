@@ -353,7 +353,19 @@ bool LinuxFiles::setTimes(std::int32_t handle, const FileTimes& times) {
     if (!file) return false;
     auto given = [](FileTime time) { return time == 0 ? timespec{0, UTIME_OMIT} : timespecOf(time); };
     timespec both[] = {given(times.accessed), given(times.written)};
-    return ::futimens(file->descriptor.load(std::memory_order_relaxed), both) == 0 || failed(false, systemErrorCode());
+    int descriptor = file->descriptor.load(std::memory_order_relaxed);
+    bool mayBend = times.written != 0 && !isHeldEverywhere(times.written);
+    struct stat before;
+    struct stat after;
+    if (mayBend && ::fstat(descriptor, &before) != 0) return failed(false, systemErrorCode());
+    if (::futimens(descriptor, both) != 0) return failed(false, systemErrorCode());
+    if (!mayBend) return true;
+    bool held = ::fstat(descriptor, &after) == 0 &&
+                isHeldAs(times.written, fileTimeOf(after.st_mtim.tv_sec, after.st_mtim.tv_nsec));
+    if (held) return true;
+    const timespec old[] = {before.st_atim, before.st_mtim};
+    ::futimens(descriptor, old);
+    return failed(false, kInvalidParameter);
 }
 
 }  // namespace

@@ -67,6 +67,7 @@ bool copyState(int from, const struct stat& state, int to) {
     bool owned = ::fchown(to, state.st_uid, state.st_gid) == 0;
     if (!owned && errno != EPERM && errno != EINVAL) return false;
     writeAttributes(to, information.attributes & ~std::uint32_t{kReadOnly});
+    if (information.attributes & kReadOnly) copyRememberedPermissions(from, to);
     ::fchmod(to, state.st_mode & (owned ? 07777 : 01777));  // no program runs as an owner that it did not have
     timespec times[] = {state.st_atim, state.st_mtim};
     return ::futimens(to, times) == 0;

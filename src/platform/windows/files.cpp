@@ -1,6 +1,8 @@
 // Open files of Windows.
 #include <windows.h>
 
+#include <algorithm>
+
 #include "platform/errors.h"
 #include "platform/platform.h"
 #include "platform/windows/system_time.h"
@@ -50,13 +52,17 @@ class WindowsFiles final : public Files {
     }
 
     std::int32_t read(std::int32_t handle, void* to, std::uint32_t count) override {
+        std::uint32_t wanted = allowed(handle, count);
+        if (wanted == 0 && count != 0 && size(handle) > kLastPosition) return refuse();
         DWORD done = 0;
-        return ReadFile(handleOf(handle), to, count, &done, nullptr) ? static_cast<std::int32_t>(done) : -1;
+        return ReadFile(handleOf(handle), to, wanted, &done, nullptr) ? static_cast<std::int32_t>(done) : -1;
     }
 
     std::int32_t write(std::int32_t handle, const void* from, std::uint32_t count) override {
+        std::uint32_t wanted = allowed(handle, count);
+        if (wanted == 0 && count != 0) return refuse();
         DWORD done = 0;
-        return WriteFile(handleOf(handle), from, count, &done, nullptr) ? static_cast<std::int32_t>(done) : -1;
+        return WriteFile(handleOf(handle), from, wanted, &done, nullptr) ? static_cast<std::int32_t>(done) : -1;
     }
 
     std::int32_t seek(std::int32_t handle, std::int32_t offset, std::int32_t origin) override {
@@ -65,8 +71,7 @@ class WindowsFiles final : public Files {
         std::int64_t after = move(handle, offset, origin);
         if (after <= kLastPosition) return static_cast<std::int32_t>(after);
         move(handle, origin == kFromEnd ? before : after - offset, kFromStart);
-        SetLastError(kInvalidParameter);
-        return -1;
+        return refuse();
     }
 
     std::int32_t readAt(std::int32_t handle, std::int64_t position, void* to, std::uint32_t count) override {
@@ -81,7 +86,9 @@ class WindowsFiles final : public Files {
     }
 
     std::int32_t writeAt(std::int32_t handle, std::int64_t position, const void* from, std::uint32_t count) override {
+        if (count != 0 && (position < 0 || position >= kLastPosition)) return refuse();
         if (!hasPlaces()) return move(handle, position, kFromStart) < 0 ? -1 : write(handle, from, count);
+        count = upToLast(position, count);
         OVERLAPPED place = placeAt(position);
         DWORD done = 0;
         return WriteFile(handleOf(handle), from, count, &done, &place) ? static_cast<std::int32_t>(done) : -1;
@@ -92,7 +99,10 @@ class WindowsFiles final : public Files {
         return unlessFailed(high, [&] { return GetFileSize(handleOf(handle), &high); });
     }
 
-    bool truncate(std::int32_t handle) override { return SetEndOfFile(handleOf(handle)); }
+    bool truncate(std::int32_t handle) override {
+        if (move(handle, 0, kFromCurrent) > kLastPosition) return refuse(false);
+        return SetEndOfFile(handleOf(handle));
+    }
 
     bool flush(std::int32_t handle) override { return FlushFileBuffers(handleOf(handle)); }
 
@@ -117,11 +127,41 @@ class WindowsFiles final : public Files {
     }
 
     bool setTimes(std::int32_t handle, const FileTimes& times) override {
-        return SetFileTime(handleOf(handle), GivenTime(times.created).get(), GivenTime(times.accessed).get(),
-                           GivenTime(times.written).get());
+        HANDLE file = handleOf(handle);
+        bool mayBend = times.written != 0 && !isHeldEverywhere(times.written);
+        FILETIME created;
+        FILETIME accessed;
+        FILETIME written;
+        if (mayBend && !GetFileTime(file, &created, &accessed, &written)) return false;
+        bool set = SetFileTime(file, GivenTime(times.created).get(), GivenTime(times.accessed).get(),
+                               GivenTime(times.written).get());
+        if (!set || !mayBend) return set;
+        FILETIME now;
+        if (GetFileTime(file, nullptr, nullptr, &now) && isHeldAs(times.written, fileTime(now))) return true;
+        SetFileTime(file, &created, &accessed, &written);
+        return refuse(false);
     }
 
  private:
+    template <typename Result = std::int32_t>
+    static Result refuse(Result result = -1) {
+        SetLastError(kInvalidParameter);
+        return result;
+    }
+
+    static std::uint32_t upToLast(std::int64_t position, std::uint32_t count) {
+        return static_cast<std::uint32_t>(std::clamp<std::int64_t>(kLastPosition - position, 0, count));
+    }
+
+    // How much of a transfer lies before the last position. What has no positions, a pipe, has no last one.
+    static std::uint32_t allowed(std::int32_t handle, std::uint32_t count) {
+        DWORD before = GetLastError();
+        std::int64_t position = move(handle, 0, kFromCurrent);
+        if (position >= 0) return upToLast(position, count);
+        SetLastError(before);
+        return count;
+    }
+
     static std::int64_t move(std::int32_t handle, std::int64_t distance, std::int32_t origin) {
         LONG high = static_cast<LONG>(distance >> 32);
         return unlessFailed(high, [&] {
