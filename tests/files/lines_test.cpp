@@ -118,6 +118,12 @@ TEST(FileLines, TextsWithoutOverlapAndInOtherCase) {
     File file("abc");
     EXPECT_EQ(lib().FStrCount(file, nullptr, 0), -1);
     EXPECT_EQ(lib().FLocate(file, nullptr, 0), -2);
+    const std::string most(32767, 'm');
+    File large("1" + most + "m");
+    EXPECT_EQ(lib().FStrCount(large, (most + "m").c_str(), 0), 0);
+    EXPECT_EQ(lib().FStrCount(large, most.c_str(), 0), 1);
+    EXPECT_EQ(lib().FLocate(large, (most + "m").c_str(), 0), -2) << "one character too long";
+    EXPECT_EQ(lib().FLocate(large, most.c_str(), 0), 1);
 }
 
 // A text or a line feed at each place around the seams of the blocks in which a file is read.

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -47,9 +48,11 @@ class MadeUpHardware final : public platform::Hardware {
     std::vector<std::pair<std::uint32_t, std::uint32_t>> beeps;
     std::int32_t beepResult = 1;
     std::uint32_t family = 6;
+    std::function<void()> onCall;  // before each call of a drive's device
 
     bool callDos(platform::DosService service, platform::DosRegisters& registers,
                  const platform::DosMemory& memory) override {
+        if (onCall) onCall();
         if (dosCalls.size() < kMostKept) {
             dosCalls.push_back({service, registers, bytes(memory.packet, sizeof(platform::DiskPacket)),
                                 bytes(memory.parameters, kParameterBytes), memory.sectors});
@@ -62,6 +65,7 @@ class MadeUpHardware final : public platform::Hardware {
 
     std::int32_t queryDrive(char letter, platform::DriveQuery query,
                             std::span<platform::DriveGeometry> entries) override {
+        if (onCall) onCall();
         bool types = query == platform::kMediaTypes;
         if (queries.size() < kMostKept) {
             queries += std::string{letter, types ? 't' : 'g'} + std::to_string(entries.size()) + ' ';
@@ -74,6 +78,7 @@ class MadeUpHardware final : public platform::Hardware {
     }
 
     bool canOpenPhysicalDrive(std::uint32_t number) override {
+        if (onCall) onCall();
         std::uint32_t code = number < physicalDrives.size() ? physicalDrives[number] : platform::kFileNotFound;
         return code == 0 || refuse(false, code);
     }

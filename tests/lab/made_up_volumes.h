@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cstring>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -38,6 +39,7 @@ class MadeUpVolumes final : public platform::Volumes {
     std::string windows = "C:\\WINNT";
     platform::Process* process = nullptr;  // gets the reasons of failures
     std::string labels;                    // every label that was set, in brackets; "-" for none
+    std::function<void()> onCall;          // before each call that may reach for a disk
 
     std::uint32_t logicalDrives() override {
         std::uint32_t mask = 0;
@@ -45,6 +47,7 @@ class MadeUpVolumes final : public platform::Volumes {
         return mask;
     }
     platform::DriveKind driveKind(const char* root) override {
+        if (onCall) onCall();
         MadeUpDrive* drive = at(root);
         return drive ? drive->kind : platform::kNoRootDirectory;
     }
@@ -70,6 +73,7 @@ class MadeUpVolumes final : public platform::Volumes {
         return drive;
     }
     bool freeBytes(const char* directory, std::uint64_t& bytes) override {
+        if (onCall) onCall();
         if (auto found = mounted.find(directory); found != mounted.end()) {
             bytes = found->second;
             return true;
@@ -82,6 +86,7 @@ class MadeUpVolumes final : public platform::Volumes {
     }
     std::int32_t currentDrive() override { return current - 'A' + 1; }
     bool setCurrentDrive(std::int32_t drive) override {
+        if (onCall) onCall();
         char letter = static_cast<char>('A' + drive - 1);
         if (drive < 1 || drive > 26 || !drives.contains(letter)) return refuse(platform::kInvalidDrive);
         if (std::exchange(drives[letter].startedIn, false)) drives[letter].directory = "\\";
@@ -89,6 +94,7 @@ class MadeUpVolumes final : public platform::Volumes {
         return true;
     }
     bool currentDirectory(std::int32_t number, char* path, std::size_t room) override {
+        if (onCall) onCall();
         char letter = number == 0 ? current : static_cast<char>('A' + number - 1);
         auto found = drives.find(letter);
         if (found == drives.end()) return refuse(platform::kInvalidDrive);
@@ -96,6 +102,7 @@ class MadeUpVolumes final : public platform::Volumes {
         return full.size() < room ? put(full, path, room) : refuse(platform::kInsufficientBuffer);
     }
     bool changeDirectory(const char* path) override {
+        if (onCall) onCall();
         MadeUpDrive* drive = path[0] && path[1] == ':' ? at(path) : &drives[current];
         if (!drive || !*path || std::strchr(path, '?')) return refuse(platform::kPathNotFound);
         if (path[0] && path[1] == ':') {
@@ -118,6 +125,7 @@ class MadeUpVolumes final : public platform::Volumes {
         return found == drives.end() ? nullptr : &found->second;
     }
     MadeUpDrive* working(const char* root) {
+        if (onCall) onCall();
         MadeUpDrive* drive = at(root);
         if (!drive) refuse(platform::kPathNotFound);
         if (drive && drive->error) refuse(drive->error);
