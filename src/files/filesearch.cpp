@@ -82,7 +82,7 @@ class HeldSearches {
     std::size_t room_ = std::size(first_);
 };
 
-constinit HeldSearches heldSearches;
+HeldSearches heldSearches;
 
 }  // namespace
 
