@@ -1542,7 +1542,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL dbfappend(uint32_t table, int32_t count);
 VEXLOR32_API int32_t VEXLOR32_CALL _dbfappend(uint32_t table, int32_t count);
 #endif
 
-/* Locks all records of a shared table.
+/* Locks all records of a shared table; what was read before, and is unchanged, is read again.
  *   table    table handle
  *   returns  whether the lock was had; always if the table is not shared */
 VEXLOR32_API int32_t VEXLOR32_CALL DbfLock(uint32_t table);
@@ -1553,7 +1553,8 @@ VEXLOR32_API int32_t VEXLOR32_CALL dbflock(uint32_t table);
 VEXLOR32_API int32_t VEXLOR32_CALL _dbflock(uint32_t table);
 #endif
 
-/* Locks so many records of a shared table, from the current one on.
+/* Locks so many records of a shared table, from the current one on; what was read before, and is unchanged, is read
+ * again.
  *   table    table handle
  *   count    how many records; below 1 locks none of a shared table and gives 0
  *   returns  whether the lock was had; always if the table is not shared */
@@ -1567,7 +1568,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL _dbfrlock(uint32_t table, int32_t count);
 
 /* Writes back what has changed and gives the table or record lock back.
  *   table    table handle
- *   returns  0 on failure */
+ *   returns  0 on failure; 1 as well if no lock is held, and nothing is written then */
 VEXLOR32_API int32_t VEXLOR32_CALL DbfUnlock(uint32_t table);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _dbfUnlock(uint32_t table);
@@ -1719,7 +1720,7 @@ VEXLOR32_API uint32_t VEXLOR32_CALL strdbffield(uint32_t table, const char *name
  *   table    table handle
  *   number   of the field, from 1
  *   value    text; NULL counts as empty
- *   returns  whether it was written */
+ *   returns  whether it was written; 0 as well for a memo or blob while another handle writes to their file */
 VEXLOR32_API int32_t VEXLOR32_CALL DbfFieldPut(uint32_t table, int32_t number, const char *value);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _dbfFieldPut(uint32_t table, int32_t number, const char *value);
@@ -1732,7 +1733,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL _dbffieldput(uint32_t table, int32_t number, 
  *   table    table handle
  *   name     text; NULL counts as empty
  *   value    text; NULL counts as empty
- *   returns  whether it was written */
+ *   returns  whether it was written; 0 as well for a memo or blob while another handle writes to their file */
 VEXLOR32_API int32_t VEXLOR32_CALL DbfReplace(uint32_t table, const char *name, const char *value);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _dbfReplace(uint32_t table, const char *name, const char *value);
@@ -3030,10 +3031,11 @@ VEXLOR32_API int32_t VEXLOR32_CALL feraseall(const char *list);
 #endif
 
 /* Deletes the files that match in a directory and in all below it.
- *   path     of a directory; empty is the current one; NULL counts as empty
+ *   path     of a directory; empty is the current one, NULL is refused
  *   list     patterns of names, without directories; an empty one deletes nothing; NULL counts as empty
  *   returns  0, or -1 on failure
- * -1 when a file could not be deleted. Of the directories right below one, only the last one's result counts. */
+ * -1 when a file could not be deleted, and, with nothing deleted, for NULL and for patterns with a directory. Of the
+ * directories right below one, only the last one's result counts. */
 VEXLOR32_API int32_t VEXLOR32_CALL FPrune(const char *path, const char *list);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _fprune(const char *path, const char *list);
@@ -3041,11 +3043,10 @@ VEXLOR32_API int32_t VEXLOR32_CALL fprune(const char *path, const char *list);
 #endif
 
 /* Deletes a tree of files and directories.
- *   path     of a directory; empty is the current one; NULL counts as empty
+ *   path     of a directory; empty is the current one, NULL is refused
  *   mode     VX_PRUNE_ALL (0) deletes all; VX_PRUNE_KEEP_TOP (1) keeps the directory itself; VX_PRUNE_KEEP_TOP_FILES
- *            (2) and 3 also its own files; VX_PRUNE_KEEP_DIRECTORIES (4) also all directories; any other deletes
- *            nothing and gives -1
- *   returns  0, or -1 if something could not be deleted
+ *            (2) and 3 also its own files; VX_PRUNE_KEEP_DIRECTORIES (4) also all directories
+ *   returns  0, or -1 if something could not be deleted; other modes and NULL give -1 and delete nothing
  * Read-only files stay, and so do those hidden or system ones that lack the archive attribute. */
 VEXLOR32_API int32_t VEXLOR32_CALL Prune(const char *path, int32_t mode);
 #ifdef VEXLOR32_ALL_NAMES
@@ -4061,7 +4062,8 @@ VEXLOR32_API int32_t VEXLOR32_CALL funique(const char *pattern, uint32_t attribu
 /* Creates directories with all that lead to them.
  *   list     paths, separated by semicolons or commas; NULL counts as empty
  *   returns  whether the last one is there
- * A path of more than 260 characters behind the first ends the call, and critical errors stay silent after it. */
+ * Directories that another process makes meanwhile are there; a file of that name gives 0. A path of more than 260
+ * characters behind the first ends the call, and critical errors stay silent after it. */
 VEXLOR32_API int32_t VEXLOR32_CALL MakePath(const char *list);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL MkPath(const char *list);
@@ -6217,7 +6219,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL fcompare(const char *first, const char *secon
 /* Overwrites a file six times and erases it.
  *   name     text; NULL counts as empty
  *   returns  1 if so, else 0
- * Of a symbolic link, the link is erased and nothing else. */
+ * A symbolic link, and on Windows any other reparse point, gives 0 and stays, as does what is behind it. */
 VEXLOR32_API int32_t VEXLOR32_CALL WipeFile(const char *name);
 #ifdef VEXLOR32_ALL_NAMES
 VEXLOR32_API int32_t VEXLOR32_CALL _wipefile(const char *name);

@@ -13,6 +13,7 @@
 #include "entries/filesearch.h"
 #include "files/walk.h"
 #include "platform/errors.h"
+#include "platform/lock.h"
 #include "platform/platform.h"
 
 namespace vx {
@@ -75,14 +76,14 @@ class HeldSearches {
         return true;
     }
 
-    std::mutex changing_;
+    platform::Lock changing_;
     Held first_[64] = {};
     Held* held_ = first_;
     std::size_t size_ = 0;
     std::size_t room_ = std::size(first_);
 };
 
-HeldSearches heldSearches;
+constinit HeldSearches heldSearches;
 
 }  // namespace
 
