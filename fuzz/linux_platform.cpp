@@ -56,7 +56,8 @@ void expect(bool holds, string_view what, string_view given) {
     std::_Exit(1);
 }
 
-// The text that a call gives: the same with just the room that it needs, and nothing (0, or that room) with less.
+// The text that a call gives: the same with just the room that it needs, and nothing (0, or that room) with less; only
+// the name of a month or day (MMM, ddd) is cut then.
 string filled(const std::function<std::uint32_t(char*, std::uint32_t)>& fill, bool givesNeed, string_view given) {
     static rows::GuardedBuffer buffer;
     auto in = [&](std::uint32_t room) { return fill(buffer.place(room, false, '#'), room); };
@@ -65,7 +66,8 @@ string filled(const std::function<std::uint32_t(char*, std::uint32_t)>& fill, bo
     string text = buffer.data();
     auto room = static_cast<std::uint32_t>(text.size() + 1);
     expect(in(room) == size && text == buffer.data() && (size == room || size + 1 == room), "exact room", given);
-    expect(room == 1 || in(room - 1) == (givesNeed ? room : 0), "less room", given);
+    bool hasName = given.find("MMM") != given.npos || given.find("ddd") != given.npos;
+    expect(room == 1 || in(room - 1) == (givesNeed ? room : 0) || hasName, "less room", given);
     return text;
 }
 
@@ -275,7 +277,12 @@ void measureVolume(Random& random) {
 // Locale data of the C library with texts of any length and bytes.
 void writeByLocale(Random& random) {
     auto feed = [](nl_item item, const string& text) { localeFed[item][text.copy(localeFed[item].data(), 39)] = '\0'; };
-    for (nl_item item : {RADIXCHAR, THOUSEP}) feed(item, drawName(random).substr(0, random.below(3)));
+    const nl_item separators[] = {RADIXCHAR, THOUSEP, __MON_THOUSANDS_SEP};
+    static bool haveSeparators = false;  // they are looked at once
+    for (nl_item item : separators) {
+        if (!haveSeparators) feed(item, drawName(random).substr(0, random.below(3)));
+    }
+    haveSeparators = true;
     for (int i = 0; i < 12; ++i) {
         for (nl_item item : {ALTMON_1 + i, _NL_ABALTMON_1 + i, DAY_1 + i % 7, ABDAY_1 + i % 7})
             feed(item, drawName(random));
@@ -301,11 +308,14 @@ void writeByLocale(Random& random) {
         const char* fed = localeFed[item].data();
         return !*fed ? empty : fed[1] ? longer : *fed;
     };
+    const char point = separator(RADIXCHAR, '.', '.');
+    char group = separator(THOUSEP, separator(__MON_THOUSANDS_SEP, '\0', ' '), ' ');
+    if (group == point) group = '\0';
     number = (number + 50) / 100;
-    string text = std::to_string(number % 100 + 100).replace(0, 1, 1, separator(RADIXCHAR, '.', '.'));
+    string text = std::to_string(number % 100 + 100).replace(0, 1, 1, point);
     string whole = std::to_string(number / 100);
     for (std::size_t i = 0; i < whole.size(); ++i) {
-        if (i > 0 && i % 3 == 0) text.insert(0, 1, separator(THOUSEP, ',', ' '));
+        if (i > 0 && i % 3 == 0 && group) text.insert(0, 1, group);
         text.insert(0, 1, whole[whole.size() - 1 - i]);
     }
     expect(filled(format, false, digits) == text, "a number", digits);

@@ -41,7 +41,7 @@ def committed_products(families, groups):
     return products
 
 
-def build_products(families):
+def build_products(families, root):
     # The lab library is the same code with one name more, through which tests reach the platform seam.
     products = {
         "mechanical.cpp": library.mechanical(families),
@@ -58,7 +58,7 @@ def build_products(families):
         "listing.txt": catalog.listing(families),
     }
     products |= {f"entries/{f.stem}.h": library.declarations(f) for f in families}
-    products |= {f"rows/{f.stem}.rows": examples.rows(f, ROOT) for f in families}
+    products |= {f"rows/{f.stem}.rows": examples.rows(f, root) for f in families}
     return products
 
 
@@ -80,7 +80,7 @@ def main():
         print("\n".join(f"{n}: differs from the table" for n in stale) or "all products agree with the table")
         return 1 if stale else 0
     if options.out:
-        for name, text in build_products(families).items():
+        for name, text in build_products(families, options.root).items():
             write_if_changed(options.out / name, text)
         for name, text in committed.items():
             write_if_changed(options.root / name, text)
