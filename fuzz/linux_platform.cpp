@@ -7,6 +7,7 @@
 #include <time.h>
 #include <unistd.h>
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
 #include <csignal>
@@ -383,14 +384,17 @@ void runRound(Random random, const std::filesystem::path& directory) {
 }
 
 int run(int argc, char** argv) {
-    std::map<string, std::uint64_t> options{{"--seed", 1}, {"--round", 1}, {"--rounds", 500}, {"--seconds", 0}};
-    for (int i = 1; i + 1 < argc; i += 2) options[argv[i]] = std::strtoull(argv[i + 1], nullptr, 10);
-    seed = options["--seed"];
-    round = options["--round"];
+    std::uint64_t rounds = 500, seconds = 0;
+    CLI::App app("Random and hostile names, patterns, volumes, locales and clocks for the platform of Linux.");
+    app.add_option("--seed", seed, "The seed (1)");
+    app.add_option("--round", round, "The first round (1)");
+    app.add_option("--rounds", rounds, "So many rounds at least (500)");
+    app.add_option("--seconds", seconds, "For so long at least (0)");
+    CLI11_PARSE(app, argc, argv);
     test::Workplace place;
     std::signal(SIGALRM, [](int) { expect(false, "more than 20 seconds", ""); });
-    time_t end = ::time(nullptr) + static_cast<time_t>(options["--seconds"]);
-    for (std::uint64_t done = 0; done < options["--rounds"] || ::time(nullptr) < end; ++done, ++round) {
+    time_t end = ::time(nullptr) + static_cast<time_t>(seconds);
+    for (std::uint64_t done = 0; done < rounds || ::time(nullptr) < end; ++done, ++round) {
         ::alarm(20);
         runRound(Turn{seed, round, 0}.randomFor("the platform"), place.native("directory"));
     }

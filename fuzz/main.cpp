@@ -1,10 +1,11 @@
 // Calls every entry of the export table with random arguments in guarded memory, on a made-up machine.
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
-#include <string_view>
+#include <string>
 #include <vector>
 
 #include "fuzz/caller.h"
@@ -20,66 +21,42 @@ using Clock = std::chrono::steady_clock;
 
 constexpr std::uint64_t kDefaultRounds = 200;
 constexpr std::uint32_t kPasses = 4;  // of a round over all entries: what one opens, others go on with
-constexpr const char* kUsage =
-    "usage: vexlor_random_caller [--seed N] [--rounds N] [--seconds N] [--round N] [--only NAME] [--family F] "
-    "[--print]\n"
-    "  --seed N     the seed (otherwise the clock gives one)\n"
-    "  --rounds N   so many rounds of 4 calls of each entry (200, if no seconds are given)\n"
-    "  --seconds N  ends after that time; 0 goes on until it is interrupted\n"
-    "  --round N    this round alone: what a report tells\n"
-    "  --only NAME  this entry alone, by any of its names\n"
-    "  --family F   the entries of this family alone\n"
-    "  --print      tells each call before it is made\n";
-
 struct Options {
     std::uint64_t seed = static_cast<std::uint32_t>(std::chrono::system_clock::now().time_since_epoch().count());
     std::optional<std::uint64_t> rounds;
     std::optional<std::uint64_t> seconds;
     std::optional<std::uint64_t> round;
     const catalog::Entry* only = nullptr;
-    std::string_view family;
+    std::string family;
     bool print = false;
 };
 
 [[noreturn]] void refuse(const std::string& why) {
-    std::fprintf(stderr, "random caller: %s\n%s", why.c_str(), kUsage);
+    std::fprintf(stderr, "random caller: %s\n", why.c_str());
     std::exit(2);
-}
-
-std::uint64_t numberOf(const char* text) {
-    char* end = nullptr;
-    std::uint64_t number = std::strtoull(text, &end, 10);
-    if (*text < '0' || *text > '9' || *end) refuse(std::string("not a number: ") + text);
-    return number;
 }
 
 Options optionsOf(int argc, char** argv) {
     Options options;
-    for (int i = 1; i < argc; ++i) {
-        std::string_view option = argv[i];
-        if (option == "--print") {
-            options.print = true;
-            continue;
-        }
-        const char* value = ++i < argc ? argv[i] : nullptr;
-        if (!value) refuse("nothing behind " + std::string(option));
-        if (option == "--seed") {
-            options.seed = numberOf(value);
-        } else if (option == "--rounds") {
-            options.rounds = numberOf(value);
-        } else if (option == "--seconds") {
-            options.seconds = numberOf(value);
-        } else if (option == "--round") {
-            options.round = numberOf(value);
-        } else if (option == "--only") {
-            options.only = catalog::find(value);
-            if (!options.only) refuse(std::string("no entry of that name: ") + value);
-        } else if (option == "--family") {
-            options.family = value;
-        } else {
-            refuse("unknown option " + std::string(option));
-        }
+    std::string only;
+    CLI::App app("Calls every entry of the export table with random arguments in guarded memory.",
+                 "vexlor_random_caller");
+    app.add_option("--seed", options.seed, "The seed (otherwise the clock gives one)")->option_text("N");
+    app.add_option("--rounds", options.rounds, "So many rounds of 4 calls of each entry (200, if no seconds are given)")
+        ->option_text("N");
+    app.add_option("--seconds", options.seconds, "Ends after that time; 0 goes on until it is interrupted")
+        ->option_text("N");
+    app.add_option("--round", options.round, "This round alone: what a report tells")->option_text("N");
+    app.add_option("--only", only, "This entry alone, by any of its names")->option_text("NAME");
+    app.add_option("--family", options.family, "The entries of this family alone")->option_text("FAMILY");
+    app.add_flag("--print", options.print, "Tells each call before it is made");
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        std::exit(app.exit(error) == 0 ? 0 : 2);
     }
+    options.only = only.empty() ? nullptr : catalog::find(only);
+    if (!only.empty() && !options.only) refuse("no entry of that name: " + only);
     return options;
 }
 
