@@ -1,6 +1,6 @@
 # Thin fronts over CMake presets and scripts; each sets up what it lacks (scripts/setup).
 
-.PHONY: all windows demo test fuzz bench format clean
+.PHONY: all windows demo test mutants fuzz bench format clean
 
 all:
 	@scripts/setup build
@@ -21,6 +21,12 @@ demo:
 test:
 	@scripts/setup test
 	@scripts/test
+
+# Which changes of the library would the tests not notice? For instance AREA="files dbf" COUNT=40; all areas without AREA.
+COUNT ?= 20
+mutants:
+	@scripts/setup test
+	@scripts/mutants $(addprefix --area ,$(AREA)) --count $(COUNT)
 
 # The platform of Linux and the random caller under sanitizers, the latter for SECONDS (0: until it is interrupted).
 SECONDS ?= 600
