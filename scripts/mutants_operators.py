@@ -1,21 +1,30 @@
-"""The changes that scripts/mutants makes to C++ source, token by token. It counts on the project's formatting: binary operators
-have blanks around them, what belongs to a type has none in front."""
+"""The changes that scripts/mutants makes to C++ source, token by token. It counts on the project's formatting: binary
+operators have blanks around them, what belongs to a type has none in front."""
 import dataclasses
 import re
 
-HIDDEN = re.compile(r'//[^\n]*|/\*.*?\*/|^[ \t]*#(?:[^\n]*\\\n)*[^\n]*|"(?:\\.|[^"\\\n])*"|(?<![0-9A-Fa-f])\'(?:\\.|[^\'\\\n])*\'',
-                    re.DOTALL | re.MULTILINE)
-OTHERS = {"<": ("<=", ">="), "<=": ("<", ">"), ">": (">=", "<="), ">=": (">", "<"), "==": ("!=",), "!=": ("==",), "&&": ("||",),
-          "||": ("&&",), "+": ("-",), "-": ("+",), "*": ("/",), "/": ("*",), "%": ("*",), "+=": ("-=",), "-=": ("+=",), "*=": ("/=",),
-          "/=": ("*=",), "!": ("",)}
-TOKENS = [("comparison", re.compile(r"(?<= )(?:[<>]=?|[=!]=)(?=\s)")), ("logical", re.compile(r"(?<= )(?:&&|\|\|)(?=\s)|!(?=[\w(:*!])")),
-          ("arithmetic", re.compile(r"(?<= )[-+*/%]=?(?=\s)"))]
+COMMENT = r"//[^\n]*|/\*.*?\*/"
+DIRECTIVE = r"^[ \t]*#(?:[^\n]*\\\n)*[^\n]*"
+LITERAL = r'"(?:\\.|[^"\\\n])*"|(?<![0-9A-Fa-f])\'(?:\\.|[^\'\\\n])*\''
+HIDDEN = re.compile("|".join((COMMENT, DIRECTIVE, LITERAL)), re.DOTALL | re.MULTILINE)
+OTHERS = {
+    "<": ("<=", ">="), "<=": ("<", ">"), ">": (">=", "<="), ">=": (">", "<"), "==": ("!=",), "!=": ("==",),
+    "&&": ("||",), "||": ("&&",), "!": ("",),
+    "+": ("-",), "-": ("+",), "*": ("/",), "/": ("*",), "%": ("*",),
+    "+=": ("-=",), "-=": ("+=",), "*=": ("/=",), "/=": ("*=",),
+}
+TOKENS = [
+    ("comparison", re.compile(r"(?<= )(?:[<>]=?|[=!]=)(?=\s)")),
+    ("logical", re.compile(r"(?<= )(?:&&|\|\|)(?=\s)|!(?=[\w(:*!])")),
+    ("arithmetic", re.compile(r"(?<= )[-+*/%]=?(?=\s)")),
+]
 NUMBER = re.compile(r"(?<![\w.'])(0[xX][\dA-Fa-f']+|\d[\d']*)([uUlLzZ]*)(?![\w.'])")
 CONDITION = re.compile(r"\b(if|while|for)(?: constexpr)? \(")
 RETURN = re.compile(r"\breturn ([^;{}]+);")
 RESULTS = ("0", "1", "-1", "nullptr")
 # Neither code of their own nor worth a change: the room of an array, a check at compile time.
-IDLE = re.compile(r"^\s*(?:static_assert\b|using\b|typedef\b|(?:[\w:]+(?:<[^;=]*>)?[&*]* )+\w+(?:\[[^\]]*\])+(?: = \{\})?;\s*$)")
+IDLE = re.compile(r"^\s*(?:static_assert\b|using\b|typedef\b"
+                  r"|(?:[\w:]+(?:<[^;=]*>)?[&*]* )+\w+(?:\[[^\]]*\])+(?: = \{\})?;\s*$)")
 NO_REMOVAL = re.compile(r"^(?:return|break|continue|goto|throw|case|default|else|if|for|while|do|auto)\b"
                         r"|^(?:[\w:]+(?:<[^;=]*>)?[&*]* )+\w+\s*(?:[=;({\[,]|$)")
 STARTS_AFTER = re.compile(r"(?:^|[;{}:]|^(?:\} )?(?:else|(?:else )?(?:if|for|while)\b.*\)))$")
@@ -112,8 +121,8 @@ def changes(line, previous):
         for result in {"true": ("0",), "false": ("1",)}.get(found.group(1), RESULTS):
             yield "result", *found.span(1), result
     statement = line.strip()
-    if (re.fullmatch(r"[^;{}]+;", statement) and statement.count("(") == statement.count(")") and not NO_REMOVAL.match(statement)
-            and STARTS_AFTER.search(previous)):
+    whole = re.fullmatch(r"[^;{}]+;", statement) and statement.count("(") == statement.count(")")
+    if whole and not NO_REMOVAL.match(statement) and STARTS_AFTER.search(previous):
         start = line.index(statement)
         yield "statement", start, start + len(statement), ";"
 

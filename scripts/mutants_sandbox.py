@@ -1,13 +1,14 @@
-"""Runs the test programs of scripts/mutants so that a mutated library can harm nothing: in namespaces of its own it sees the
-machine read-only, with places for files that are gone afterwards, no disk, no network, and no rights over the machine."""
+"""Runs the test programs of scripts/mutants so that a mutated library can harm nothing: in namespaces of its own it
+sees the machine read-only, with places for files that are gone afterwards, no disk, no network, and no rights over
+the machine."""
 import os
 import re
 import signal
 import subprocess
 import threading
 
-# $1 is the worker's folder: the programs, and an empty folder `view`. File systems that are mounted elsewhere stay outside.
-# The shell stays the first process of its namespace, which the kernel would spare signals.
+# $1 is the worker's folder: the programs, and an empty folder `view`. File systems that are mounted elsewhere stay
+# outside. The shell stays the first process of its namespace, which the kernel would spare signals.
 VIEW = r"""
 set -e
 trap 'exit 77' EXIT
@@ -38,7 +39,8 @@ exit $?
 NAMESPACES = ["unshare", "--mount", "--pid", "--net", "--ipc", "--fork", "--kill-child",
               "--propagation", "private", "--", "bash", "-c", VIEW, "bash"]
 # When this script ends, by whatever, so does what it started.
-LIMITED = ["setpriv", "--pdeathsig", "KILL", "bash", "-c", 'ulimit -c 0; ulimit -v "$1"; ulimit -t "$2"; shift 2; exec "$@"', "bash"]
+LIMITED = ["setpriv", "--pdeathsig", "KILL", "bash", "-c",
+           'ulimit -c 0; ulimit -v "$1"; ulimit -t "$2"; shift 2; exec "$@"', "bash"]
 MEMORY = 8 << 20  # KiB of address space a process
 OUTPUT = 4 << 20  # bytes; a program that writes more has lost its way
 PATIENCE = 20  # times the computing time that a program may take altogether
@@ -46,12 +48,13 @@ REFUSED, EXCEEDED_CPU = 77, 128 + signal.SIGXCPU
 
 
 def run(folder, command, seconds, view=True):
-    """What the program in `folder` wrote, its exit code, and whether it took too long. The limit is one of computing time, so
-    that a busy machine ends nothing; one that waits for ever takes longer to be found out."""
+    """What the program in `folder` wrote, its exit code, and whether it took too long. The limit is one of computing
+    time, so that a busy machine ends nothing; one that waits for ever takes longer to be found out."""
     program = f"/run/tests/{command[0]}" if view else f"{folder}/{command[0]}"
-    words = LIMITED + [str(MEMORY), str(int(seconds) + 1)] + (NAMESPACES + [str(folder)] if view else []) + [program, *command[1:]]
-    process = subprocess.Popen(words, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, start_new_session=True,
-                               env={k: v for k, v in os.environ.items() if not re.match("VEXLOR_|GTEST_", k)} | {"TMPDIR": "/tmp"})
+    words = LIMITED + [str(MEMORY), str(int(seconds) + 1)] + (NAMESPACES + [str(folder)] if view else [])
+    environment = {name: value for name, value in os.environ.items() if not re.match("VEXLOR_|GTEST_|TMPDIR$", name)}
+    process = subprocess.Popen(words + [program, *command[1:]], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                               stderr=subprocess.STDOUT, start_new_session=True, env=environment)
     late = threading.Event()
 
     def end():
