@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <limits>
 
 namespace vx::rows {
 namespace {
@@ -14,6 +15,7 @@ using Wanted = Value::Kind;
 
 constexpr char kFiller = '~';
 constexpr std::size_t kMostArguments = 16;
+constexpr std::int64_t kLowest = std::numeric_limits<std::int32_t>::min();
 
 // Pages are kept: making them anew for each call would cost more than the calls.
 GuardedBuffer& bufferAt(std::size_t i) {
@@ -90,7 +92,7 @@ void Call::takeOne(std::size_t i, const Value& value, Variables& variables) {
         bool isCode = argument.kind == Kind::kChar && !isNumber && text.size() == 1;
         if (!isNumber && !isCode) throw std::string("`") + argument.name + "` takes a number, not " + shown(value);
         if (isCode) number = static_cast<unsigned char>(text[0]);
-        if (form_.zeroBased && argument.kind == Kind::kPos) --number;
+        if (form_.zeroBased && argument.kind == Kind::kPos) number = std::max<std::int64_t>(number - 1, kLowest);
         bool isUnsigned = argument.kind == Kind::kUint || argument.kind == Kind::kTable;
         values_[i].number = isUnsigned ? static_cast<std::int64_t>(static_cast<std::uint32_t>(number))
                                        : static_cast<std::int64_t>(static_cast<std::int32_t>(number));
