@@ -1,7 +1,7 @@
 // The upper-case table as tests see it: read through its query, changed for a while.
 #pragma once
 
-#include <array>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -9,25 +9,11 @@
 
 namespace vx::test {
 
-// How a search compares characters: as they are, or by their upper-case entries.
-class Folding {
- public:
-    static Folding exact() { return Folding("exact", false); }
-    static Folding upper() { return Folding("case-blind", true); }
-
-    char operator()(char c) const { return table_[static_cast<unsigned char>(c)]; }
-
-    const char* name;
-
- private:
-    Folding(const char* what, bool mapped) : name(what) {
-        for (int c = 0; c < 256; ++c) {
-            table_[static_cast<std::size_t>(c)] = static_cast<char>(mapped ? lib().ChrUpper(c) : c);
-        }
-    }
-
-    std::array<char, 256> table_;
-};
+// What case-blind searches compare.
+inline std::string folded(std::string text) {
+    for (char& c : text) c = static_cast<char>(lib().ChrUpper(c));
+    return text;
+}
 
 // Changes upper-case entries and puts them back at the end.
 class UpperEntries {
