@@ -42,6 +42,13 @@ class Edit {
     Dest dest_;
 };
 
+// All characters in their order, without the terminator.
+inline std::string everyCharacter() {
+    std::string all;
+    for (int c = 1; c < 256; ++c) all += static_cast<char>(c);
+    return all;
+}
+
 // Seeded random texts over a small alphabet, where coincidences are frequent.
 class RandomTexts {
  public:
