@@ -44,16 +44,18 @@ void Call::take(const Row& row, Variables& variables) {
     auto next = row.arguments.begin();
     auto given = row.given;
     for (std::size_t i = 0; i < slots_.size(); ++i) {
+        if (isSupplied(entry_.arguments[i].kind)) continue;
+        if (next == row.arguments.end()) throw row.name + " takes more arguments";
+        takeOne(i, *next++, variables);
+    }
+    // Behind the others, on which the room of a block may depend.
+    for (std::size_t i = 0; i < slots_.size(); ++i) {
         const Argument& argument = entry_.arguments[i];
-        if (!isSupplied(argument.kind)) {
-            if (next == row.arguments.end()) throw row.name + " takes more arguments";
-            takeOne(i, *next++, variables);
-            continue;
-        }
-        auto found = std::find_if(given.begin(), given.end(), [&](const auto& g) { return g.first == argument.name; });
+        if (!isSupplied(argument.kind)) continue;
+        auto isOfIt = [&](const auto& g) { return g.first == argument.name; };
+        auto found = std::find_if(given.begin(), given.end(), isOfIt);
         if (found == given.end()) continue;
-        auto value =
-            std::find_if(row.given.begin(), row.given.end(), [&](const auto& g) { return g.first == argument.name; });
+        auto value = std::find_if(row.given.begin(), row.given.end(), isOfIt);
         takeOne(i, value->second, variables);
         slots_[i].given = true;
         given.erase(found);
