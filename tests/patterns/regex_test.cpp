@@ -21,7 +21,7 @@ class Oracle {
     // Where groups begin and end; group 0 is the whole.
     struct Match {
         std::array<int, 10> open, close;
-
+        Match() { open.fill(-1), close.fill(-1); }
         std::string group(std::size_t g, const std::string& text) const {
             bool isEmpty = open[g] < 0 || open[g] >= close[g];
             return isEmpty ? "" : (text + '\0').substr(std::size_t(open[g]), std::size_t(close[g] - open[g]));
@@ -46,8 +46,6 @@ class Oracle {
         failed_.clear();
         for (int i = from; byte(0) == kBol ? i == from && i <= int(text.size()) : i < int(text.size()); ++i) {
             Match m;
-            m.open.fill(-1);
-            m.close.fill(-1);
             m.open[0] = i;
             if (match(0, i, m)) return m;
         }
@@ -58,6 +56,7 @@ class Oracle {
     // These numbers matter: the byte that a closure of a class loses leaves operands as nodes.
     static constexpr int kChar = 1, kAny = 2, kClass = 3, kNotClass = 4, kBol = 5, kEol = 6, kOpen = 7, kClose = 8,
                          kWordStart = 9, kWordEnd = 10, kReference = 11, kClosure = 12;
+    static constexpr std::size_t kSizes[] = {1, 2, 1, 33, 33, 1, 1, 2, 2, 1, 1, 2};
 
     int node(int op, const std::string& operand = {}) {
         last_ = code_.size();
@@ -70,7 +69,12 @@ class Oracle {
         std::string s = p.substr(i, p[i] == '\\' ? 2 : 1);
         i += s.size() - 1;
         if (s == "[") return compileClass(p, ++i);
-        if (s == "*" || s == "+") return i == 0 ? -3 : last == kClosure ? 0 : last >= kBol ? -4 : close(s == "*");
+        if (s == "*" || s == "+") {
+            if (i == 0 || last >= kBol) return i == 0 ? -3 : last == kClosure ? 0 : -4;
+            std::string body = code_.substr(last_);
+            if (s == "*") code_.resize(last_);
+            return node(kClosure, body + '\0');
+        }
         if (s == ".") return node(kAny);
         if (s == "^" && i == 0) return node(kBol);
         if (s == "$" && i + 1 == p.size()) return node(kEol);
@@ -84,20 +88,13 @@ class Oracle {
         }
         if (s == "\\)") {
             if (last == kOpen || open_.empty()) return last == kOpen ? -7 : -6;
-            char group = open_.back();
-            open_.pop_back();
-            return node(kClose, {group});
+            node(kClose, {open_.back()});
+            return open_.pop_back(), 0;
         }
         int group = s.size() == 2 && s[1] >= '1' && s[1] <= '9' ? s[1] - '0' : 0;
         if (!group) return node(kChar, {s.back()});
         if (!open_.empty() && open_.back() == group) return -8;
         return group > groups_ ? -9 : node(kReference, {char(group)});
-    }
-
-    int close(bool mayBeNone) {
-        std::string body = code_.substr(last_);
-        if (mayBeNone) code_.resize(last_);
-        return node(kClosure, body + '\0');
     }
 
     int compileClass(const std::string& p, std::size_t& i) {
@@ -134,10 +131,8 @@ class Oracle {
         return op == kWordStart ? !before && here : op != kWordEnd || (before && !here);
     }
 
-    static std::size_t sizeOf(int op) {
-        bool hasOperand = op == kChar || op == kOpen || op == kClose || op == kReference;
-        return op == kClass || op == kNotClass ? 33 : hasOperand ? 2 : 1;
-    }
+    // Other bytes are nodes without any effect.
+    static std::size_t sizeOf(int op) { return op < kClosure ? kSizes[op] : 1; }
 
     bool match(std::size_t pc, int i, Match& m) {
         for (int op; (op = byte(pc)) != 0; pc += sizeOf(op)) {
