@@ -18,7 +18,7 @@
 namespace vx::test {
 namespace {
 
-// A crash within a call has to tell which row makes it.
+// A crash within a call has to tell which row makes it; the address sanitizer tells of crashes itself.
 [[maybe_unused]] void tellRow(int signal) {
     if (const rows::Row* row = rows::current())
         std::fprintf(stderr, "%s:%d: signal %d in: %s\n", row->file.c_str(), row->line, signal, row->source.c_str());
