@@ -130,7 +130,7 @@ class FixedLocale final : public platform::Locale {
     // Any date is one, and as long as it may be.
     std::string dateText = "the thirty-one bytes of one day";
     std::string timeText = "9 hours 5 minutes 3 seconds";
-    std::string picture;  // of the last date
+    std::string picture;  // of the last date; empty if a time was last
     platform::Moment date;
     platform::Moment time;
     std::uint32_t formatDate(const platform::Moment& moment, const char* text, char* to, std::uint32_t room) override {
@@ -140,6 +140,7 @@ class FixedLocale final : public platform::Locale {
     }
     std::uint32_t formatTime(const platform::Moment& moment, char* to, std::uint32_t room) override {
         time = moment;
+        picture.clear();
         return put(timeText, to, room);
     }
 

@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "rows/runner.h"
 #include "tests/seam/seam.h"
@@ -24,9 +25,16 @@ platform::Moment momentOf(const std::vector<Value>& words) {
 
 std::string textOf(const platform::Moment& m) {
     char text[64];
-    std::snprintf(text, sizeof text, "%04d-%02d-%02d %02d:%02d:%02d", m.year, m.month, m.day, m.hour, m.minute,
-                  m.second);
+    std::snprintf(text, sizeof text, "%04d-%02d-%02d %02d:%02d:%02d.%03d", m.year, m.month, m.day, m.hour, m.minute,
+                  m.second, m.milliseconds);
     return text;
+}
+
+// What a date or time was asked for by, the time of day left out where it is midnight.
+std::string askedFor(const lab::FixedLocale& locale) {
+    if (locale.picture.empty()) return textOf(locale.time);
+    std::string text = locale.picture + " " + textOf(locale.date);
+    return text.substr(0, text.find(" 00:00:00.000"));
 }
 
 // The stand-ins of the platform, set by words.
@@ -40,6 +48,14 @@ class MadeUpMachine final : public rows::Machine {
         const std::string& what = words[0].text;
         auto text = [&](std::size_t i) { return i < words.size() ? words[i].text : std::string(); };
         auto number = [&](std::size_t i) { return i < words.size() ? words[i].number : 0; };
+        for (auto [name, result] : {std::pair("box", &fake.desktop.boxResult),
+                                    {"beep-result", &fake.hardware.beepResult},
+                                    {"log-off-result", &fake.desktop.logOffResult},
+                                    {"set-result", &fake.clock.setResult}}) {
+            if (what != name) continue;
+            *result = static_cast<std::int32_t>(number(1));
+            return true;
+        }
         if (what == "windows95" || what == "win32s" || what == "windows-nt") {
             fake.process.id = what == "windows95" ? platform::kWindows95Id
                               : what == "win32s"  ? platform::kWin32sId
@@ -48,8 +64,24 @@ class MadeUpMachine final : public rows::Machine {
             fake.clock.now = momentOf(words);
         } else if (what == "command") {
             fake.process.command = text(1);
+        } else if (what == "no-variables") {
+            fake.process.variables.clear();
         } else if (what == "variable") {
             fake.process.variables.push_back(text(1));
+        } else if (what == "program") {
+            fake.process.path = text(1);
+        } else if (what == "version") {
+            fake.process.version = static_cast<std::uint32_t>(number(1));
+        } else if (what == "family") {
+            fake.hardware.family = static_cast<std::uint32_t>(number(1));
+        } else if (what == "port") {
+            fake.hardware.ports[static_cast<std::uint16_t>(number(1))] = static_cast<std::uint8_t>(number(2));
+        } else if (what == "no-memory") {
+            fake.process.memoryLeft = fake.desktop.memoryLeft = false;
+        } else if (what == "no-focus") {
+            fake.desktop.focus = 0;
+        } else if (what == "clipboard-busy" || what == "clipboard-fails") {
+            (what == "clipboard-busy" ? fake.desktop.clipboardOpens : fake.desktop.clipboardKeeps) = false;
         } else if (what == "memory") {
             fake.process.memory = {static_cast<std::uint64_t>(number(1)), static_cast<std::uint64_t>(number(2))};
         } else if (what == "date-text") {
@@ -58,8 +90,6 @@ class MadeUpMachine final : public rows::Machine {
             fake.locale.timeText = text(1);
         } else if (what == "number-text") {
             fake.locale.formatted = text(1);
-        } else if (what == "box") {
-            fake.desktop.boxResult = static_cast<std::int32_t>(number(1));
         } else if (what == "file") {
             fake.disk.put(text(1), text(2));
         } else if (what == "directory") {
@@ -84,15 +114,30 @@ class MadeUpMachine final : public rows::Machine {
     }
 
     const Value* observed(const std::string& name) override {
-        const lab::FakePlatform& fake = *fake_;
+        lab::FakePlatform& fake = *fake_;
+        const lab::Box box = fake.desktop.boxes.empty() ? lab::Box{} : fake.desktop.boxes.back();
         if (name == "box") {
-            seen_ = textValue(fake.desktop.boxes.empty() ? "" : fake.desktop.boxes.back().text);
+            seen_ = textValue(box.text);
         } else if (name == "title") {
-            seen_ = textValue(fake.desktop.boxes.empty() ? "" : fake.desktop.boxes.back().title);
+            seen_ = textValue(box.title);
+        } else if (name == "owner") {
+            seen_ = numberValue(static_cast<std::int64_t>(box.owner));
+        } else if (name == "icon") {
+            seen_ = textValue(box.icon == platform::BoxIcon::kInformation ? "information" : "");
         } else if (name == "boxes") {
             seen_ = numberValue(static_cast<std::int64_t>(fake.desktop.boxes.size()));
         } else if (name == "clipboard") {
             seen_ = textValue(fake.desktop.pasted.empty() ? "" : fake.desktop.pasted.back().c_str());
+        } else if (name == "clipboard-steps") {
+            seen_ = textValue(fake.desktop.steps);
+        } else if (name == "log-offs") {
+            seen_ = numberValue(fake.desktop.logOffs);
+        } else if (name == "copies") {
+            seen_ = numberValue(fake.process.copies);
+        } else if (name == "asked") {
+            seen_ = textValue(askedFor(fake.locale));
+        } else if (name == "reads") {
+            seen_ = numberValue(std::exchange(fake.clock.reads, 0));
         } else if (name == "slept") {
             seen_ = numberValue(fake.clock.sleeps.empty() ? 0 : fake.clock.sleeps.back());
         } else if (name == "set") {
@@ -103,10 +148,20 @@ class MadeUpMachine final : public rows::Machine {
             std::string names;
             for (const std::string& path : fake.disk.names()) names += (names.empty() ? "" : " ") + path;
             seen_ = textValue(names);
-        } else if (name == "beeps") {
+        } else if (name == "beeps") {  // since the last look
             seen_ = textValue("");
-            for (auto [frequency, milliseconds] : fake.hardware.beeps)
-                seen_.text += std::to_string(frequency) + " Hz " + std::to_string(milliseconds) + " ms;";
+            for (auto [frequency, milliseconds] : std::exchange(fake.hardware.beeps, {})) {
+                seen_.text += (seen_.text.empty() ? "" : ", ") + std::to_string(frequency) + " Hz";
+                if (milliseconds != platform::kUntilNextBeep)
+                    seen_.text += " for " + std::to_string(milliseconds) + " ms";
+            }
+        } else if (name == "ports") {  // since the last look
+            seen_ = textValue("");
+            for (auto [port, value] : std::exchange(fake.hardware.portWrites, {})) {
+                char text[16];
+                std::snprintf(text, sizeof text, "%s%02X=%02X", seen_.text.empty() ? "" : " ", port, value);
+                seen_.text += text;
+            }
         } else {
             return nullptr;
         }
