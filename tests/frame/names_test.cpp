@@ -1,4 +1,4 @@
-// The exported names: each one is there, and all names of an entry are one address.
+// The exported names: each one is there, and all names of an entry are one address. What the catalog knows of them.
 #include <gtest/gtest.h>
 
 #include <limits>
@@ -19,26 +19,19 @@ TEST(Names, AllNamesOfAnEntryAreOneAddressOfItsOwn) {
         EXPECT_TRUE(isNew) << entry.main() << " shares its address with " << other->second;
         for (const char* name : entry.names) EXPECT_EQ(address(name), own) << name;
     }
-}
-
-TEST(Names, OthersAreNotThere) {
-    for (const char* name : {"vx_AllTrim", "_vx_AllTrim@8", "AllTrim@8", "ALLTRIM", "vexlor32_seam", "DllMain"}) {
+    for (const char* name : {"vx_AllTrim", "_vx_AllTrim@8", "AllTrim@8", "ALLTRIM", "vexlor32_seam", "DllMain"})
         EXPECT_EQ(address(name), nullptr) << name;
-    }
 }
 
 TEST(Catalog, SuggestsTheLikelyName) {
-    struct Row {
-        const char* typed;
-        const char* meant;
-    };
-    for (auto [typed, meant] : {Row{"AlTrim", "AllTrim"}, Row{"alltrimm", "AllTrim"}, Row{"CHRTRIM", "ChrTrim"},
-                                Row{"Replciate", "Replicate"}}) {
+    for (auto [typed, meant] : {std::pair("AlTrim", "AllTrim"),
+                                {"alltrimm", "AllTrim"},
+                                {"CHRTRIM", "ChrTrim"},
+                                {"Replciate", "Replicate"},
+                                {"qqqqxxxxyyyyzzzz", ""}}) {
         auto names = catalog::suggestions(typed);
-        ASSERT_FALSE(names.empty()) << typed;
-        EXPECT_EQ(names.front(), meant) << typed;
+        EXPECT_STREQ(names.empty() ? "" : names.front(), meant) << typed;
     }
-    EXPECT_TRUE(catalog::suggestions("qqqqxxxxyyyyzzzz").empty());
 }
 
 TEST(Catalog, RoomArithmeticStopsAtItsEnds) {

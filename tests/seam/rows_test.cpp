@@ -127,9 +127,11 @@ class MadeUpMachine final : public rows::Machine {
         } else if (name == "boxes") {
             seen_ = numberValue(static_cast<std::int64_t>(fake.desktop.boxes.size()));
         } else if (name == "clipboard") {
-            seen_ = textValue(fake.desktop.pasted.empty() ? "" : fake.desktop.pasted.back().c_str());
+            // Without the one terminator that belongs to it.
+            std::string pasted = fake.desktop.pasted.empty() ? std::string(1, '\0') : fake.desktop.pasted.back();
+            seen_ = textValue(pasted.ends_with('\0') ? pasted.substr(0, pasted.size() - 1) : pasted + " without end");
         } else if (name == "clipboard-steps") {
-            seen_ = textValue(fake.desktop.steps);
+            seen_ = textValue(std::exchange(fake.desktop.steps, {}));
         } else if (name == "log-offs") {
             seen_ = numberValue(fake.desktop.logOffs);
         } else if (name == "copies") {
