@@ -30,7 +30,7 @@ TEST(Catalog, SuggestsTheLikelyName) {
                                 {"Replciate", "Replicate"},
                                 {"qqqqxxxxyyyyzzzz", ""}}) {
         auto names = catalog::suggestions(typed);
-        EXPECT_STREQ(names.empty() ? "" : names.front(), meant) << typed;
+        EXPECT_EQ(names.empty() ? "" : names.front(), meant) << typed;
     }
 }
 

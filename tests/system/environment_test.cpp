@@ -1,9 +1,10 @@
 // This process's own command line, environment and machine.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
-#include <map>
+#include <set>
 
 #include "tests/support/child.h"
 #include "tests/support/library.h"
@@ -12,28 +13,25 @@
 namespace vx::test {
 namespace {
 
-constexpr std::size_t kRoom = 1 << 18;
-
 std::string arg(std::int32_t n) {
-    Dest dest(kRoom);
+    Dest dest(1 << 18);
     return lib().Arg(n, dest);
 }
 
-// The arguments in front of a role's own: the option and the role.
-constexpr std::int32_t kBefore = 2;
+std::string variable(const std::string& name) {
+    Dest dest(1 << 18);
+    return lib().GetEnv(name.c_str(), dest);
+}
 
-// Exit code 0 if the library gives the arguments that the C runtime gives, else the number of the first wrong one.
+// Exit code 0 if the library gives the arguments that the C runtime gives, behind the option and the role; else the
+// number of the first wrong one.
 int compareArguments(const Arguments& arguments) {
-    std::int32_t n = kBefore;
-    std::int32_t counted = kBefore;
-    bool counting = true;
+    std::int32_t n = 2;
     for (const std::string& argument : arguments) {
         if (arg(++n) != argument) return n;
-        counting = counting && !argument.empty();
-        if (counting) ++counted;
     }
-    bool atEnd = arg(n + 1).empty() && lib().ArgCount() == counted && arg(1) == "--role";
-    return atEnd ? 0 : 100;
+    auto counted = std::find(arguments.begin(), arguments.end(), "") - arguments.begin() + 2;
+    return arg(n + 1).empty() && lib().ArgCount() == counted && arg(1) == "--role" ? 0 : 100;
 }
 const Role comparer("compare-arguments", compareArguments);
 
@@ -54,8 +52,7 @@ TEST(CommandLine, Program) {
     Dest dest(261);
     std::string program = lib().Program(dest);
     EXPECT_EQ(arg(0), program);
-    ASSERT_GT(program.size(), 3u);
-    EXPECT_EQ(program.substr(1, 2), ":\\") << program;
+    EXPECT_EQ(program.find(":\\"), 1u) << program;
     EXPECT_EQ(program.find('/'), program.npos) << program;
 #if !defined(_WIN32)
     std::replace(program.begin(), program.end(), '\\', '/');
@@ -65,43 +62,32 @@ TEST(CommandLine, Program) {
 }
 
 TEST(Environment, OfThisProcess) {
+    std::set<std::string> names;
     std::int32_t count = lib().EnvCount();
-    std::map<std::string, std::string> values;
-    for (std::int32_t n = 1; n <= count; ++n) {
-        Dest dest(kRoom);
+    for (std::int32_t n = 1; n <= count + 1; ++n) {
+        Dest dest(1 << 18);
         std::string entry = lib().Env(n, dest);
-        ASSERT_FALSE(entry.empty()) << n;
+        ASSERT_EQ(entry.empty(), n > count) << n;
         // The first of equal names counts; a system's own may begin with an equals sign.
         std::size_t end = entry.find('=', 1);
-        if (end != entry.npos) values.emplace(entry.substr(0, end), entry.substr(end + 1));
+        if (end == entry.npos || !names.insert(entry.substr(0, end)).second) continue;
+        EXPECT_EQ(variable(entry.substr(0, end)), entry.substr(end + 1)) << entry;
     }
-    Dest behind(kRoom);
-    EXPECT_EQ(lib().StrEnv(count + 1, behind), 0u);
-    EXPECT_GT(values.size(), 0u);
-    for (const auto& [name, value] : values) {
-        Dest dest(value.size() + 1);
-        EXPECT_EQ(lib().GetEnv(name.c_str(), dest), dest.get());
-        EXPECT_EQ(dest.text(), value) << name;
-    }
+    EXPECT_GT(names.size(), 0u);
 }
 
 #if !defined(_WIN32)
 TEST(Environment, LetterCaseOfNames) {
-    auto value = [](const char* name) {
-        Dest dest(100);
-        return std::string(lib().GetEnv(name, dest));
-    };
     setenv("Vexlor_Tried", "mixed", 1);
-    EXPECT_EQ(value("VEXLOR_TRIED"), "mixed");
+    EXPECT_EQ(variable("VEXLOR_TRIED"), "mixed");
     setenv("VEXLOR_TRIED", "=upper", 1);
-    EXPECT_EQ(value("VEXLOR_TRIED"), "=upper");
-    EXPECT_EQ(value("Vexlor_Tried"), "mixed");
+    EXPECT_EQ(variable("VEXLOR_TRIED"), "=upper");
+    EXPECT_EQ(variable("Vexlor_Tried"), "mixed");
     unsetenv("Vexlor_Tried");
-    EXPECT_EQ(value("vexlor_tried"), "=upper");
-    EXPECT_EQ(value("VEXLOR_TRIE"), "");
-    EXPECT_EQ(value("VEXLOR_TRIED="), "") << "an equals sign is in no name";
+    EXPECT_EQ(variable("vexlor_tried"), "=upper");
+    EXPECT_EQ(variable("VEXLOR_TRIE") + variable("VEXLOR_TRIED=") /* an equals sign is in no name */, "");
     unsetenv("VEXLOR_TRIED");
-    EXPECT_EQ(value("VEXLOR_TRIED"), "");
+    EXPECT_EQ(variable("VEXLOR_TRIED"), "");
 }
 #endif
 
