@@ -37,7 +37,17 @@ def rows(family, root):
 
 
 def check_rows(families, root):
-    """Rows for a family that there is not would never be run."""
+    """Every entry has one to three examples of its own; and rows for a family that there is not would never be run."""
+    for family in families:
+        forms = {}
+        for entry in family.entries:
+            forms.setdefault(entry.line, []).append(entry)
+        for line, entries in forms.items():
+            names = {name for entry in entries for name in entry.names}
+            count = sum(example.split(" ")[0] in names for example in entries[0].examples)
+            if not 1 <= count <= 3:
+                raise TableError(family.path.relative_to(root), line,
+                                 f"{entries[0].main}: {count} examples: write one to three rows that call it (examples = ['{entries[0].main} ...'])")
     stems = {f.stem for f in families}
     for path in sorted((root / "tests" / "rows").glob("*.rows")):
         if path.stem not in stems:

@@ -15,11 +15,12 @@ names = "first"
 args = ["text: str", "dest: dest[len(text) + 1]"]
 returns = "dest"
 does = "Copies."
-
+examples = ['First "a" -> "a"']
 [Second]
 args = ["count: int - VX_MODE_ALL, or another VX_MODE_..."]
 returns = "int - the number"
 does = "Counts."
+examples = ['Second 1 -> 1']
 """
 CONSTANTS = """[modes]
 title = "Modes"
@@ -56,6 +57,7 @@ FAULTS = [
     ('the number"', 'the number"\nlength = "strsecond"', 13, "a length form needs a text result"),
     ('the number"', 'the number"\nzero = "_second"', 13, "needs a position"),
     ('does = "Counts."\n', '', 10, "`does` is missing"),
+    ("examples = ['Second", "examples = ['First", 10, "Second: 0 examples"),
     ('[Second]', '[Third]', 10, "Third has no implementation: write ENTRY(int32_t, Third) in src/strings/sample.cpp"),
     ('[Second]', '[Second', 10, ""),
     ('title = "Samples"\n', '', 1, "`title` is missing"),
