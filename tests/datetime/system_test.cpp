@@ -86,7 +86,7 @@ Now systemNow() {
     GetLocalTime(&now);
     return {now.wYear, now.wMonth, now.wDay, now.wDayOfWeek, now.wHour, now.wMinute, now.wSecond};
 #else
-    std::time_t now = std::time(nullptr);
+    std::time_t now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());  // time() may lag behind
     std::tm t = *std::localtime(&now);
     return {t.tm_year + 1900, t.tm_mon + 1, t.tm_mday, t.tm_wday, t.tm_hour, t.tm_min, t.tm_sec};
 #endif
