@@ -7,6 +7,10 @@
 namespace vx::rows {
 namespace {
 
+constexpr const char* kUnequal = "braces with different numbers of values, or with none";
+
+std::string placeInBraces(std::size_t index) { return " (" + std::to_string(index + 1) + " of the braces)"; }
+
 bool isNameCharacter(char c) { return std::isalnum(static_cast<unsigned char>(c)) || c == '_' || c == '-'; }
 
 // Reads one line from left to right; what is wrong with it is thrown as a text without a place.
@@ -189,14 +193,13 @@ Row rowOf(const Sheaf& sheaf, std::size_t index) {
 std::size_t countOf(const Sheaf& sheaf) {
     std::size_t count = 1;
     auto take = [&](const std::vector<Value>& values) {
-        if (values.empty() || (values.size() > 1 && count > 1 && values.size() != count))
-            throw std::string("braces with different numbers of values, or with none");
+        if (values.empty() || (values.size() > 1 && count > 1 && values.size() != count)) throw std::string(kUnequal);
         count = std::max(count, values.size());
     };
     for (const auto& values : sheaf.arguments) take(values);
     for (const auto& [label, values] : sheaf.given) take(values);
     for (const auto& [label, values] : sheaf.outputs) take(values);
-    take(sheaf.outcome);
+    if (!sheaf.outcome.empty()) take(sheaf.outcome);
     return count;
 }
 
@@ -206,6 +209,7 @@ std::vector<Row> parseRows(std::string_view text) {
     Sheaf sheaf = parseCall(line);
     if (line.atEnd()) throw std::string("nothing behind the arrow");
     sheaf.outcome = line.values();
+    if (sheaf.outcome.empty()) throw std::string(kUnequal);
     while (!line.atEnd()) {
         std::string label = line.label();
         if (label.empty()) throw std::string("an output without its name");
@@ -215,40 +219,94 @@ std::vector<Row> parseRows(std::string_view text) {
     std::size_t count = countOf(sheaf);
     for (std::size_t i = 0; i < count; ++i) {
         rows.push_back(rowOf(sheaf, i));
-        rows.back().source = std::string(text) + (count > 1 ? " (" + std::to_string(i + 1) + " of the braces)" : "");
+        rows.back().source = std::string(text) + (count > 1 ? placeInBraces(i) : "");
     }
     return rows;
 }
 
-Setup parseSetup(std::string_view text) {
+// Of a line with braces, those values that stand at `index`; and how many there are.
+Setup parseSetup(std::string_view text, std::size_t index, std::size_t& count) {
+    auto rowOfCall = [&](std::string_view call) {
+        Line line(call);
+        Sheaf sheaf = parseCall(line);
+        std::size_t here = countOf(sheaf);
+        if (here > 1 && here <= index) throw std::string(kUnequal);
+        count = std::max(count, here);
+        return rowOf(sheaf, here == 1 ? 0 : index);
+    };
     Setup setup;
-    Line line(text);
     if (!text.empty() && (std::isupper(static_cast<unsigned char>(text[0])) || text[0] == '_')) {
         std::size_t until = text.find(" until ");
-        Line call(text.substr(0, until));
-        setup.call = rowOf(parseCall(call), 0);
-        if (until != text.npos) {
-            Line back(text.substr(until + 7));
-            setup.until = rowOf(parseCall(back), 0);
-        }
+        setup.call = rowOfCall(text.substr(0, until));
+        if (until != text.npos) setup.until = rowOfCall(text.substr(until + 7));
         return setup;
     }
-    while (!line.atEnd()) setup.words.push_back(line.value());
+    Line line(text);
+    while (!line.atEnd()) {
+        std::vector<Value> values = line.values();
+        if (values.empty() || (values.size() > 1 && values.size() <= index)) throw std::string(kUnequal);
+        setup.words.push_back(values[values.size() == 1 ? 0 : index]);
+        count = std::max(count, values.size());
+    }
     if (setup.words.empty()) throw std::string("`with` sets nothing up");
     return setup;
 }
 
-void place(Row& row, const std::string& file, int line) {
-    row.file = file;
-    row.line = line;
+struct Text {
+    std::string file;
+    int line;
+    std::string_view text;
+};
+
+void place(Row& row, const Text& from) {
+    row.file = from.file;
+    row.line = from.line;
+}
+
+// The block that stands at `index` in the braces of its `with` lines, and how many there are.
+Block parseBlock(const std::vector<Text>& lines, std::size_t index, std::size_t& count) {
+    Block block;
+    for (const Text& from : lines) {
+        try {
+            if (from.text.starts_with("with ")) {
+                if (!block.rows.empty())
+                    throw std::string("a `with` line behind a row: it belongs at the block's head");
+                Setup setup = parseSetup(from.text.substr(5), index, count);
+                setup.file = from.file;
+                setup.line = from.line;
+                if (setup.call) place(*setup.call, from);
+                if (setup.until) place(*setup.until, from);
+                block.setups.push_back(std::move(setup));
+                continue;
+            }
+            std::vector<Row> rows = parseRows(from.text);
+            if (count > 1) {
+                if (rows.size() != 1 && rows.size() != count) throw std::string(kUnequal);
+                rows = {std::move(rows[rows.size() == 1 ? 0 : index])};
+                rows[0].source = std::string(from.text) + placeInBraces(index);
+            }
+            for (Row& row : rows) {
+                place(row, from);
+                block.rows.push_back(std::move(row));
+            }
+        } catch (const std::string& what) {
+            throw ScriptError(from.file, from.line, what + "\n  " + std::string(from.text));
+        }
+    }
+    return block;
 }
 
 }  // namespace
 
 std::vector<Block> parse(const std::string& file, std::string_view text) {
     std::vector<Block> blocks;
+    std::vector<Text> lines;  // of the block
+    auto endBlock = [&] {
+        std::size_t count = 1;
+        for (std::size_t i = 0; i < count && !lines.empty(); ++i) blocks.push_back(parseBlock(lines, i, count));
+        lines.clear();
+    };
     std::string from = file;
-    bool open = false;
     int number = 0;
     while (!text.empty()) {
         std::size_t end = text.find('\n');
@@ -261,35 +319,13 @@ std::vector<Block> parse(const std::string& file, std::string_view text) {
             from = line.substr(2, gap - 2);
             std::from_chars(line.data() + gap + 1, line.data() + line.size(), number);
             --number;
-            continue;
-        }
-        if (line.find_first_not_of(' ') == line.npos) {
-            open = false;
-            continue;
-        }
-        if (!open) blocks.emplace_back();
-        open = true;
-        Block& block = blocks.back();
-        try {
-            if (line.starts_with("with ")) {
-                if (!block.rows.empty())
-                    throw std::string("a `with` line behind a row: it belongs at the block's head");
-                Setup setup = parseSetup(line.substr(5));
-                setup.file = from;
-                setup.line = number;
-                if (setup.call) place(*setup.call, from, number);
-                if (setup.until) place(*setup.until, from, number);
-                block.setups.push_back(std::move(setup));
-            } else {
-                for (Row& row : parseRows(line)) {
-                    place(row, from, number);
-                    block.rows.push_back(std::move(row));
-                }
-            }
-        } catch (const std::string& what) {
-            throw ScriptError(from, number, what + "\n  " + std::string(line));
+        } else if (line.find_first_not_of(' ') == line.npos) {
+            endBlock();
+        } else {
+            lines.push_back({from, number, line});
         }
     }
+    endBlock();
     return blocks;
 }
 

@@ -26,6 +26,11 @@
 // Values in braces stand for as many rows: the first of each for the first row, and so on; all others are the same.
 //
 //     RomanToNum {"VX" "IM" "X I"} -> {5 999 0}
+//
+// Braces in a block's `with` lines stand for as many blocks; those of its rows go along with them.
+//
+//     with machine drives {"" "ACD"}
+//     AllDrives -> {"" "A: C: D:"}
 #pragma once
 
 #include <cstdint>
