@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "rows/runner.h"
+#include "tests/seam/drive_words.h"
 #include "tests/seam/seam.h"
 
 namespace vx::test {
@@ -40,7 +41,10 @@ std::string askedFor(const lab::FixedLocale& locale) {
 // The stand-ins of the platform, set by words.
 class MadeUpMachine final : public rows::Machine {
  public:
-    void begin() override { fake_ = std::make_unique<lab::FakePlatform>(door()); }
+    void begin() override {
+        fake_ = std::make_unique<lab::FakePlatform>(door());
+        silence_.watch(*fake_);
+    }
     void end() override { fake_.reset(); }
 
     bool set(const std::vector<Value>& words) override {
@@ -56,10 +60,11 @@ class MadeUpMachine final : public rows::Machine {
             *result = static_cast<std::int32_t>(number(1));
             return true;
         }
-        if (what == "windows95" || what == "win32s" || what == "windows-nt") {
-            fake.process.id = what == "windows95" ? platform::kWindows95Id
-                              : what == "win32s"  ? platform::kWin32sId
-                                                  : platform::kWindowsNtId;
+        if (what == "windows95" || what == "win32s" || what == "windows-nt" || what == "unknown-system") {
+            fake.process.id = what == "windows95"    ? platform::kWindows95Id
+                              : what == "win32s"     ? platform::kWin32sId
+                              : what == "windows-nt" ? platform::kWindowsNtId
+                                                     : platform::kUnknownId;
         } else if (what == "clock") {
             fake.clock.now = momentOf(words);
         } else if (what == "command") {
@@ -106,7 +111,7 @@ class MadeUpMachine final : public rows::Machine {
             fake.volumes.drives[text(1).at(0)].error = static_cast<std::uint32_t>(number(2));
         } else if (what == "current") {
             fake.volumes.current = text(1).at(0);
-        } else {
+        } else if (!setDrives(fake, words)) {
             return false;
         }
         fake.forgetClass();
@@ -164,6 +169,10 @@ class MadeUpMachine final : public rows::Machine {
                 std::snprintf(text, sizeof text, "%s%02X=%02X", seen_.text.empty() ? "" : " ", port, value);
                 seen_.text += text;
             }
+        } else if (name == "silent") {
+            seen_ = numberValue(silence_.take());
+        } else if (auto text = seenOfDrives(fake, name)) {
+            seen_ = textValue(*text);
         } else {
             return nullptr;
         }
@@ -172,6 +181,7 @@ class MadeUpMachine final : public rows::Machine {
 
  private:
     std::unique_ptr<lab::FakePlatform> fake_;
+    Silence silence_;
     Value seen_;
 };
 
