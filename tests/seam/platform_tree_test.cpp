@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "tests/seam/seam.h"
@@ -76,25 +77,12 @@ class SystemTree : public testing::Test {
     }
 };
 
-TEST_F(SystemTree, SearchesMatchAsOnWindows) {
-    for (const char* name : {"a.txt", "b.c.txt", "ab.t", "Readme", "long name.html"}) place.put(name);
+// What matches is checked by the random caller of this platform, against a twin.
+TEST_F(SystemTree, SearchesTellWhyNot) {
+    for (const char* name : {"a.txt", "b.c.txt", "Readme"}) place.put(name);
     makeDirectory("sub");
-    struct Row {
-        const char* pattern;
-        const char* names;
-    };
-    const Row rows[] = {
-        {"*", ". .. a.txt ab.t b.c.txt long name.html Readme sub"},
-        {"*.*", ". .. a.txt ab.t b.c.txt long name.html Readme sub"},
-        {"*.txt", "a.txt b.c.txt"},
-        {"*.TXT. ", "a.txt b.c.txt"},
-        {"?.txt", "a.txt"},
-        {"a*.t*", "a.txt ab.t"},
-        {"*.t", "ab.t"},
-        {"README", "Readme"},
-        {"r*", "Readme"},
-        {"*e*", "long name.html Readme"},
-        {"SUB", "sub"},
+    const std::pair<const char*, const char*> rows[] = {
+        {"*", ". .. a.txt b.c.txt Readme sub"},
         {"sub\\..\\r*", "Readme"},
         {"sub\\*", ". .."},
         {"sub\\.", "sub"},
@@ -103,16 +91,12 @@ TEST_F(SystemTree, SearchesMatchAsOnWindows) {
         {"sub\\x*", "<2>"},
         {"missing\\*", "<3>"},
         {"missing\\x", "<3>"},
-#if !defined(_WIN32)  // as Windows does; Wine's short names and question marks are others
+#if !defined(_WIN32)  // as Windows does; Wine is different
         {"Readme\\*", "<3>"},
-        {"??.txt", "a.txt"},
-        {"ab.t??", "ab.t"},
-        {"*.", ". .. Readme sub"},
-        {"*.htm", "<2>"},
         {"sub\\", "<2>"},
 #endif
     };
-    for (const Row& row : rows) EXPECT_EQ(found(row.pattern), row.names) << row.pattern;
+    for (auto [pattern, names] : rows) EXPECT_EQ(found(pattern), names) << pattern;
     FoundEntry entry;
     EXPECT_FALSE(tree.findNext(0, entry));
     EXPECT_EQ(error(), kInvalidHandle);
@@ -121,31 +105,19 @@ TEST_F(SystemTree, SearchesMatchAsOnWindows) {
 
 TEST_F(SystemTree, AnEntryIsWhatTheFileIs) {
     place.put("A long name.data", "12345");
-    place.put("short.txt");
-    makeDirectory("A long directory");
     std::int32_t handle = system.files->open(place.path("A long name.data").c_str(), kReadWrite);
-    FileInformation information;
+    FileInformation file;
     ASSERT_TRUE(system.files->setTimes(handle, {.created = 0, .accessed = 0, .written = 125'911'584'001'234'567}));
-    ASSERT_TRUE(system.files->information(handle, information));
+    ASSERT_TRUE(system.files->information(handle, file));
     EXPECT_TRUE(system.files->close(handle));
-    auto halves = [](FileTime time) {
-        return std::pair(static_cast<std::uint32_t>(time), static_cast<std::uint32_t>(time >> 32));
-    };
-    for (const FoundEntry& entry : entries("*")) {
-        SCOPED_TRACE(entry.name);
-        std::string name = entry.name;
-        EXPECT_EQ(entry.attributes, name.find("data") != name.npos || name == "short.txt" ? kArchive : kDirectoryEntry);
-        EXPECT_EQ(entry.sizeHigh, 0u);
-        bool isShort = name.size() < 10;
-        EXPECT_EQ(std::strlen(entry.shortName) == 0, isShort);
-        if (isShort) continue;
-        EXPECT_EQ(attributes(entry.shortName), entry.attributes) << "found by its short name";
-        EXPECT_EQ(found(entry.shortName), name);
-        if (entry.attributes != kArchive) continue;
-        EXPECT_EQ(entry.sizeLow, 5u);
-        EXPECT_EQ(std::pair(entry.written[0], entry.written[1]), halves(information.times.written));
-        EXPECT_EQ(std::pair(entry.created[0], entry.created[1]), halves(information.times.created));
-    }
+    std::vector<FoundEntry> all = entries("A*");
+    ASSERT_EQ(all.size(), 1u);
+    const FoundEntry& entry = all[0];
+    EXPECT_EQ(entry.attributes, kArchive);
+    EXPECT_EQ(entry.sizeLow | std::uint64_t{entry.sizeHigh} << 32, 5u);
+    EXPECT_EQ(entry.written[0] | std::uint64_t{entry.written[1]} << 32, file.times.written);
+    EXPECT_EQ(entry.created[0] | std::uint64_t{entry.created[1]} << 32, file.times.created);
+    EXPECT_EQ(found(entry.shortName), entry.name);
 }
 
 TEST_F(SystemTree, AttributesComeBack) {
@@ -182,18 +154,18 @@ TEST_F(SystemTree, FailuresTellWhy) {
     makeDirectory("full");
     place.put("full\\..\\f2");
     std::int32_t handle = system.files->create(place.path("full\\x").c_str(), 0);
-    std::string longName(300, 'x');
     EXPECT_EQ(attributes("missing"), kNoAttributes);
+    auto told = [&](const std::string& name) { return reason(attributes(name) != kNoAttributes); };
     struct Row {
         const char* call;
         std::uint32_t got, expected;
     };
     const Row rows[] = {
-        {"attributes of nothing", reason(attributes("missing") != kNoAttributes), kFileNotFound},
-        {"below nothing", reason(attributes("missing\\x") != kNoAttributes), kPathNotFound},
-        {"below a file", reason(attributes("f\\x") != kNoAttributes), kPathNotFound},
-        {"of a long name", reason(attributes(longName) != kNoAttributes), kFilenameTooLong},
-        {"of a wild name", reason(attributes("f*") != kNoAttributes), kInvalidName},
+        {"attributes of nothing", told("missing"), kFileNotFound},
+        {"below nothing", told("missing\\x"), kPathNotFound},
+        {"below a file", told("f\\x"), kPathNotFound},
+        {"of a long name", told(std::string(300, 'x')), kFilenameTooLong},
+        {"of a wild name", told("f*"), kInvalidName},
         {"erase nothing", erase("missing"), kFileNotFound},
         {"erase below nothing", erase("missing\\x"), kPathNotFound},
         {"erase a directory", erase("d"), kAccessDenied},
@@ -254,8 +226,7 @@ TEST_F(SystemTree, FullPaths) {
         {"x", here + "\\x"},
         {drive + "x/y", here + "\\x\\y"},
         {".", here},
-        {"..\\..\\sub\\.\\x", place.path() + "\\..\\sub\\x"},
-        {drive + "\\a\\.\\b\\..\\c", drive + "\\a\\c"},
+        {"..\\..\\sub\\.\\x", place.path().substr(0, place.path().rfind('\\')) + "\\sub\\x"},
         {drive + "\\..\\..\\a", drive + "\\a"},
         {"\\a//b", drive + "\\a\\b"},
         {"sub?\\..\\*.?", here + "\\*.?"},
@@ -266,13 +237,8 @@ TEST_F(SystemTree, FullPaths) {
     };
     char path[600];
     for (const Row& row : rows) {
-        std::string expected = row.path;
-        if (std::size_t up = expected.find("\\..\\"); up != expected.npos) {
-            std::string parent = expected.substr(0, up);
-            expected = parent.substr(0, parent.rfind('\\')) + expected.substr(up + 3);
-        }
         std::uint32_t length = tree.fullPath(row.name.c_str(), path, sizeof path);
-        EXPECT_EQ(std::string(path, length), expected) << row.name;
+        EXPECT_EQ(std::string(path, length), row.path) << row.name;
         EXPECT_EQ(tree.fullPath(row.name.c_str(), path, length), length + 1) << "no room for the terminator";
     }
     EXPECT_EQ(tree.fullPath("", path, sizeof path), 0u);
@@ -292,26 +258,15 @@ TEST_F(SystemTree, ReadOnlyDirectoriesStay) {
     EXPECT_EQ(removeDirectory("d"), 0u);
 }
 
-TEST_F(SystemTree, TheExactNameComesFirstThenByteOrder) {
-    for (const char* name : {"name", "NAME", "Name"}) place.put(name, name);
+// The name itself is looked up as the random caller of this platform checks; so are those on the way.
+TEST_F(SystemTree, DirectoriesOnTheWayAreFoundExactlyFirst) {
     std::filesystem::create_directories(place.native("DIR/sub"));
     std::filesystem::create_directories(place.native("dir"));
     place.put("dir/x");
-    EXPECT_EQ(erase("nAME"), 0u);
-    EXPECT_FALSE(place.has("NAME")) << "the first in byte order";
-    EXPECT_EQ(erase("name"), 0u);
-    EXPECT_FALSE(place.has("name"));
     EXPECT_EQ(attributes("dir\\X"), kArchive);
     EXPECT_EQ(attributes("dir\\sub"), kNoAttributes) << "not in the other directory, as dir is there";
     EXPECT_EQ(attributes("DIR\\SUB"), kDirectoryEntry);
     EXPECT_EQ(attributes("Dir\\sub"), kDirectoryEntry);
-}
-
-TEST_F(SystemTree, NamesThatCannotBeGivenBackAreLeftOut) {
-    for (const char* name : {"back\\slash", "st*r", "wh?t", "c:x", "good", "x"}) place.put(name, name);
-    EXPECT_EQ(found("*"), ". .. good x");
-    EXPECT_EQ(erase("st*r"), kInvalidName);
-    EXPECT_TRUE(place.has("st*r"));
 }
 
 TEST_F(SystemTree, LinksAreNotWhatTheyLeadTo) {
@@ -325,10 +280,6 @@ TEST_F(SystemTree, LinksAreNotWhatTheyLeadTo) {
     EXPECT_EQ(attributes("file"), kArchive | kLink);
     EXPECT_EQ(attributes("folder"), kDirectoryEntry | kLink);
     EXPECT_EQ(attributes("loose"), kArchive | kLink);
-    for (const FoundEntry& entry : entries("f*")) {
-        EXPECT_EQ(entry.attributes, attributes(entry.name)) << entry.name;
-        EXPECT_EQ(entry.sizeLow, entry.name == std::string("file") ? 5u : 0u) << entry.name;
-    }
     EXPECT_EQ(removeDirectory("file"), kDirectory);
     EXPECT_EQ(set("target", kReadOnly | kArchive), 0u) << "which the link is not";
     EXPECT_EQ(move("file", "renamed"), 0u);
@@ -343,12 +294,12 @@ TEST_F(SystemTree, AttributesAreSharedWithOtherPrograms) {
         return ::setxattr(place.native("f").c_str(), "user.DOSATTRIB", value, std::strlen(value), 0) == 0;
     };
     if (!stored("0x22")) GTEST_SKIP() << "the temporary directory keeps no extended attributes";
-    struct Row {
-        const char* value;
-        std::uint32_t bits;
-    };
-    for (auto [value, bits] : {Row{"0x22", kHidden | kArchive}, Row{"0x6", kHidden | kSystem}, Row{"0x0", kNormal},
-                               Row{"0x21 and more", kArchive}, Row{"32", kArchive}, Row{"0xg", kArchive}}) {
+    for (auto [value, bits] : {std::pair("0x22", kHidden | kArchive),
+                               {"0x6", kHidden | kSystem},
+                               {"0x0", kNormal},
+                               {"0x21 and more", kArchive},
+                               {"32", kArchive},
+                               {"0xg", kArchive}}) {
         ASSERT_TRUE(stored(value));
         EXPECT_EQ(attributes("f"), bits) << value;
     }
