@@ -1,6 +1,4 @@
 // Open files of the system itself: the platform's own interface, before any stand-in takes its place.
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <atomic>
 #include <cstdint>
@@ -12,8 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "tests/seam/seam.h"
-#include "tests/support/workplace.h"
+#include "tests/seam/system_test.h"
 
 #if !defined(_WIN32)
 #include <fcntl.h>
@@ -29,44 +26,9 @@ namespace {
 
 using namespace platform;
 
-// Windows programs are tested on Wine, run by root, which refuses less and has other codes here and there.
-#if defined(_WIN32)
-constexpr bool kWine = true;
-#else
-constexpr bool kWine = false;
-#endif
-
 constexpr std::uint32_t onWine(std::uint32_t wine, std::uint32_t windows) { return kWine ? wine : windows; }
 
-class SystemFiles : public testing::Test {
- protected:
-    Platform system = *door()->platform;
-    Files& files = *system.files;
-    Workplace place;
-
-    std::uint32_t error() { return system.process->lastError(); }
-    std::int32_t open(const std::string& name, std::uint32_t mode) {
-        system.process->setLastError(0);
-        return files.open(place.path(name).c_str(), mode);
-    }
-    std::int32_t create(const std::string& name, std::uint32_t attributes = 0) {
-        system.process->setLastError(0);
-        return files.create(place.path(name).c_str(), attributes);
-    }
-    std::uint32_t attributes(const std::string& name) { return system.tree->attributes(place.path(name).c_str()); }
-    void setAttributes(const std::string& name, std::uint32_t bits) {
-        ASSERT_TRUE(system.tree->setAttributes(place.path(name).c_str(), bits)) << name << error();
-    }
-
-    std::string read(std::int32_t handle, std::uint32_t count) {
-        std::string text(count, '~');
-        std::int32_t done = files.read(handle, text.data(), count);
-        return done < 0 ? "<" + std::to_string(error()) + ">" : text.substr(0, static_cast<std::size_t>(done));
-    }
-    std::int32_t write(std::int32_t handle, const std::string& text) {
-        return files.write(handle, text.data(), static_cast<std::uint32_t>(text.size()));
-    }
-};
+using SystemFiles = SystemTest;
 
 TEST_F(SystemFiles, ReadAndWriteAtAnyPlace) {
     std::int32_t handle = create("f");
@@ -111,8 +73,8 @@ TEST_F(SystemFiles, ClosedAndMadeUpHandlesAreInvalid) {
 TEST_F(SystemFiles, OpeningTellsWhyNot) {
     place.put("file", "text");
     place.put("fixed", "text");
-    setAttributes("fixed", kReadOnly | kArchive);
-    system.tree->createDirectory(place.path("dir").c_str());
+    EXPECT_EQ(set("fixed", kReadOnly | kArchive), 0u);
+    makeDirectory("dir");
     struct Row {
         std::string name;
         std::uint32_t mode, opened, created;  // the errors, 0 for none
@@ -132,35 +94,31 @@ TEST_F(SystemFiles, OpeningTellsWhyNot) {
     };
     for (const Row& row : rows) {
         for (bool creates : {false, true}) {
-            system.process->setLastError(0);
             std::int32_t handle = creates ? files.create(row.name.c_str(), 0) : files.open(row.name.c_str(), row.mode);
-            std::uint32_t expected = creates ? row.created : row.opened;
-            EXPECT_EQ(handle == -1 ? error() : 0, expected) << row.name << " " << row.mode << creates;
+            EXPECT_EQ(reason(handle != -1), creates ? row.created : row.opened) << row.name << " " << row.mode;
             EXPECT_TRUE(handle == -1 || files.close(handle)) << row.name;
         }
-        system.tree->erase(place.path("missing").c_str());
+        erase("missing");
     }
-    setAttributes("fixed", kArchive);
+    EXPECT_EQ(set("fixed", kArchive), 0u);
 }
 
 TEST_F(SystemFiles, AHandleDoesWhatItWasOpenedFor) {
     place.put("f", "text");
     std::int32_t reader = open("f", kRead), writer = open("f", kWrite);
     EXPECT_EQ(read(reader, 9), "text");
-    EXPECT_EQ(write(reader, "x"), -1);
-    EXPECT_EQ(error(), kAccessDenied);
-    EXPECT_FALSE(files.truncate(reader));
-    EXPECT_EQ(error(), onWine(kInvalidHandle, kAccessDenied));
-    EXPECT_EQ(read(writer, 1)[0], '<');
-    EXPECT_EQ(error(), kAccessDenied);
+    EXPECT_EQ(reason(write(reader, "x") != -1), kAccessDenied);
+    EXPECT_EQ(reason(files.truncate(reader)), onWine(kInvalidHandle, kAccessDenied));
+    EXPECT_EQ(read(writer, 1), "<5>");
     EXPECT_EQ(write(writer, "T"), 1);
     EXPECT_TRUE(files.close(reader) && files.close(writer));
     EXPECT_EQ(place.get("f"), "Text");
 }
 
 TEST_F(SystemFiles, CreatingSetsAttributesAndSparesWhatIsHidden) {
-    if (!system.tree->setAttributes(place.put("probe").c_str(), kHidden)) {
-        EXPECT_EQ(error(), kNotSupported);
+    place.put("probe");
+    if (std::uint32_t why = set("probe", kHidden)) {
+        EXPECT_EQ(why, kNotSupported);
         EXPECT_EQ(create("f", kHidden), -1);
         EXPECT_FALSE(place.has("f"));
         GTEST_SKIP() << "the temporary directory keeps no extended attributes";
@@ -186,18 +144,14 @@ TEST_F(SystemFiles, CreatingSetsAttributesAndSparesWhatIsHidden) {
         SCOPED_TRACE(testing::Message() << row.before << " " << row.given);
         if (row.before != kNoAttributes) {
             place.put("f", "before");
-            setAttributes("f", row.before);
+            set("f", row.before);
         }
         std::int32_t handle = create("f", row.given);
-        EXPECT_EQ(handle == -1 ? error() : 0, row.after ? 0u : std::uint32_t{kAccessDenied});
-        if (handle != -1) {
-            EXPECT_EQ(write(handle, "new"), 3);
-            EXPECT_TRUE(files.close(handle));
-        }
+        EXPECT_EQ(reason(handle != -1), row.after ? 0u : std::uint32_t{kAccessDenied});
+        EXPECT_TRUE(handle == -1 || (write(handle, "new") == 3 && files.close(handle)));
         EXPECT_EQ(attributes("f"), row.after ? row.after : row.before);
         EXPECT_EQ(place.get("f"), row.after ? "new" : "before");
-        setAttributes("f", kNormal);
-        EXPECT_TRUE(system.tree->erase(place.path("f").c_str())) << error();
+        EXPECT_EQ(set("f", kNormal) + erase("f"), 0u);
     }
 }
 
@@ -244,11 +198,7 @@ TEST_F(SystemFiles, RegionLocksAgainstAModel) {
 TEST_F(SystemFiles, TimesAreKeptToTheStepOrRefused) {
     place.put("f", "12345");
     std::int32_t handle = open("f", kReadWrite);
-    auto now = [&] {
-        FileInformation information{};
-        EXPECT_TRUE(files.information(handle, information));
-        return information;
-    };
+    auto now = [&] { return information(handle); };
     const FileInformation before = now();
     EXPECT_EQ(before.size, 5u);
     EXPECT_EQ(before.attributes, kArchive);
@@ -340,21 +290,15 @@ class OtherProcess {
         int ends[2];
         if (::pipe(ends) != 0) return;
         id_ = ::fork();
-        if (id_ == 0) {
-            char done = work() ? 1 : 0;
-            (void)!::write(ends[1], &done, 1);
-            for (;;) ::pause();
-        }
-        char done = 0;
+        char done = id_ == 0 && work();
+        if (id_ == 0 && ::write(ends[1], &done, 1)) ::pause();
         ready = ::read(ends[0], &done, 1) == 1 && done == 1;
         ::close(ends[0]);
         ::close(ends[1]);
     }
     ~OtherProcess() { kill(); }
     void kill() {
-        if (id_ <= 0) return;
-        ::kill(id_, SIGKILL);
-        ::waitpid(id_, nullptr, 0);
+        if (id_ > 0 && ::kill(id_, SIGKILL) == 0) ::waitpid(id_, nullptr, 0);
         id_ = -1;
     }
     bool ready = false;
@@ -371,20 +315,14 @@ TEST_F(SystemFiles, OtherProcessesSeeSharingModesAndLocksUntilTheyEnd) {
         return handle != -1 && files.lock(handle, 10, 5);
     });
     ASSERT_TRUE(other.ready);
-    EXPECT_FALSE(files.lock(mine, 14, 1));
-    EXPECT_EQ(error(), kLockViolation);
-    EXPECT_TRUE(files.lock(mine, 15, 1));
-    EXPECT_TRUE(files.close(mine));
-    EXPECT_EQ(open("f", kRead | kExclusive), -1);
-    EXPECT_EQ(error(), kSharingViolation);
-    EXPECT_FALSE(system.tree->erase(place.path("f").c_str()));
-    EXPECT_EQ(error(), kSharingViolation);
+    EXPECT_EQ(reason(files.lock(mine, 14, 1)), kLockViolation);
+    EXPECT_TRUE(files.lock(mine, 15, 1) && files.close(mine));
+    EXPECT_EQ(reason(open("f", kRead | kExclusive) != -1), kSharingViolation);
+    EXPECT_EQ(erase("f"), kSharingViolation);
     other.kill();
     std::int32_t alone = open("f", kReadWrite | kExclusive);
-    ASSERT_NE(alone, -1) << error();
-    EXPECT_TRUE(files.lock(alone, 0, 100));
-    OtherProcess late([&] { return open("f", kRead) == -1 && error() == kSharingViolation; });
-    EXPECT_TRUE(late.ready);
+    EXPECT_TRUE(files.lock(alone, 0, 100)) << error();
+    EXPECT_TRUE(OtherProcess([&] { return reason(open("f", kRead) != -1) == kSharingViolation; }).ready);
     EXPECT_TRUE(files.close(alone));
 }
 
@@ -412,9 +350,7 @@ TEST_F(SystemFiles, ProcessesThatOpenForThemselvesNeverHaveAFileTogether) {
             std::int32_t handle = open("f", kReadWrite | kExclusive);
             if (handle == -1) continue;
             std::int32_t inside = create("inside");
-            FileInformation information;
-            bool alone = files.information(inside, information) && files.close(inside) &&
-                         system.tree->erase(place.path("inside").c_str());
+            bool alone = inside != -1 && files.close(inside) && erase("inside") == 0;
             if (!alone || !files.close(handle)) return false;
         }
         return true;
@@ -441,10 +377,8 @@ TEST_F(SystemFiles, ALockOfNoLengthLocksNothing) {
 
 TEST_F(SystemFiles, WhatFallsShortTellsWhy) {
     std::int32_t full = files.open("C:\\dev\\full", kReadWrite);
-    EXPECT_EQ(write(full, "x"), -1);
-    EXPECT_EQ(error(), kDiskFull);
+    EXPECT_EQ(reason(write(full, "x") != -1), kDiskFull);
     EXPECT_TRUE(files.close(full));
-
     std::int32_t handle = create("f");
     rlimit before;
     ::getrlimit(RLIMIT_FSIZE, &before);

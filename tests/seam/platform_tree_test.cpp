@@ -1,6 +1,4 @@
 // The tree of names of the system itself: the platform's own interface, before any stand-in takes its place.
-#include <gtest/gtest.h>
-
 #include <chrono>
 #include <cstdint>
 #include <cstring>
@@ -10,8 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "tests/seam/seam.h"
-#include "tests/support/workplace.h"
+#include "tests/seam/system_test.h"
 
 #if !defined(_WIN32)
 #include <sys/stat.h>
@@ -25,40 +22,10 @@ namespace {
 using namespace platform;
 
 // Wine gives files this attribute whatever they have.
-#if defined(_WIN32)
-constexpr std::uint32_t kAlways = kArchive | kNormal;
-#else
-constexpr std::uint32_t kAlways = 0;
-#endif
+constexpr std::uint32_t kAlways = kWine ? kArchive | kNormal : 0;
 
-class SystemTree : public testing::Test {
+class SystemTree : public SystemTest {
  protected:
-    Platform system = *door()->platform;
-    Tree& tree = *system.tree;
-    Workplace place;
-
-    std::uint32_t error() { return system.process->lastError(); }
-
-    // 0, or why not.
-    template <typename Result>
-    std::uint32_t reason(Result result) {
-        return result ? 0 : error();
-    }
-    std::uint32_t attributes(const std::string& name) { return tree.attributes(place.path(name).c_str()); }
-    std::uint32_t set(const std::string& name, std::uint32_t bits) {
-        return reason(tree.setAttributes(place.path(name).c_str(), bits));
-    }
-    std::uint32_t erase(const std::string& name) { return reason(tree.erase(place.path(name).c_str())); }
-    std::uint32_t makeDirectory(const std::string& name) {
-        return reason(tree.createDirectory(place.path(name).c_str()));
-    }
-    std::uint32_t removeDirectory(const std::string& name) {
-        return reason(tree.removeDirectory(place.path(name).c_str()));
-    }
-    std::uint32_t move(const std::string& from, const std::string& to) {
-        return reason(tree.move(place.path(from).c_str(), place.path(to).c_str()));
-    }
-
     std::vector<FoundEntry> entries(const std::string& pattern) {
         std::vector<FoundEntry> all(1);
         std::int32_t search = tree.findFirst(place.path(pattern).c_str(), all[0]);
@@ -105,11 +72,10 @@ TEST_F(SystemTree, SearchesTellWhyNot) {
 
 TEST_F(SystemTree, AnEntryIsWhatTheFileIs) {
     place.put("A long name.data", "12345");
-    std::int32_t handle = system.files->open(place.path("A long name.data").c_str(), kReadWrite);
-    FileInformation file;
-    ASSERT_TRUE(system.files->setTimes(handle, {.created = 0, .accessed = 0, .written = 125'911'584'001'234'567}));
-    ASSERT_TRUE(system.files->information(handle, file));
-    EXPECT_TRUE(system.files->close(handle));
+    std::int32_t handle = open("A long name.data", kReadWrite);
+    ASSERT_TRUE(files.setTimes(handle, {.created = 0, .accessed = 0, .written = 125'911'584'001'234'567}));
+    FileInformation file = information(handle);
+    EXPECT_TRUE(files.close(handle));
     std::vector<FoundEntry> all = entries("A*");
     ASSERT_EQ(all.size(), 1u);
     const FoundEntry& entry = all[0];
@@ -153,7 +119,7 @@ TEST_F(SystemTree, FailuresTellWhy) {
     makeDirectory("d");
     makeDirectory("full");
     place.put("full\\..\\f2");
-    std::int32_t handle = system.files->create(place.path("full\\x").c_str(), 0);
+    std::int32_t handle = create("full\\x");
     EXPECT_EQ(attributes("missing"), kNoAttributes);
     auto told = [&](const std::string& name) { return reason(attributes(name) != kNoAttributes); };
     struct Row {
@@ -187,9 +153,9 @@ TEST_F(SystemTree, FailuresTellWhy) {
     // A separator behind its name makes no directory of a file.
     EXPECT_EQ(attributes("F\\"), kNoAttributes);
     EXPECT_NE(erase("f\\"), 0u);
-    for (const char* name : {"F\\", "new/"}) EXPECT_EQ(system.files->create(place.path(name).c_str(), 0), -1) << name;
+    for (const char* name : {"F\\", "new/"}) EXPECT_EQ(create(name), -1) << name;
     EXPECT_TRUE(place.has("f") && !place.has("new"));
-    EXPECT_TRUE(system.files->close(handle));
+    EXPECT_TRUE(files.close(handle));
     EXPECT_EQ(erase("full\\x"), 0u);
     EXPECT_EQ(removeDirectory("full\\"), 0u);
     EXPECT_NE(move("d", "d\\below"), 0u);
@@ -349,11 +315,11 @@ TEST_F(SystemTree, PermissionsComeBackWithTheRightToWrite) {
 // A move that has looked waits a moment for who has the file open: time to take the new name.
 TEST_F(SystemTree, NoMoveReplacesWhatAppearsMeanwhile) {
     for (int i = 0; i < 100; ++i) {
-        std::int32_t handle = system.files->open(place.put("from", "ours").c_str(), kRead);
+        std::int32_t handle = files.open(place.put("from", "ours").c_str(), kRead);
         std::thread mover([&] { move("from", "to"); });
         std::this_thread::sleep_for(std::chrono::microseconds(i * 20));
         place.put("to", "theirs");
-        EXPECT_TRUE(system.files->close(handle));
+        EXPECT_TRUE(files.close(handle));
         mover.join();
         ASSERT_EQ(place.get("to"), "theirs") << i;
         std::filesystem::remove(place.native("to"));
@@ -371,9 +337,9 @@ TEST_F(SystemTree, FilesMoveToAnotherFileSystem) {
         return reason(tree.move(from.c_str(), to.c_str()));
     };
     std::string content(3'000'000, 'x');
-    std::int32_t handle = system.files->open(place.put("f", content).c_str(), kReadWrite);
-    ASSERT_TRUE(system.files->setTimes(handle, {.created = 0, .accessed = 0, .written = 125'911'584'001'234'567}));
-    system.files->close(handle);
+    std::int32_t handle = files.open(place.put("f", content).c_str(), kReadWrite);
+    ASSERT_TRUE(files.setTimes(handle, {.created = 0, .accessed = 0, .written = 125'911'584'001'234'567}));
+    files.close(handle);
     ASSERT_EQ(set("f", kReadOnly | kArchive), 0u);
     EXPECT_EQ(moved(place.path("f"), name), 0u);
     EXPECT_FALSE(place.has("f"));

@@ -1,13 +1,10 @@
 // Drives and directories of the system itself: the platform's own interface, before any stand-in takes its place.
 // Nothing here sets a label.
-#include <gtest/gtest.h>
-
 #include <cstdint>
 #include <cstdlib>
 #include <string>
 
-#include "tests/seam/seam.h"
-#include "tests/support/workplace.h"
+#include "tests/seam/system_test.h"
 
 #if !defined(_WIN32)
 #include <sys/statvfs.h>
@@ -18,19 +15,8 @@ namespace {
 
 using namespace platform;
 
-#if defined(_WIN32)
-constexpr bool kWine = true;
-#else
-constexpr bool kWine = false;
-#endif
-
-class SystemVolumes : public testing::Test {
+class SystemVolumes : public SystemTest {
  protected:
-    Platform system = *door()->platform;
-    Volumes& volumes = *system.volumes;
-    Workplace place;
-
-    std::uint32_t error() { return system.process->lastError(); }
     std::string here() {
         char path[kPathSize];
         return volumes.currentDirectory(0, path, sizeof path) ? path : "<" + std::to_string(error()) + ">";
@@ -73,7 +59,7 @@ TEST_F(SystemVolumes, TheCurrentDirectoryAndDrive) {
     EXPECT_TRUE(volumes.currentDirectory(drive, path, target.size() + 1));
     EXPECT_EQ(path, target);
 
-    system.tree->createDirectory("Sub");
+    tree.createDirectory("Sub");
     place.put("file");
     EXPECT_TRUE(volumes.changeDirectory("SUB"));
     EXPECT_EQ(here(), target + (kWine ? "\\SUB" : "\\Sub")) << "Wine shows a directory as it was written";
@@ -101,12 +87,10 @@ TEST_F(SystemVolumes, SpaceIsTheSystems) {
 TEST_F(SystemVolumes, SerialNumbersAgree) {
     VolumeInformation volume;
     ASSERT_TRUE(volumes.information(place.path().c_str(), volume));
-    std::int32_t handle = system.files->create(place.path("f").c_str(), 0);
-    FileInformation file;
-    ASSERT_TRUE(system.files->information(handle, file));
-    EXPECT_TRUE(system.files->close(handle));
-    EXPECT_NE(file.volumeSerial, 0u);
-    EXPECT_EQ(file.volumeSerial, volume.serial);
+    std::int32_t handle = create("f");
+    EXPECT_NE(volume.serial, 0u);
+    EXPECT_EQ(information(handle).volumeSerial, volume.serial);
+    EXPECT_TRUE(files.close(handle));
 }
 
 TEST_F(SystemVolumes, ThereAreNoLabels) {
