@@ -5,32 +5,16 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include <cstdlib>
 #include <cstring>
-#include <optional>
 
 #include "tests/seam/seam.h"
+#include "tests/support/environment.h"
 #include "tests/support/workplace.h"
 
 namespace vx::test {
 namespace {
 
 using namespace platform;
-
-class SetVariable {
- public:
-    SetVariable(const char* name, const char* value) : name_(name) {
-        if (const char* before = std::getenv(name)) before_ = before;
-        value ? ::setenv(name, value, 1) : ::unsetenv(name);
-    }
-    ~SetVariable() { before_ ? ::setenv(name_, before_->c_str(), 1) : ::unsetenv(name_); }
-    SetVariable(const SetVariable&) = delete;
-    SetVariable& operator=(const SetVariable&) = delete;
-
- private:
-    const char* name_;
-    std::optional<std::string> before_;
-};
 
 class SystemDesktop : public testing::Test {
  protected:

@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <optional>
 #include <string>
 
 namespace vx::test {
@@ -61,19 +62,26 @@ class OtherLocale {
     bool made_ = false;
 };
 
-// Puts the process into a time zone until it goes.
-class InZone {
+// An environment variable as it is for a while, null for none.
+class SetVariable {
  public:
-    explicit InZone(const char* zone) : given_(std::getenv("TZ") != nullptr), before_(given_ ? std::getenv("TZ") : "") {
-        setenv("TZ", zone, 1);
+    SetVariable(const char* name, const char* value) : name_(name) {
+        if (const char* before = std::getenv(name)) before_ = before;
+        value ? ::setenv(name, value, 1) : ::unsetenv(name);
     }
-    ~InZone() { given_ ? setenv("TZ", before_.c_str(), 1) : unsetenv("TZ"); }
-    InZone(const InZone&) = delete;
-    InZone& operator=(const InZone&) = delete;
+    ~SetVariable() { before_ ? ::setenv(name_, before_->c_str(), 1) : ::unsetenv(name_); }
+    SetVariable(const SetVariable&) = delete;
+    SetVariable& operator=(const SetVariable&) = delete;
 
  private:
-    bool given_;
-    std::string before_;
+    const char* name_;
+    std::optional<std::string> before_;
+};
+
+// Puts the process into a time zone until it goes.
+class InZone : SetVariable {
+ public:
+    explicit InZone(const char* zone) : SetVariable("TZ", zone) {}
 };
 
 inline void rerunIn(const std::string& locale, const std::string& filter, const std::string& source = "") {
