@@ -30,125 +30,98 @@ class Host(unittest.TestCase):
         self.assertEqual((code, errors), (DONE, ""), arguments)
         return output
 
-    def refuses(self, code, pieces, *arguments, feed=b""):
-        got, output, errors = run(*arguments, feed=feed)
+    def refuses(self, code, pieces, *arguments):
+        got, output, errors = run(*arguments)
         self.assertEqual((got, output), (code, b""), (arguments, errors))
         self.assertTrue(errors.startswith("vexlor: "), errors)
         for piece in pieces:
             self.assertIn(piece, errors, arguments)
 
 
-# Command lines, apart by |, and what each prints, lines apart by ¶; with << what they read.
-PRINTS = r"""
-AllTrim '  a b '                            => "a b"
-_alltrim ''                                 => ""
-stralltrim ' ab '                           => result  2¶dest    "ab"
-ChrTrim --a-- - -1                          => "a--"
-ChrTrim --json - 0                          => "json"
-ChrTrim -e e 0x1                            => "-"
--- AllTrim ' x'                             => "x"
---in-place LTrim ' x'                       => result  NULL¶text    "x"
---in-place UnTrim ab 9 .                    => "ab......."
-UnTrim @null 5 .                            => result  ""¶dest    ""
--e UnTrim \\x40null 6 .                     => "@null."
-StrCenter ab 6 @null                        => "  ab  "
-StrnSet x 3                                 => result  ""  at text + 3¶text    "xxx"
-StrnSet x -1                                => ""
---set dest=kept RJust @null                 => "kept"
---set dest=@null Center ab 6 .              => NULL
-ChrUpper a | ChrUpper 0x61 | ChrUpper '#97' => 65  'A'
-ChrUpper 7                                  => 55  '7'
-ChrUpper '#'                                => 35  '#'
--e ChrUpper \\n                             => 10  '\n'
-ChrUpper "'"                                => 39  '''
-IsAlpha ab1 2147483647                      => 0
+# Command lines, apart by |, with << what they read, and what each prints, lines apart by ¶, or with which exit code it is
+# refused and pieces of the message; the next ones behind ;;.
+TABLE = r"""
+AllTrim '  a b ' => "a b"
+stralltrim ' ab ' => result  2¶dest    "ab"
+ChrTrim --a-- - -1 => "a--" ;; ChrTrim --json - 0 => "json" ;; ChrTrim -e e 0x1 => "-"
+-- AllTrim ' x' => "x"
+--in-place LTrim ' x' => result  NULL¶text    "x"
+--in-place UnTrim ab 9 . => "ab......."
+UnTrim @null 5 . => result  ""¶dest    ""
+-e UnTrim \\x40null 6 . => "@null."
+StrCenter ab 6 @null => "  ab  "
+StrnSet x 3 => result  ""  at text + 3¶text    "xxx" ;; StrnSet x -1 => ""
+--set dest=kept RJust @null => "kept" ;; --set dest=@null Center ab 6 . => NULL
+ChrUpper a | ChrUpper 0x61 | ChrUpper '#97' => 65  'A' ;; ChrUpper 7 => 55  '7' ;; ChrUpper '#' => 35  '#'
+-e ChrUpper \\n => 10  '\n'
+ChrUpper "'" => 39  '''
+IsAlpha ab1 2147483647 => 0
 IsAlpha ab1 4294967295 | IsAlpha ab1 -2147483648 | VEXDEV any -1 '' => 1
--e AllTrim ' \ta\n\"\\ '                    => "\ta\n\"\\"
-AllTrim ' \t '                              => "\\t"
-AllTrim Grüße                               => "Grüße"
--e AllTrim \\xc3\\xbc\\xfc                  => "\xc3\xbc\xfc"
--e AllTrim \\xc2\\x9b                       => "\xc2\x9b"
---in-place ChrSort bca 1                    => "cba"
-strchrsort bca 0                            => result  3¶text    "abc"
-ChrSort @null 0                             => NULL
-TokenInfo one,two , 2                       => position  5¶length    3¶dest      "two"
+-e AllTrim ' \ta\n\"\\ ' => "\ta\n\"\\"
+AllTrim ' \t ' => "\\t" ;; AllTrim Grüße => "Grüße"
+-e AllTrim \\xc3\\xbc\\xfc => "\xc3\xbc\xfc" ;; -e AllTrim \\xc2\\x9b => "\xc2\x9b"
+--in-place ChrSort bca 1 => "cba"
+strchrsort bca 0 => result  3¶text    "abc"
+ChrSort @null 0 => NULL
+TokenInfo one,two , 2 => position  5¶length    3¶dest      "two"
 --set position=@null TokenInfo one,two , -2 => length  3¶dest    "one"
-_blob2byte abc -2147483                     => 0
---raw AllTrim '  x '                        => x
---raw stralltrim ' ab '                     => 2
---raw --in-place LTrim ' x'                 => x
---raw StrnSet x 3                           => xxx
---raw TokenInfo one,two , 2                 => two
---raw --set dest=@null Center ab 6 .        =>
---json alltrim ' a '                        => {"name":"alltrim","result":"a","outputs":{"dest":"a"}}
---json --in-place LTrim ' a'                => {"name":"LTrim","result":null,"outputs":{"text":"a"}}
---json strltrim ' a'                        => {"name":"strltrim","result":1,"outputs":{"dest":"a"}}
---json StrnSet x 2                          => {"name":"StrnSet","result":"","within":{"argument":"text","offset":2},"outputs":{"text":"xx"}}
---lines AllTrim {} <<   a ¶b¶¶ c            => a¶b¶¶c
---lines AllTrim {} << ¶                     =>
---lines AllTrim '<{}> {} ' << a¶ b¶         => <a> a¶< b>  b
---lines AllTrim {} << @null¶                => @null
---lines -e AllTrim \\x40{} << \n¶           => @\n
---lines Replicate ab {} << 2¶0¶1            => abab¶¶ab
---lines Replicate ab 1{} << ¶1¶             => ab¶ababababababababababab
---lines ChrUpper {} << a¶#98¶               => 65¶66
+_blob2byte abc -2147483 => 0
+--raw AllTrim '  x ' => x ;; --raw stralltrim ' ab ' => 2 ;; --raw --in-place LTrim ' x' => x
+--raw StrnSet x 3 => xxx ;; --raw TokenInfo one,two , 2 => two ;; --raw --set dest=@null Center ab 6 . =>
+--json alltrim ' a ' => {"name":"alltrim","result":"a","outputs":{"dest":"a"}}
+--json --in-place LTrim ' a' => {"name":"LTrim","result":null,"outputs":{"text":"a"}}
+--json strltrim ' a' => {"name":"strltrim","result":1,"outputs":{"dest":"a"}}
+--json StrnSet x 2 => {"name":"StrnSet","result":"","within":{"argument":"text","offset":2},"outputs":{"text":"xx"}}
+--lines AllTrim {} <<   a ¶b¶¶ c => a¶b¶¶c ;; --lines AllTrim {} << ¶ =>
+--lines AllTrim '<{}> {} ' << a¶ b¶ => <a> a¶< b>  b ;; --lines AllTrim {} << @null¶ => @null
+--lines -e AllTrim \\x40{} << \n¶ => @\n ;; --lines Replicate ab {} << 2¶0¶1 => abab¶¶ab
+--lines Replicate ab 1{} << ¶1¶ => ab¶ababababababababababab
+--lines ChrUpper {} << a¶#98¶ => 65¶66
 --lines --in-place UnTrim {} 3 . << a¶abcdef¶ => a..¶abc
---lines --json AllTrim {} <<  a¶            => {"name":"AllTrim","result":"a","outputs":{"dest":"a"}}
-"""
-
-# Command lines that are refused, with the exit code and pieces of the message, which are apart by ¶.
-REFUSES = r"""
-                                     2 name of a function is missing
---bogus AllTrim x                    2 --bogus
---library                            2 --library
-AllTrm x | ALLTRIM x                 2 did you mean AllTrim
-Qqqqqqqqqqqqqqqqqqqqqq               2 --list
---explain trimpunc                   2 TrimPunct
---explain                            2 --explain takes
---list 'no such words'               2 "no such words"
-AllTrim                              2 takes 1 argument, not 0¶char *AllTrim(const char *text, char *dest);¶vexlor AllTrim TEXT
-ChrTrim a b                          2 takes 3 arguments, not 2¶mode  VX_TRIM_BOTH (0)
-VEXVERSION 1                         2 takes no arguments, not 1
-AllTrim x --json                     2 --json is an option only before AllTrim
-ChrTrim a b c                        2 argument mode¶32-bit number¶"c"¶VX_TRIM_BOTH (0)
-ChrTrim a b @null | ChrTrim a b 4294967296 | ChrTrim a b -2147483649 | ChrTrim a b 99999999999999999999 2 argument mode
-ChrTrim a b '1 ' | ChrTrim a b 0x | ChrTrim a b --1 | ChrTrim a b '' 2 argument mode
-ChrUpper ab                          2 argument c¶one character¶#42
-ChrUpper é                           2 argument c¶"é"
-ChrUpper '' | ChrUpper '#x'           2 argument c
-UnTrim a 2147483647 .                2 2147483648 bytes¶dest¶1 GiB
-Replicate abcdefghij 2000000000      2 20000000001 bytes
---in-place Center a 5 .              2 does not work in place
---set mode=1 ChrTrim a b 0           2 mode
---set dest AllTrim a                 2 ARGUMENT=TEXT
--e AllTrim a\\q                      2 \q
--e AllTrim \\x4                      2 \x4
--e AllTrim \\                        2 escape
---lines AllTrim x                    2 {}
---library /nowhere/lib.so AllTrim x  1 /nowhere/lib.so
---library libm.so.6 AllTrim x        1 libm.so.6 has no function AllTrim
---table                              2 --table takes
+--lines --json AllTrim {} <<  a¶ => {"name":"AllTrim","result":"a","outputs":{"dest":"a"}}
+!2 name of a function is missing
+--bogus AllTrim x !2 --bogus
+--library !2 --library
+AllTrm x | ALLTRIM x !2 did you mean AllTrim
+Qqqqqqqqqqqqqqqqqqqqqq !2 --list
+--explain trimpunc !2 TrimPunct ;; --explain !2 --explain takes
+--list 'no such words' !2 "no such words"
+AllTrim !2 takes 1 argument, not 0¶char *AllTrim(const char *text, char *dest);¶vexlor AllTrim TEXT
+ChrTrim a b !2 takes 3 arguments, not 2¶mode  VX_TRIM_BOTH (0)
+VEXVERSION 1 !2 takes no arguments, not 1
+AllTrim x --json !2 --json is an option only before AllTrim
+ChrTrim a b c !2 argument mode¶32-bit number¶"c"¶VX_TRIM_BOTH (0)
+ChrTrim a b @null | ChrTrim a b 4294967296 | ChrTrim a b -2147483649 | ChrTrim a b 99999999999999999999 !2 argument mode
+ChrTrim a b '1 ' | ChrTrim a b 0x | ChrTrim a b --1 | ChrTrim a b '' !2 argument mode
+ChrUpper ab !2 argument c¶one character¶#42 ;; ChrUpper é !2 argument c¶"é"
+ChrUpper '' | ChrUpper '#x' !2 argument c
+UnTrim a 2147483647 . !2 2147483648 bytes¶dest¶1 GiB
+Replicate abcdefghij 2000000000 !2 20000000001 bytes
+--in-place Center a 5 . !2 does not work in place
+--set mode=1 ChrTrim a b 0 !2 mode ;; --set dest AllTrim a !2 ARGUMENT=TEXT
+-e AllTrim a\\q !2 \q ;; -e AllTrim \\x4 !2 \x4 ;; -e AllTrim \\ !2 escape
+--lines AllTrim x !2 {}
+--library /nowhere/lib.so AllTrim x !1 /nowhere/lib.so
+--library libm.so.6 AllTrim x !1 libm.so.6 has no function AllTrim
+--table !2 --table takes
 """
 
 
 class Calls(Host):
-    def test_what_command_lines_print(self):
-        for line in PRINTS.strip("\n").split("\n"):
-            commands, _, expected = line.partition("=>")
+    def test_command_lines(self):
+        for line in re.split(r" ;; |\n", TABLE.strip("\n")):
+            commands, outcome, expected = re.fullmatch(r"(.*?) ?(=>|![12]) ?(.*)", line).groups()
             commands, _, feed = commands.partition(" << ")
             for command in commands.split(" | "):
-                output = self.printed(*shlex.split(command), feed=feed.rstrip(" ").replace("¶", "\n").encode()).decode()
-                self.assertEqual(output.replace("\n", "¶"), expected.removeprefix(" ") + "¶", command)
+                arguments, given = shlex.split(command), feed.replace("¶", "\n").encode()
+                if outcome == "=>":
+                    self.assertEqual(self.printed(*arguments, feed=given).decode(), expected.replace("¶", "\n") + "\n", line)
+                else:
+                    self.refuses(int(outcome[1]), expected.split("¶"), *arguments)
 
     def test_raw_bytes_and_empty_input(self):
         self.assertEqual(self.printed("-e", "--raw", "AllTrim", r"\xff\x01"), b"\xff\x01\n")
         self.assertEqual(self.printed("--lines", "AllTrim", "{}"), b"")
-
-    def test_what_command_lines_are_refused(self):
-        for line in REFUSES.strip("\n").split("\n"):
-            commands, code, pieces = re.fullmatch(r"(.*?) +([12]) (\S.*)", " " + line).groups()
-            for command in commands.split(" | "):
-                self.refuses(int(code), pieces.split("¶"), *shlex.split(command))
 
     def test_quoted_text_reads_back(self):
         every_byte = bytes(range(1, 256))
@@ -301,11 +274,15 @@ class Catalog(Host):
 
     def test_explanation_for_people(self):
         text = self.printed("--explain", "_chrtrim").decode()
-        for piece in ("ChrTrim: The text without", "char *ChrTrim(const char *text, const char *set, int32_t mode, char *dest);",
-                      "vexlor ChrTrim TEXT SET MODE", "  mode  VX_TRIM_BOTH (0)", "[supplied by vexlor]", "dest, or text when dest is NULL",
-                      "ChrTrim, _chrtrim, chrtrim", "strchrtrim, StrChrTrim", "Trimming and padding (trim)"):
-            self.assertIn(piece, text)
-        self.assertIn("Writes no terminator", self.printed("--explain", "LJust").decode())
+        for piece in """ChrTrim: The text without
+            char *ChrTrim(const char *text, const char *set, int32_t mode, char *dest);
+            vexlor ChrTrim TEXT SET MODE
+            mode  VX_TRIM_BOTH (0)
+            dest, or text when dest is NULL
+            [supplied by vexlor]
+            strchrtrim, StrChrTrim
+            Trimming and padding (trim)""".split("\n"):
+            self.assertIn(piece.strip(), text)
 
 
 if __name__ == "__main__":
