@@ -31,7 +31,6 @@ TEST(Windows95, KnowsTheDiskette) {
     EXPECT_EQ(lib().IsDisk("A"), 1);
     EXPECT_EQ(lib().DriveType(0), 144);
     EXPECT_EQ(lib().DiskType(0), 144);
-    EXPECT_EQ(lib().DriveType(2), -1);
 }
 
 TEST(Windows95, ReadsAndWritesSectors) {
@@ -39,24 +38,12 @@ TEST(Windows95, ReadsAndWritesSectors) {
     ASSERT_EQ(before.size(), kSectors * kSector);
     EXPECT_EQ(read(0), before.substr(0, kSector));
     EXPECT_EQ(read(kSectors - 2, 2), before.substr((kSectors - 2) * kSector));
-    EXPECT_EQ(lib().ReadSector("1", 0, 1, before.data()), 0) << "no drive";
 
     std::string written = std::string(kSector, 'v') + std::string(kSector, 'x');
     EXPECT_EQ(lib().WriteSector("a:", 1000, 2, written.data()), 1);
     EXPECT_EQ(read(1000, 2), written);
     std::string after = image();
     EXPECT_EQ(after, std::string(before).replace(1000 * kSector, 2 * kSector, written)) << "and nothing else";
-}
-
-TEST(Windows95, NumbersTheDiskette) {
-    std::string before = image();
-    EXPECT_EQ(lib().DiskNumber(0, -2), 0) << "no extended boot record";
-    EXPECT_EQ(image(), before) << "only asked";
-    EXPECT_EQ(lib().DiskNumber(0, 0x12345678), 0);
-    EXPECT_EQ(lib().DiskNumber(0, -2), 0x12345678);
-    std::string after = image();
-    EXPECT_EQ(after.substr(38, 5), "\x29\x78\x56\x34\x12");
-    EXPECT_EQ(after.substr(0, 38) + after.substr(43), before.substr(0, 38) + before.substr(43));
 }
 
 }  // namespace
