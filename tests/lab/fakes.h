@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <chrono>
 #include <cstring>
 #include <string>
 #include <utility>
@@ -42,26 +43,38 @@ class FixedClock final : public platform::Clock {
         if (sets.size() < kMostKept) sets.push_back(moment);
         return setResult;
     }
-    // Time stamps count the seconds of 3 February 2001.
+    // Two hours east of Greenwich.
     bool toLocalTime(platform::FileTime time, platform::Moment& local) override {
-        if (time >= kSecondsOfDay) return false;
-        auto second = static_cast<std::uint16_t>(time % 60);
-        local = {2001,   2, 6, 3, static_cast<std::uint16_t>(time / 3600), static_cast<std::uint16_t>(time / 60 % 60),
-                 second, 0};
+        if (time >> 63) return false;
+        auto at = kFirst + std::chrono::milliseconds(time / kSteps) + kZone;
+        auto day = std::chrono::floor<std::chrono::days>(at);
+        std::chrono::year_month_day date{day};
+        std::chrono::hh_mm_ss clock{at - day};
+        auto field = [](auto value) { return static_cast<std::uint16_t>(value); };
+        local = {field(int{date.year()}),        field(unsigned{date.month()}),    0,
+                 field(unsigned{date.day()}),    field(clock.hours().count()),     field(clock.minutes().count()),
+                 field(clock.seconds().count()), field(clock.subseconds().count())};
+        return int{date.year()} < 30000;
+    }
+    bool toFileTime(const platform::Moment& m, platform::FileTime& time) override {
+        if (!platform::isDate(m) || !platform::isTimeOfDay(m)) return false;
+        auto at = std::chrono::sys_days(platform::dateOf(m)) + std::chrono::hours(m.hour) +
+                  std::chrono::minutes(m.minute) + std::chrono::seconds(m.second) +
+                  std::chrono::milliseconds(m.milliseconds) - kZone;
+        time = static_cast<platform::FileTime>((at - kFirst) / std::chrono::milliseconds(1)) * kSteps + later;
         return true;
     }
-    bool toFileTime(const platform::Moment& local, platform::FileTime& time) override {
-        if (!platform::isDate(local) || !platform::isTimeOfDay(local)) return false;
-        time = local.hour * 3600u + local.minute * 60u + local.second;
-        return true;
-    }
+    platform::FileTime later = 0;  // of the two stamps that a local time has where clocks are put back
     void sleep(std::uint32_t milliseconds) override {
         if (sleeps.size() < kMostKept) sleeps.push_back(milliseconds);
     }
 
  private:
     static constexpr std::size_t kMostKept = 100;
-    static constexpr platform::FileTime kSecondsOfDay = 86400;
+    static constexpr platform::FileTime kSteps = 10'000;  // of a time stamp, in a millisecond
+    static constexpr auto kFirst =
+        std::chrono::sys_days(std::chrono::year{1601} / 1 / 1) + std::chrono::milliseconds(0);
+    static constexpr std::chrono::hours kZone{2};
 };
 
 // Keeps the boxes and the clipboard texts instead of showing them; answers as it is told to.

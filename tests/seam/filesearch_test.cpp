@@ -165,7 +165,7 @@ TEST_F(FileSearch, FirstEntriesDecideIsFile) {
 TEST_F(FileSearch, GettersOfTheCurrentEntry) {
     auto& node = disk.put("C:\\d\\long name.txt", "12345");
     node.shortName = "LONGNA~1.TXT";
-    node.times.written = 3600 * 9 + 60 * 8 + 7;
+    node.times.written = 0; fake.clock.toFileTime({2001, 2, 0, 3, 9, 8, 7, 0}, node.times.written);
     std::int32_t a, b, c;
     Dest text(64);
     for (bool without : {false, true}) {

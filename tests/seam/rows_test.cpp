@@ -103,6 +103,27 @@ class MadeUpMachine final : public rows::Machine {
             lab::MadeUpDisk::Node* node = fake.disk.find(text(1));
             if (!node) return false;
             node->attributes = static_cast<std::uint32_t>(number(2));
+        } else if (what == "in") {
+            fake.disk.directory = text(1);
+            fake.volumes.drives['C'].directory = text(1).substr(2);
+        } else if (what == "link") {
+            fake.disk.putLink(text(1), text(2));
+        } else if (what == "short-name" || what == "written") {
+            lab::MadeUpDisk::Node* node = fake.disk.find(text(1));
+            if (!node) return false;
+            if (what == "short-name") node->shortName = text(2);
+            if (what == "written")
+                fake.clock.toFileTime(momentOf({words.begin() + 1, words.end()}), node->times.written);
+        } else if (what == "drops-ends") {
+            fake.disk.dropsEnds = true;
+        } else if (what == "fault") {
+            fake.disk.fault = {.atCall = static_cast<int>(number(1)), .code = static_cast<std::uint32_t>(number(2))};
+        } else if (what == "lead-bytes") {
+            fake.locale.leadBytes = text(1);
+        } else if (what == "free") {
+            fake.volumes.bytesFree = static_cast<std::uint64_t>(number(1));
+        } else if (what == "serial") {
+            fake.volumes.drives[text(1).at(0)].serial = static_cast<std::uint32_t>(number(2));
         } else if (what == "drive") {
             lab::MadeUpDrive drive{.kind = static_cast<platform::DriveKind>(number(2)), .label = text(3)};
             if (words.size() > 4) drive.fileSystem = text(4);
@@ -155,6 +176,12 @@ class MadeUpMachine final : public rows::Machine {
             std::string names;
             for (const std::string& path : fake.disk.names()) names += (names.empty() ? "" : " ") + path;
             seen_ = textValue(names);
+        } else if (name == "error") {
+            seen_ = numberValue(fake.process.error);
+        } else if (name == "error-mode") {
+            seen_ = numberValue(fake.process.errorMode);
+        } else if (name == "searches") {
+            seen_ = numberValue(static_cast<std::int64_t>(fake.disk.openSearches()));
         } else if (name == "beeps") {  // since the last look
             seen_ = textValue("");
             for (auto [frequency, milliseconds] : std::exchange(fake.hardware.beeps, {})) {
