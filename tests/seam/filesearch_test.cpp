@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -77,152 +78,6 @@ TEST_F(FileSearch, TheFilterOverAllFlagsAndAttributes) {
     }
 }
 
-TEST_F(FileSearch, Lists) {
-    for (const char* path : {"C:\\d\\a.txt", "C:\\d\\b.txt", "C:\\d\\c.doc", "C:\\d\\sub\\x.txt", "C:\\t.txt"})
-        disk.put(path);
-    disk.put("C:\\d\\long name.txt").shortName = "LONGNA~1.TXT";
-    disk.directory = "C:\\d";
-    const std::string filler(515, 'z');
-    struct Row {
-        std::string list;
-        std::uint32_t flags;
-        Names names;
-    };
-    const Row rows[] = {
-        {"*.doc;*.txt", 0, {"c.doc", "a.txt", "b.txt", "long name.txt"}},
-        {";,*.no;;*.doc,", 0, {"c.doc"}},
-        {"*.no,*.none", 0, {}},
-        {"", 0, {}},
-        {";;", 0, {}},
-        {"sub\\*.*;C:\\t.*", 512, {"sub\\x.txt", "C:\\t.txt"}},
-        {"C:*.doc;C:/d/sub/*.*", 512, {"C:c.doc", "C:/d/sub/x.txt"}},
-        {"C:\\d\\*.*", 512 | 16, {".", "C:\\d\\..", "C:\\d\\sub"}},
-        {"C:\\d\\*.*", 512 | 256 | 16, {"C:\\d\\sub"}},
-        {"C:\\d\\*.*", 1024 | 16, {"."}},  // which has no short name; the one of ".." is empty
-        {"l*.txt", 1024, {"LONGNA~1.TXT"}},
-        {"l*.txt", 1024 | 512, {"LONGNA~1.TXT"}},
-        {"a.txt;l*.txt", 1024, {}},  // kept: the empty short name looks like the end
-        {"a.txt;A.TXT", 0, {"a.txt", "a.txt"}},
-        {filler + ";*.doc", 0, {}},  // 520 characters are kept: the last pattern is "*.do"
-        {filler.substr(1) + ";*.doc", 0, {"c.doc"}},
-        {"C:\\d\\" + std::string(256, '*') + ";*.doc", 0, {"c.doc"}},  // too long for a path
-    };
-    for (const Row& row : rows) {
-        EXPECT_EQ(all(row.list, row.flags), row.names) << row.list << " " << row.flags;
-        lib().FindRelease(block);
-        EXPECT_EQ(lib().strfindfirst(block, row.list.c_str(), row.flags, name),
-                  row.names.empty() ? 0 : row.names[0].size());
-        lib().FindRelease(block);
-        lib().FindRelease(block);
-        EXPECT_STREQ(lib().FindNext(block, name), "") << "released";
-    }
-}
-
-TEST_F(FileSearch, TheStatedExamples) {
-    disk.putDirectory("C:\\d\\sub");
-    disk.put("C:\\d\\r").attributes = platform::kReadOnly;
-    disk.put("C:\\d\\ten", "0123456789");
-    EXPECT_EQ(all("C:\\d\\*.*", 0), Names{"ten"});
-    EXPECT_EQ(all("C:\\d\\*.*", 256), (Names{"sub", "ten"}));
-    EXPECT_EQ(all("C:\\d\\no*;C:\\d\\t*", 0), Names{"ten"});
-    EXPECT_EQ(lib().FileCount("C:\\d\\no*;C:\\d\\t*", 0), -1) << "kept: the first pattern's error is still there";
-    EXPECT_EQ(lib().FileCount("C:\\d\\t*;C:\\d\\r", 1 | 32), 1) << "kept: the first pattern's end ends the count";
-    EXPECT_EQ(lib().FileCount("C:\\d\\*.*;C:\\d\\no*", 256), 2);
-    EXPECT_EQ(lib().FileCount("C:\\d\\no*", 0), 0);
-    EXPECT_EQ(lib().FileCount(nullptr, 0), 0);
-    EXPECT_EQ(lib().DirSize("C:\\d\\*.*;C:\\d\\t*", 0), 20u);
-    EXPECT_EQ(lib().DirSize(nullptr, 0), 0u);
-    find("C:\\d\\ten");
-    EXPECT_EQ(lib().FindSize(block), 10u);
-    lib().FindRelease(block);
-}
-
-TEST_F(FileSearch, FirstEntriesDecideIsFile) {
-    disk.put("C:\\d\\a").attributes = platform::kHidden;
-    disk.put("C:\\d\\b").shortName = "B~1";
-    struct Row {
-        const char* list;
-        std::uint32_t flags;
-        int result;
-    };
-    for (const Row& row : {Row{"", 0, 1},
-                           {nullptr, 0, 1},
-                           {";,", 9, 1},
-                           {"C:\\d\\b", 0, 1},
-                           {"C:\\d\\c", 0, 0},
-                           {"C:\\d\\?", 0, 0},
-                           {"C:\\d\\?", 2, 1},
-                           {"C:\\d\\b;C:\\d\\a", 32, 0},
-                           {"C:\\d\\b;C:\\d\\a", 34, 1},
-                           {"C:\\d\\b;C:\\none", 32, 0},
-                           {"C:\\d\\b", 1024, 1},
-                           {"C:\\d\\a", 1026, 0},
-                           {"C:\\d", 16, 1}}) {
-        EXPECT_EQ(lib().IsFile(row.list, row.flags), row.result) << row.list << " " << row.flags;
-    }
-}
-
-TEST_F(FileSearch, GettersOfTheCurrentEntry) {
-    auto& node = disk.put("C:\\d\\long name.txt", "12345");
-    node.shortName = "LONGNA~1.TXT";
-    node.times.written = 0; fake.clock.toFileTime({2001, 2, 0, 3, 9, 8, 7, 0}, node.times.written);
-    std::int32_t a, b, c;
-    Dest text(64);
-    for (bool without : {false, true}) {
-        if (!without) find("C:\\d\\l*");
-        if (without) lib().FindNext(block, name);  // behind the end there is no entry
-        EXPECT_STREQ(lib().FindName(block, name), without ? "" : "C:\\d\\long name.txt");
-        EXPECT_EQ(lib().FindSize(block), without ? 0u : 5u);
-        EXPECT_EQ(lib().FindAttr(block), without ? -1 : 32);
-        EXPECT_EQ(lib().FindDosDate(block, &a, &b, &c), !without);
-        EXPECT_EQ(std::tuple(a, b, c), without ? std::tuple(0, 0, 0) : std::tuple(2001, 2, 3));
-        EXPECT_EQ(lib().FindDosTime(block, &a, &b, &c), !without);
-        EXPECT_EQ(std::tuple(a, b, c), without ? std::tuple(0, 0, 0) : std::tuple(9, 8, 7));
-        EXPECT_EQ(lib().FindDosTime(block, nullptr, nullptr, nullptr), !without);
-        EXPECT_EQ(lib().FindJDate(block), without ? 0 : 2451944);
-        EXPECT_STREQ(lib().FindDate(block, text), without ? "" : fake.locale.dateText.c_str());
-        EXPECT_STREQ(lib().FindDatef(block, "YYYY-MM", text), without ? "" : "2001-02");
-        EXPECT_EQ(lib().strfinddatef(block, "YYYY", text), without ? 0u : 4u);
-        EXPECT_STREQ(lib().FindTime(block, text), without ? "" : fake.locale.timeText.c_str());
-    }
-    find("C:\\d\\l*", 1024);
-    lib().FindRelease(block);
-    EXPECT_STREQ(lib().FindName(block, name), "C:\\d\\LONGNA~1.TXT") << "a released search still tells";
-
-    node.times.written = ~platform::FileTime{0};  // a time that the system cannot convert
-    find("C:\\d\\l*");
-    EXPECT_EQ(lib().FindDosDate(block, &a, &b, &c) + lib().FindDosTime(block, &a, &b, &c) + lib().FindJDate(block), 0);
-    EXPECT_EQ(lib().strfinddate(block, text) + lib().strfindtime(block, text), 0u);
-    lib().FindRelease(block);
-
-    auto size = [this](std::uint32_t high, std::uint32_t low) {
-        std::memcpy(memory.get() + 1 + 8 + 28, &high, 4);
-        std::memcpy(memory.get() + 1 + 8 + 32, &low, 4);
-        return lib().FindSize(block);
-    };
-    find("C:\\d\\l*");
-    EXPECT_EQ(size(2, 7), 5u) << "kept: the high word takes off";
-    EXPECT_EQ(size(8, 7), 0xFFFFFFFF);
-    lib().FindRelease(block);
-}
-
-TEST_F(FileSearch, NullsBeginNothing) {
-    disk.put("C:\\a");
-    std::memset(block, 'b', kBlock);
-    EXPECT_STREQ(lib().FindFirst(nullptr, "C:\\a", 0, name), "");
-    EXPECT_STREQ(lib().FindFirst(block, nullptr, 0, name), "");
-    EXPECT_EQ(lib().FindFirst(block, "C:\\a", 0, nullptr), nullptr);
-    EXPECT_EQ(std::string(static_cast<char*>(block), kBlock), std::string(kBlock, 'b'));
-    for (void* none : {block, static_cast<void*>(nullptr)}) {
-        EXPECT_STREQ(lib().FindNext(none, name), "");
-        EXPECT_STREQ(lib().FindName(none, name), "");
-        EXPECT_EQ(lib().FindSize(none), 0u);
-        EXPECT_EQ(lib().FindAttr(none), -1);
-        EXPECT_EQ(lib().FindJDate(none), 0);
-        lib().FindRelease(none);
-    }
-}
-
 // Whatever the rest of a block holds, a call stays inside it, comes to an end, and closes no search but its own.
 TEST_F(FileSearch, BlocksOfAnyContent) {
     disk.put("C:\\a");
@@ -277,84 +132,38 @@ TEST_F(FileSearch, ABlockThatIsBegunAnewIsReleased) {
     disk.findClose(others);
 }
 
-TEST_F(FileSearch, ErasesWhatItFindsAndNothingElse) {
-    for (const char* path :
-         {"C:\\d\\a.tmp", "C:\\d\\b.tmp", "C:\\d\\c;d.tmp", "C:\\d\\keep", "C:\\d\\s.tmp\\x.tmp", "C:\\e\\x.tmp"})
-        disk.put(path);
-    disk.put("C:\\d\\r.tmp").attributes = platform::kReadOnly | platform::kArchive;
-    disk.put("C:\\d\\h.tmp").attributes = platform::kHidden;
-    disk.find("C:\\d\\s.tmp")->attributes = platform::kArchive;
-    disk.putLink("C:\\d\\l.tmp", "C:\\d\\keep");
-    disk.putLink("C:\\d\\dl.tmp", "C:\\e");
-    EXPECT_EQ(lib().FEraseAll("C:\\d\\none;C:\\d\\*.tmp"), 4);
-    EXPECT_EQ(disk.names(), (Names{"C:\\d\\", "C:\\D\\dl.tmp\\", "C:\\D\\h.tmp", "C:\\D\\keep", "C:\\D\\r.tmp",
-                                   "C:\\D\\s.tmp\\", "C:\\D\\S.TMP\\x.tmp", "C:\\e\\", "C:\\E\\x.tmp"}));
-    // A pattern of which the list keeps only a part would match more than it says.
-    std::string list = "C:\\e\\*.none;" + std::string(520 - 12 - 6, 'z') + ";C:\\e\\*.none";
-    EXPECT_EQ(lib().FEraseAll(list.c_str()), 0);
-    EXPECT_TRUE(disk.find("C:\\e\\x.tmp"));
-    EXPECT_EQ(lib().FEraseAll("C:\\e\\x.*") + lib().FEraseAll("") + lib().FEraseAll(nullptr), 1);
-}
-
-TEST_F(FileSearch, FindsFilesBelowListedDirectories) {
-    for (const char* path :
-         {"C:\\a\\b\\deep\\f.txt", "C:\\a\\z\\f.txt", "C:\\a\\z\\g.txt", "C:\\q,r\\f.txt", "C:\\w\\own.txt"})
-        disk.put(path);
-    disk.putLink("C:\\a\\loop", "C:\\a");
-    disk.putLink("C:\\w\\link", "C:\\q,r");
-    disk.directory = "C:\\w";
-    struct Row {
-        const char* name;
-        const char* directories;
-        const char* found;
-    };
-    const Row rows[] = {{"f.txt", "C:\\a", "C:\\a\\b\\deep\\f.txt"},
-                        {"g.*", "C:\\none;C:\\a\\;C:\\q,r", "C:\\a\\z\\g.txt"},
-                        {"f.txt", "C:\\q,r;C:\\a", "C:\\q,r\\f.txt"},
-                        {"z", "C:\\a", "C:\\a\\z"},
-                        {"*", "C:\\a\\z", "C:\\a\\z\\f.txt"},
-                        {"deep\\f*", "C:\\a", "C:\\a\\b\\deep\\f.txt"},
-                        {"own.txt", "", "C:\\w\\own.txt"},
-                        {"OWN.TXT", nullptr, "C:\\w\\own.txt"},
-                        {"f.txt", nullptr, ""},
-                        {"own.txt", "C:", "C:\\w\\own.txt"},
-                        {"none", "C:\\", ""},
-                        {"..", "C:\\a;C:\\a\\z", ""},
-                        {"b\\.", "C:\\a", ""},
-                        {"", "C:\\a", ""},
-                        {nullptr, "C:\\a", ""},
-                        {"f.txt", "Q:\\;?", ""}};
-    for (const Row& row : rows) {
-        Dest dest(260);
-        EXPECT_EQ(lib().FileFind(row.name, row.directories, dest), dest.get());
-        EXPECT_EQ(dest.text(), row.found) << row.name << " in " << row.directories;
-        EXPECT_EQ(lib().strfilefind(row.name, row.directories, dest), std::strlen(row.found));
+TEST_F(FileSearch, SizesAndPathsBeyondTheirLimits) {
+    disk.put("C:\\long", "12345");
+    for (auto [high, size] : {std::pair(2u, 5u), {8u, 0xFFFFFFFF}}) {
+        find("C:\\l*");
+        const std::uint32_t words[] = {high, 7};
+        std::memcpy(memory.get() + 1 + 8 + 28, words, 8);
+        EXPECT_EQ(lib().FindSize(block), size) << "kept: the high word takes off";
     }
-    EXPECT_EQ(lib().FileFind("f.txt", "C:\\a", nullptr), nullptr);
-    Edit both("g.txt", 260);
-    EXPECT_STREQ(lib().FileFind(both, "C:\\a", both), "C:\\a\\z\\g.txt");
+    lib().FindRelease(block);
     std::string deep = "C:\\deep";
     while (deep.size() < 400) disk.put((deep += "\\0123456789") + "\\far");
     disk.put(deep + "\\farther");
     Dest dest(260);
-    EXPECT_STREQ(lib().FileFind("farther", "C:\\deep", dest), "") << "beyond what a path can name";
+    EXPECT_STREQ(lib().FileFind("farther", "C:\\deep", dest), "");
 }
 
 TEST_F(FileSearch, NothingLeaksWhateverFails) {
     for (const char* path : {"C:\\d\\a", "C:\\d\\b", "C:\\d\\s\\c"}) disk.put(path);
     Dest dest(260);
-    for (bool lasts : {false, true}) {
-        for (int call = 1; call <= 12; ++call) {
-            disk.fault = {.atCall = disk.calls + call, .lasts = lasts, .code = platform::kNotReady};
+    const std::function<void()> calls[] = {
+        [&] {
             all("C:\\d\\*.*;C:\\d\\s\\*.*", 0);
             lib().FindRelease(block);
-            EXPECT_EQ(disk.openSearches(), 0u);
-            disk.fault = {.atCall = disk.calls + call, .lasts = lasts, .code = platform::kNotReady};
-            lib().FileFind("none", "C:\\d", dest);
-            EXPECT_EQ(disk.openSearches(), 0u);
-            disk.fault = {.atCall = disk.calls + call, .lasts = lasts, .code = platform::kNotReady};
-            lib().FileCount("C:\\d\\*.*;C:\\d\\s\\*.*", 0);
-            lib().IsFile("C:\\d\\*.*;C:\\d\\s\\*.*", 256);
+        },
+        [&] { lib().FileFind("none", "C:\\d", dest); },
+        [&] { lib().FileCount("C:\\d\\*.*;C:\\d\\s\\*.*", 0); },
+        [&] { lib().IsFile("C:\\d\\*.*;C:\\d\\s\\*.*", 256); },
+    };
+    for (int at = 1; at <= 24; ++at) {
+        for (const auto& call : calls) {
+            disk.fault = {.atCall = disk.calls + at / 2, .lasts = at % 2 == 0, .code = platform::kNotReady};
+            call();
             EXPECT_EQ(disk.openSearches(), 0u);
         }
     }
