@@ -180,6 +180,8 @@ class MadeUpMachine final : public rows::Machine {
             seen_ = numberValue(fake.process.error);
         } else if (name == "error-mode") {
             seen_ = numberValue(fake.process.errorMode);
+        } else if (name == "directory") {
+            seen_ = textValue(fake.volumes.drives.at('C').directory);
         } else if (name == "searches") {
             seen_ = numberValue(static_cast<std::int64_t>(fake.disk.openSearches()));
         } else if (name == "beeps") {  // since the last look
