@@ -67,6 +67,7 @@ class WholeFile : public testing::Test {
             } while (n <= disk.calls && n < 200);
             EXPECT_LT(n, 200);
             EXPECT_GT(n, 1);
+            disk.fault = {};
         }
     }
 };
@@ -78,16 +79,15 @@ TEST_F(WholeFile, FailedCopiesLeaveNothing) {
             disk.put(kSource, whole).times = kStamps;
             if (older) disk.put(kTarget, "older");
         };
+        auto failed = [&](int result) {
+            bool done = result == static_cast<int>(whole.size());
+            EXPECT_TRUE(done || result == -1) << result;
+            EXPECT_EQ(get(kSource), whole);
+            EXPECT_TRUE(done ? get(kTarget) == whole : (older && get(kTarget) == "older") || !disk.find(kTarget));
+            return !done;
+        };
         faults(
-            prepare, [] { return lib().FCcopy(kSource, kTarget); },
-            [&](int result) {
-                EXPECT_EQ(get(kSource), whole);
-                bool done = result == static_cast<int>(whole.size());
-                EXPECT_TRUE(done || result == -1) << result;
-                bool untouched = older && get(kTarget) == "older";
-                EXPECT_TRUE(done ? get(kTarget) == whole : untouched || !disk.find(kTarget));
-                return !done;
-            });
+            prepare, [] { return lib().FCcopy(kSource, kTarget); }, failed);
         EXPECT_EQ(disk.find(kTarget)->times, kStamps);
     }
 }
@@ -95,31 +95,30 @@ TEST_F(WholeFile, FailedCopiesLeaveNothing) {
 TEST_F(WholeFile, CopiesOfBytesEndWhereTheyFail) {
     const std::string whole = content(700'000);
     std::int32_t from = 0, to = 0;
-    auto prepare = [&] {
-        for (std::int32_t handle : {from, to}) disk.close(handle);
+    auto copy = [&](int count, lab::Fault fault) {
         disk.put(kSource, whole);
         from = disk.open(kSource, platform::kRead);
         to = disk.create(kTarget, 0);
+        disk.calls = 0;
+        disk.fault = fault;
+        int done = lib().FCopyByte(from, to, count);
+        disk.fault = {};
+        EXPECT_EQ(disk.openFiles(), 2u);
+        return done;
     };
+    auto close = [&] { disk.close(from), disk.close(to); };
     for (int count : {0, -1, 1, 524288, 524289, 600'000, 700'000, 2'147'483'647}) {
         std::size_t expected = std::min(whole.size(), static_cast<std::size_t>(std::max(count, 0)));
-        prepare();
-        EXPECT_EQ(lib().FCopyByte(from, to, count), static_cast<int>(expected)) << count;
+        EXPECT_EQ(copy(count, {}), static_cast<int>(expected)) << count;
         EXPECT_EQ(get(kTarget), whole.substr(0, expected));
         for (std::int32_t handle : {from, to}) {
             EXPECT_EQ(disk.seek(handle, 0, platform::kFromCurrent), static_cast<int>(expected));
-            disk.close(handle);
         }
-        disk.erase(kTarget);
+        close();
     }
-    disk.put(kSource, whole);
     for (int n = 1; n <= 5; ++n) {
-        prepare();
-        disk.calls = 0;
-        disk.fault = {.atCall = n, .code = kCause};
-        EXPECT_EQ(lib().FCopyByte(from, to, 600'000), n <= 4 ? -1 : 600'000) << n;
-        EXPECT_EQ(disk.openFiles(), 2u);
-        disk.fault = {};
+        EXPECT_EQ(copy(600'000, {.atCall = n, .code = kCause}), n <= 4 ? -1 : 600'000) << n;
+        close();
     }
 }
 
@@ -136,17 +135,12 @@ TEST_F(WholeFile, FullDisks) {
             EXPECT_EQ(get(kSource), whole);
         }
     }
-    std::int32_t handle = disk.create(kTarget, 0);
-    disk.capacity = whole.size() + 10;
-    EXPECT_EQ(lib().FReplicate(handle, "abc", 9), 4) << "the one that failed counts";
-    EXPECT_EQ(get(kTarget), "abcabcabc");
-    disk.close(handle);
     for (int n = 1; n <= 4; ++n) {
         for (bool fallsShort : {false, true}) {
-            handle = disk.create(kTarget, 0);
+            std::int32_t handle = disk.create(kTarget, 0);
             disk.calls = 0;
             disk.fault = {.atCall = n, .fallsShort = fallsShort, .code = kCause};
-            EXPECT_EQ(lib().FReplicate(handle, "ab", 3), std::min(n, 3));
+            EXPECT_EQ(lib().FReplicate(handle, "ab", 3), std::min(n, 3)) << "the one that failed counts";
             EXPECT_EQ(get(kTarget).size(), n > 3 ? 6u : 2u * n - (fallsShort ? 1 : 2));
             disk.fault = {};
             disk.close(handle);
@@ -155,26 +149,23 @@ TEST_F(WholeFile, FullDisks) {
 }
 
 TEST_F(WholeFile, NoFileIsCopiedOntoItself) {
+    disk.directory = "C:\\DATA";
     for (bool known : {true, false}) {
         disk.tellsIdentity = known;
         for (const char* same : {kSource, "c:/data/source", "C:\\DATA\\.\\X\\..\\Source", "source"}) {
-            disk.directory = "C:\\DATA";
             disk.put(kSource, "precious");
             EXPECT_EQ(lib().FCcopy(kSource, same), -1) << same;
             EXPECT_EQ(error, platform::kSharingViolation);
-            EXPECT_EQ(get(kSource), "precious");
             EXPECT_EQ(lib().FMove(same, "C:\\DATA", 1), -1) << same;
-            EXPECT_EQ(get(kSource), "precious");
+            for (int n = 1; n <= 8; ++n) {
+                disk.calls = 0;
+                disk.fault = {.atCall = n, .code = kCause};
+                EXPECT_EQ(lib().FCcopy(kSource, same), -1) << n;
+                EXPECT_EQ(get(kSource), "precious") << same << n;
+                disk.fault = {};
+            }
             EXPECT_EQ(lib().FEncrypt(kSource, same), 1) << same;
             EXPECT_EQ(get(kSource), enciphered("precious"));
-        }
-        for (int n = 1; n <= 8; ++n) {
-            disk.put(kSource, "precious");
-            disk.calls = 0;
-            disk.fault = {.atCall = n, .code = kCause};
-            EXPECT_EQ(lib().FCcopy(kSource, "c:/data/source"), -1) << n;
-            EXPECT_EQ(get(kSource), "precious") << n;
-            disk.fault = {};
         }
         disk.erase(kTarget);
         error = 0;
@@ -192,19 +183,17 @@ TEST_F(WholeFile, NoFileIsCopiedOntoItself) {
 TEST_F(WholeFile, Moves) {
     constexpr char kMoved[] = "C:\\NEW\\DEEP\\SOURCE";
     const std::string whole = content(1000);
-    auto prepare = [&] { disk.put(kSource, whole).times = kStamps; };
     for (int flag : {0, 1, 2, -1}) {
-        faults(
-            prepare, [flag] { return lib().FMove(kSource, "C:\\NEW\\DEEP", flag); },
-            [&](int result) {
-                EXPECT_TRUE(result == 0 || result == -1 || (result == 1 && flag == 1)) << result;
-                EXPECT_EQ(disk.find(kSource) == nullptr, result == 0 && flag == 1);
-                EXPECT_TRUE(get(kMoved) == whole || (result == -1 && !disk.find(kMoved)));
-                return result != 0;
-            });
+        auto failed = [&](int result) {
+            EXPECT_TRUE(result == 0 || result == -1 || (result == 1 && flag == 1)) << result;
+            EXPECT_EQ(disk.find(kSource) == nullptr, result == 0 && flag == 1);
+            EXPECT_TRUE(get(kMoved) == whole || (result == -1 && !disk.find(kMoved)));
+            return result != 0;
+        };
+        faults([&] { disk.put(kSource, whole).times = kStamps; },
+               [flag] { return lib().FMove(kSource, "C:\\NEW\\DEEP", flag); }, failed);
         EXPECT_EQ(disk.find(kMoved)->times, kStamps);
     }
-    disk.fault = {};
     disk.put("C:\\A\\SOURCE", "older");
     fake.volumes.bytesFree = 0;
     EXPECT_EQ(lib().FMove(kSource, "C:\\B", 0), -1);
@@ -219,19 +208,18 @@ TEST_F(WholeFile, Moves) {
     EXPECT_EQ(get(kSource), whole);
 }
 
-TEST_F(WholeFile, ComparingWhatFails) {
+TEST_F(WholeFile, ComparingAndReadingWhatFails) {
     const std::string whole = content(150'000);
     auto prepare = [&] {
         disk.put(kSource, whole);
         disk.put(kTarget, whole + "more");
     };
+    auto failed = [](int result) {
+        EXPECT_TRUE(result == 150'001 || result == -1) << result;
+        return result == -1;
+    };
     faults(
-        prepare, [] { return lib().FCompare(kSource, kTarget); },
-        [](int result) {
-            EXPECT_TRUE(result == 150'001 || result == -1) << result;
-            return result == -1;
-        });
-    disk.fault = {};
+        prepare, [] { return lib().FCompare(kSource, kTarget); }, failed);
     error = 5;
     EXPECT_EQ(lib().FCompare(kSource, kTarget), 150'001);
     EXPECT_EQ(error, 0u) << "cleared";
@@ -242,33 +230,27 @@ TEST_F(WholeFile, ComparingWhatFails) {
     EXPECT_EQ(lib().FCompare(kSource, kTarget), -1) << "it shrinks while it is read";
     EXPECT_EQ(lib().FCcopy(kTarget, "C:\\DATA\\THIRD"), 100'000);
     EXPECT_EQ(get("C:\\DATA\\THIRD"), whole.substr(0, 100'000));
-    EXPECT_EQ(disk.openFiles(), 0u);
-}
+    disk.onCall = {};
 
-TEST_F(WholeFile, ReadingToTheEnd) {
     faults([&] { disk.put(kSource, content(600'000)); }, [] { return lib().FileTest(kSource); },
            [&](int result) { return result == 0; });
-    disk.fault = {};
     disk.put(kSource);
     error = 5;
     EXPECT_EQ(lib().FileTest(kSource), 1) << "an older reason does not count";
-
-    faults([&] { disk.put("C:\\DATA\\A.TXT", "12345"); }, [] { return lib().FileSize("C:\\DATA\\*.TXT"); },
-           [&](int result) { return result != 5; });
-    faults([&] { disk.put(kSource, "123"); }, [] { return lib().FileSize(kSource); },
-           [&](int result) { return result != 3; });
+    for (const char* name : {kSource, "C:\\DATA\\*"}) {
+        faults([&] { disk.put(kSource, "12345"); }, [=] { return lib().FileSize(name); },
+               [&](int result) { return result != 5; });
+    }
 }
 
 TEST_F(WholeFile, Wiping) {
-    const std::string whole = content(70'000);
-    faults([&] { disk.put(kSource, whole); }, [] { return lib().WipeFile(kSource); },
-           [&](int result) {
-               EXPECT_EQ(disk.find(kSource) == nullptr, result == 1);
-               EXPECT_EQ(get(kSource).size(), result == 1 ? 0 : whole.size());
-               return result == 0;
-           });
-    disk.fault = {};
-    for (std::size_t size : {1, 1023, 1024, 1025, 70'000}) {
+    auto failed = [&](int result) {
+        EXPECT_EQ(disk.find(kSource) == nullptr, result == 1);
+        EXPECT_EQ(get(kSource).size(), result == 1 ? 0 : 70'000);
+        return result == 0;
+    };
+    faults([&] { disk.put(kSource, content(70'000)); }, [] { return lib().WipeFile(kSource); }, failed);
+    for (std::size_t size : {1, 65535, 65536, 65537}) {
         disk.put(kSource, content(size, 3));
         std::string passes, last;
         disk.onCall = [&] {
@@ -277,14 +259,13 @@ TEST_F(WholeFile, Wiping) {
             last = node->data;
             if (last == std::string(size, last[0])) passes += last[0];
         };
+        disk.calls = 0;
         EXPECT_EQ(lib().WipeFile(kSource), 1) << size;
         EXPECT_EQ(passes.substr(passes.size() - 6), std::string("\0\xFF\0\xFF\0\xFF", 6)) << size;
+        EXPECT_EQ(disk.calls, 5 + 6 * (size > 65536 ? 4 : 3))
+            << "a pass writes, brings that to the disk, and goes back";
         disk.onCall = {};
     }
-    disk.put(kSource, "x");
-    disk.calls = 0;
-    EXPECT_EQ(lib().WipeFile(kSource), 1);
-    EXPECT_EQ(disk.calls, 5 + 6 * 3) << "each pass writes, brings that to the disk, and goes back";
 }
 
 TEST_F(WholeFile, Encrypting) {
@@ -293,32 +274,29 @@ TEST_F(WholeFile, Encrypting) {
         disk.put(kSource, whole);
         disk.put(kTarget, "older");
     };
+    auto failed = [&](int result) {
+        std::string made = get(kTarget);
+        EXPECT_EQ(get(kSource), whole);
+        EXPECT_TRUE(result == 1 ? made == enciphered(whole) : made == "older" || !disk.find(kTarget));
+        return result == 0;
+    };
     faults(
-        prepare, [] { return lib().FEncrypt(kSource, kTarget); },
-        [&](int result) {
-            EXPECT_EQ(get(kSource), whole);
-            std::string made = get(kTarget);
-            EXPECT_TRUE(result == 1 ? made == enciphered(whole) : made == "older" || !disk.find(kTarget));
-            return result == 0;
-        });
-    for (const char* place : {"", " \t", kSource}) {
+        prepare, [] { return lib().FEncrypt(kSource, kTarget); }, failed);
+    auto failedInPlace = [&](int result) {
+        EXPECT_EQ(get(kSource).size(), whole.size());
+        EXPECT_EQ(get(kTarget), "older");
+        EXPECT_TRUE(result == 0 || get(kSource) == enciphered(whole));
+        return result == 0;
+    };
+    for (const char* place : {" \t", kSource}) {
         faults(
-            prepare, [place] { return lib().FDecrypt(kSource, place); },
-            [&](int result) {
-                EXPECT_EQ(get(kSource).size(), whole.size());
-                EXPECT_EQ(get(kTarget), "older");
-                EXPECT_TRUE(result == 0 || get(kSource) == enciphered(whole));
-                return result == 0;
-            });
+            prepare, [place] { return lib().FDecrypt(kSource, place); }, failedInPlace);
     }
-    disk.fault = {};
-    prepare();
-    error = 5;
-    EXPECT_EQ(lib().FEncrypt(kSource, kTarget), 1);
-    EXPECT_EQ(error, 0u);
     for (std::size_t size : {0, 1, 32767, 32768, 32769, 98311}) {
         disk.put(kSource, whole.substr(0, size));
+        error = 5;
         EXPECT_EQ(lib().FEncrypt(kSource, kTarget), 1);
+        EXPECT_EQ(error, 0u);
         EXPECT_EQ(get(kTarget), enciphered(whole.substr(0, size))) << size;
     }
 }
