@@ -93,6 +93,7 @@ class Runner {
     void runForms(const Row& row, bool once) {
         const Entry* entry = catalog::find(row.name);
         if (!entry) return fail(row, "", "there is no function " + row.name);
+        if (host_.machine) host_.machine->beginCall();
         auto call = check(row, {.label = "", .entry = entry, .name = row.name});
         if (!call) return;
         checkMachine(row, *call);

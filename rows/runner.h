@@ -20,6 +20,8 @@ class Machine {
     virtual void end() = 0;
     // The words behind `with machine`; false if it knows no such setting.
     virtual bool set(const std::vector<Value>& words) = 0;
+    // A row's call comes.
+    virtual void beginCall() {}
     // What a call did to the machine, by name: `box`, `slept`; null if there is no such thing.
     virtual const Value* observed(const std::string& name) = 0;
 };

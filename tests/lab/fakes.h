@@ -70,7 +70,7 @@ class FixedClock final : public platform::Clock {
     }
 
  private:
-    static constexpr std::size_t kMostKept = 100;
+    static constexpr std::size_t kMostKept = 200;
     static constexpr platform::FileTime kSteps = 10'000;  // of a time stamp, in a millisecond
     static constexpr auto kFirst =
         std::chrono::sys_days(std::chrono::year{1601} / 1 / 1) + std::chrono::milliseconds(0);

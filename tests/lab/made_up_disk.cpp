@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cstring>
+#include <tuple>
 
 namespace vx::lab {
 
@@ -294,6 +295,17 @@ bool MadeUpDisk::truncate(std::int32_t handle) {
 }
 
 bool MadeUpDisk::flush(std::int32_t handle) { return !fails() && opened(handle); }
+
+std::string MadeUpDisk::locks() const {
+    std::set<std::tuple<std::string, std::uint64_t, std::uint64_t>> all;
+    for (auto& [handle, file] : open_) {
+        for (auto [from, end] : file.held) all.emplace(file.node->name, from, end - from);
+    }
+    std::string text;
+    for (auto& [name, from, length] : all)
+        text += (text.empty() ? "" : ", ") + name + " " + std::to_string(from) + "+" + std::to_string(length);
+    return text;
+}
 
 bool MadeUpDisk::lock(std::int32_t handle, std::uint32_t offset, std::uint32_t length) {
     if (fails()) return false;

@@ -41,6 +41,7 @@ class MadeUpDisk final : public platform::Files, public platform::Tree {
     Node* find(const std::string& path);     // null if there is none
     std::vector<std::string> names() const;  // all paths in order, directories with a separator behind
     std::size_t openFiles() const { return open_.size(); }
+    std::string locks() const;  // those held in all files, as `T.DBF 1000000000+1, T.DBF 1000000004+2`
     std::size_t openSearches() const { return searches_.size(); }
 
     Fault fault;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -35,6 +36,20 @@ struct FieldBytes {
         return padded(padded(name, 11, '\0') + type + std::string(4, '\0') + word, 32, '\0');
     }
 };
+
+// Fields as a structure text names them, with lengths as they stand: `A,C,3:N,N,10,2`.
+inline std::vector<FieldBytes> fieldsOf(const std::string& structure) {
+    std::vector<FieldBytes> fields;
+    std::istringstream entries(structure);
+    for (std::string entry; std::getline(entries, entry, ':');) {
+        std::istringstream parts(entry);
+        FieldBytes field{"", '?', 0};
+        char comma = 0;
+        std::getline(parts, field.name, ',') >> field.type >> comma >> field.length >> comma >> field.decimals;
+        fields.push_back(field);
+    }
+    return fields;
+}
 
 // As written on 31 December 1999. The records come with their deletion flags.
 inline std::string tableBytes(int version, const std::vector<FieldBytes>& fields,

@@ -2,10 +2,15 @@
 #include "tests/support/rows.h"
 
 #include <memory>
+#include <numeric>
+#include <optional>
+#include <sstream>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "rows/runner.h"
+#include "tests/lab/table_bytes.h"
 #include "tests/seam/drive_words.h"
 #include "tests/seam/seam.h"
 
@@ -36,6 +41,30 @@ std::string askedFor(const lab::FixedLocale& locale) {
     if (locale.picture.empty()) return textOf(locale.time);
     std::string text = locale.picture + " " + textOf(locale.date);
     return text.substr(0, text.find(" 00:00:00.000"));
+}
+
+// The bytes of a table or one of its companions: `dbf NAME VERSION FIELDS RECORD...`, `dbt NAME MEMO...`, `fpt`, `blo`.
+std::string bytesOf(const std::vector<Value>& words) {
+    bool isTable = words[0].text == "dbf";
+    std::vector<std::string> texts;
+    for (std::size_t i = isTable ? 4 : 2; i < words.size(); ++i) texts.push_back(words[i].text);
+    if (!isTable)
+        return words[0].text == "dbt"   ? lab::dbtBytes(texts)
+               : words[0].text == "fpt" ? lab::fptBytes(texts)
+                                        : lab::bloBytes(texts);
+    return lab::tableBytes(static_cast<int>(words.at(2).number), lab::fieldsOf(words.at(3).text), texts);
+}
+
+// `T-DBF-32-2` for two bytes at 32 of T.DBF; all that follow without the number of bytes, all without both.
+std::optional<std::string> partOfFile(lab::MadeUpDisk& disk, std::string name) {
+    std::vector<std::string> words;
+    for (std::istringstream in(name); std::getline(in, name, '-');) words.push_back(name);
+    if (words.size() < 2 || words.size() > 4) return {};
+    lab::MadeUpDisk::Node* node = disk.find(words[0] + "." + words[1]);
+    if (!node) return {};
+    std::size_t at = words.size() > 2 ? std::stoul(words[2]) : 0;
+    if (at > node->data.size()) return {};
+    return node->data.substr(at, words.size() > 3 ? std::stoul(words[3]) : std::string::npos);
 }
 
 // The stand-ins of the platform, set by words.
@@ -99,10 +128,15 @@ class MadeUpMachine final : public rows::Machine {
             fake.disk.put(text(1), text(2));
         } else if (what == "directory") {
             fake.disk.putDirectory(text(1));
-        } else if (what == "attributes") {
+        } else if (what == "dbf" || what == "dbt" || what == "fpt" || what == "blo") {
+            fake.disk.put(text(1), bytesOf(words));
+        } else if (what == "attributes" || what == "bytes" || what == "cut") {
             lab::MadeUpDisk::Node* node = fake.disk.find(text(1));
             if (!node) return false;
-            node->attributes = static_cast<std::uint32_t>(number(2));
+            auto at = static_cast<std::size_t>(number(2));
+            if (what == "attributes") node->attributes = static_cast<std::uint32_t>(at);
+            if (what == "bytes") node->data.replace(at, text(3).size(), text(3));
+            if (what == "cut") node->data.resize(at);
         } else if (what == "in") {
             fake.disk.directory = text(1);
             fake.volumes.drives['C'].directory = text(1).substr(2);
@@ -124,6 +158,9 @@ class MadeUpMachine final : public rows::Machine {
             fake.volumes.bytesFree = static_cast<std::uint64_t>(number(1));
         } else if (what == "serial") {
             fake.volumes.drives[text(1).at(0)].serial = static_cast<std::uint32_t>(number(2));
+        } else if (what == "lock") {
+            std::int32_t handle = fake.disk.open(words[1].text.c_str(), platform::kReadWrite | platform::kDenyNone);
+            fake.disk.lock(handle, static_cast<std::uint32_t>(number(2)), static_cast<std::uint32_t>(number(3)));
         } else if (what == "drive") {
             lab::MadeUpDrive drive{.kind = static_cast<platform::DriveKind>(number(2)), .label = text(3)};
             if (words.size() > 4) drive.fileSystem = text(4);
@@ -138,6 +175,8 @@ class MadeUpMachine final : public rows::Machine {
         fake.forgetClass();
         return true;
     }
+
+    void beginCall() override { calls_ = fake_->disk.calls; }
 
     const Value* observed(const std::string& name) override {
         lab::FakePlatform& fake = *fake_;
@@ -168,6 +207,14 @@ class MadeUpMachine final : public rows::Machine {
             seen_ = numberValue(std::exchange(fake.clock.reads, 0));
         } else if (name == "slept") {
             seen_ = numberValue(fake.clock.sleeps.empty() ? 0 : fake.clock.sleeps.back());
+        } else if (name == "slept-in-all") {
+            seen_ = numberValue(std::accumulate(fake.clock.sleeps.begin(), fake.clock.sleeps.end(), 0));
+        } else if (name == "calls") {
+            seen_ = numberValue(fake.disk.calls - calls_);
+        } else if (name == "locks") {
+            seen_ = textValue(fake.disk.locks());
+        } else if (auto part = partOfFile(fake_->disk, name)) {
+            seen_ = textValue(*part);
         } else if (name == "set") {
             seen_ = textValue(fake.clock.sets.empty() ? "" : textOf(fake.clock.sets.back()));
         } else if (name == "labels") {
@@ -212,6 +259,7 @@ class MadeUpMachine final : public rows::Machine {
     std::unique_ptr<lab::FakePlatform> fake_;
     Silence silence_;
     Value seen_;
+    int calls_ = 0;
 };
 
 MadeUpMachine machine;
