@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -104,6 +105,35 @@ inline std::string bloBytes(const std::vector<std::string>& blobs) {
                   padded(blob, capacity, '\0') + little(start, 4);
     }
     return blobFileHeader(static_cast<std::uint32_t>(64 + blocks.size())) + blocks + blobHeader(0, 0, 0, 0);
+}
+
+// The blocks of a blob file from the first to the last: `used/capacity` in use, `(capacity)` free, `end`; or what does
+// not hold together.
+inline std::string blocksOf(const std::string& file) {
+    auto number = [&](std::size_t at) {
+        std::uint32_t n = 0;
+        for (std::size_t i = 4; i-- > 0;) n = n << 8 | (at + i < file.size() ? file[at + i] & 0xFF : 0);
+        return n;
+    };
+    std::set<std::size_t> free;  // by the list
+    for (std::uint32_t at = number(2), previous = 0; at != 0; previous = at, at = number(at + 4)) {
+        if (number(at + 8) != previous) return "the previous of " + std::to_string(at);
+        if (!free.insert(at).second) return "a circle";
+    }
+    std::string text;
+    std::size_t listed = 0;
+    for (std::size_t at = 64; at < file.size();) {
+        std::uint32_t used = number(at + 12), capacity = number(at + 16);
+        if (file.substr(at, 2) != little(0xFE07, 2)) return text + "no block";
+        if (free.contains(at) != (used == 0)) return text + "in use and free";
+        listed += used == 0;
+        bool ends = number(at + 4) == 0 && at + 20 == file.size() && listed == free.size();
+        if (capacity == 0) return text + (ends ? "end" : "an end that is none");
+        if (number(at + 20 + capacity) != at) return text + "another trailer";
+        text += (used ? std::to_string(used) + "/" : "(") + std::to_string(capacity) + (used ? " " : ") ");
+        at += 24 + capacity;
+    }
+    return text + "no end";
 }
 
 // A memo field's text, and a blob field's.

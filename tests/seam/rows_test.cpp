@@ -211,6 +211,8 @@ class MadeUpMachine final : public rows::Machine {
             seen_ = numberValue(std::accumulate(fake.clock.sleeps.begin(), fake.clock.sleeps.end(), 0));
         } else if (name == "calls") {
             seen_ = numberValue(fake.disk.calls - calls_);
+        } else if (name == "blocks") {
+            seen_ = textValue(lab::blocksOf(fake_->disk.find("T.BLO")->data));
         } else if (name == "locks") {
             seen_ = textValue(fake.disk.locks());
         } else if (auto part = partOfFile(fake_->disk, name)) {

@@ -14,10 +14,10 @@ namespace vx::test {
 
 inline constexpr std::int32_t kPrivateMode = 2;
 inline constexpr std::int32_t kSharedMode = 66;
-inline constexpr std::size_t kValueRoom = 65537;
 
+// A value in room for its size and a terminator.
 inline std::string valueOf(std::uint32_t table, int field) {
-    Dest dest(kValueRoom);
+    Dest dest(lib().DbfFieldSize(table, field) + std::size_t{1});
     std::uint32_t size = lib().strdbfFieldGet(table, field, dest);
     return {dest.get(), size};
 }
@@ -31,19 +31,15 @@ inline std::string recordOf(std::uint32_t table) {
     return {dest.get(), size};
 }
 
-struct Place {
-    int number;
-    int bof;
-    int eof;
-    bool operator==(const Place&) const = default;
-};
-inline std::ostream& operator<<(std::ostream& to, const Place& place) {
-    return to << place.number << " bof " << place.bof << " eof " << place.eof;
+// Number, whether before the first record, whether behind the last.
+inline std::vector<std::int64_t> placeOf(std::uint32_t table) {
+    return {lib().DbfRecno(table), lib().DbfBof(table), lib().DbfEof(table)};
 }
-inline Place placeOf(std::uint32_t table) { return {lib().DbfRecno(table), lib().DbfBof(table), lib().DbfEof(table)}; }
 
 class TableTest : public testing::Test {
  protected:
+    using Texts = std::vector<std::string>;
+
     lab::FakePlatform fake{door()};
     lab::MadeUpDisk& disk = fake.disk;
     std::vector<std::uint32_t> opened;
@@ -54,13 +50,20 @@ class TableTest : public testing::Test {
         EXPECT_EQ(disk.openFiles(), 0u);
     }
 
-    std::uint32_t keep(std::uint32_t table) {
-        opened.push_back(table);
-        return table;
+    std::uint32_t open(const char* name = "T", std::int32_t mode = kPrivateMode) {
+        opened.push_back(lib().DbfOpen(name, mode));
+        return opened.back();
     }
-    std::uint32_t open(const char* name, std::int32_t mode = kPrivateMode) { return keep(lib().DbfOpen(name, mode)); }
-    std::uint32_t create(const char* name, const char* structure) { return keep(lib().DbfStrCreate(name, structure)); }
     std::string& bytes(const std::string& name) { return disk.find(name)->data; }
+
+    // Table T with a file of each kind of companion.
+    void putFiles(int version, const char* fields, const Texts& records, const Texts& memos = {},
+                  const Texts& blobs = {}) {
+        disk.put("T.DBF", lab::tableBytes(version, lab::fieldsOf(fields), records));
+        disk.put("T.DBT", lab::dbtBytes(memos));
+        disk.put("T.FPT", lab::fptBytes(memos));
+        disk.put("T.BLO", lab::bloBytes(blobs));
+    }
 };
 
 }  // namespace vx::test
