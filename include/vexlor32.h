@@ -1088,7 +1088,7 @@ VEXLOR32_API uint32_t VEXLOR32_CALL StrStrSwap(const char *text, const char *del
  *   month    from 1
  *   day      from 1
  *   picture  text; NULL counts as empty
- *   dest     destination; room: len(picture) * 11 + 1; NULL: nothing is written
+ *   dest     destination; room: len(picture) * 11 + 1; NULL: nothing is written; never the text itself
  *   returns  dest */
 VEXLOR32_API char *VEXLOR32_CALL IntToDatef(int32_t year, int32_t month, int32_t day, const char *picture, char *dest);
 #ifdef VEXLOR32_ALL_NAMES
@@ -1108,7 +1108,7 @@ VEXLOR32_API uint32_t VEXLOR32_CALL strinttodatef(int32_t year, int32_t month, i
 /* The date of a day number as a picture shows it; no date is 0 in year, month and day.
  *   jd       a day number
  *   picture  text; NULL counts as empty
- *   dest     destination; room: len(picture) * 11 + 1; NULL: nothing is written
+ *   dest     destination; room: len(picture) * 11 + 1; NULL: nothing is written; never the text itself
  *   returns  dest */
 VEXLOR32_API char *VEXLOR32_CALL GetJDatef(int32_t jd, const char *picture, char *dest);
 #ifdef VEXLOR32_ALL_NAMES
@@ -1127,7 +1127,7 @@ VEXLOR32_API uint32_t VEXLOR32_CALL strgetjdatef(int32_t jd, const char *picture
 
 /* Today's date as a picture shows it.
  *   picture  text; NULL counts as empty
- *   dest     destination; room: len(picture) * 11 + 1; NULL: nothing is written
+ *   dest     destination; room: len(picture) * 11 + 1; NULL: nothing is written; never the text itself
  *   returns  dest */
 VEXLOR32_API char *VEXLOR32_CALL GetDatef(const char *picture, char *dest);
 #ifdef VEXLOR32_ALL_NAMES
@@ -3662,7 +3662,7 @@ VEXLOR32_API uint32_t VEXLOR32_CALL StrStrWrap(const char *text, int32_t line, i
  *   text      text; NULL counts as empty
  *   width     in columns; below 1 counts as 1
  *   tabWidth  -2 for 8; at least 1 and at most 255 apply
- *   dest      destination; room: len(text) * 3 + 1; NULL: nothing is written
+ *   dest      destination; room: len(text) * 3 + 1; NULL: nothing is written; never the text itself
  *   returns   dest
  * A carriage return comes out as a hard line end (0x0D 0x0A), a line feed by itself is dropped. A removed line feed
  * or soft line end still counts as one column. */
@@ -3728,7 +3728,8 @@ VEXLOR32_API int32_t VEXLOR32_CALL _nexttabstop(int32_t column, int32_t tabWidth
  *   text      text; NULL counts as empty
  *   tabWidth  -2 for 8; at least 1 and at most 255 apply
  *   fill      its first character replaces tabs; NULL or empty: the fill character
- *   dest      destination; room: len(text) * max(min(tabWidth, 255), 8) + 1; NULL: nothing is written
+ *   dest      destination; room: len(text) * max(min(tabWidth, 255), 8) + 1; NULL: nothing is written; never the text
+ *             itself
  *   returns   dest */
 VEXLOR32_API char *VEXLOR32_CALL TabExpand(const char *text, int32_t tabWidth, const char *fill, char *dest);
 #ifdef VEXLOR32_ALL_NAMES
@@ -5755,7 +5756,8 @@ VEXLOR32_API uint32_t VEXLOR32_CALL StrSwapToken(const char *text, const char *d
  *   delimiters  NULL or empty: the default set
  *   count       fill characters between two tokens; below 0 counts as 0
  *   fill        its first character fills; NULL or empty: the fill character
- *   dest        destination; room: len(text) + len(text) // 2 * max(count, 0) + 1; NULL: nothing is written
+ *   dest        destination; room: len(text) + len(text) // 2 * max(count, 0) + 1; NULL: nothing is written; never
+ *               the text itself
  *   returns     the terminator of the result; dest itself if there is no token, NULL if dest is NULL
  * Since the result is the terminator, the length form always returns 0. */
 VEXLOR32_API char *VEXLOR32_CALL SpaceToken(const char *text, const char *delimiters, int32_t count, const char *fill, char *dest);
@@ -5839,7 +5841,7 @@ VEXLOR32_API int32_t VEXLOR32_CALL matchtoken(const char *text, const char *deli
  *   codes       a letter for each column: L left, R right, C centre; the last one holds for all further columns. NULL
  *               or empty: L
  *   dest        destination; room: max(count, (len(text) + 1) // 2) * (max(width, 0) + max(len(separator), 1)) + 1;
- *               NULL: nothing is written
+ *               NULL: nothing is written; never the text itself
  *   returns     dest
  * Any other letter keeps the place at which the token before began in its column. The line has `count` columns and
  * the gaps between them; the rest of the room is for a `count` of -2. */
@@ -5863,7 +5865,7 @@ VEXLOR32_API uint32_t VEXLOR32_CALL StrAlignToken(const char *text, const char *
  *               VX_TOKENS_INDENTED (1) from where the first token stands in the text, VX_TOKENS_LEFT (2) from the
  *               left margin, VX_TOKENS_RIGHT_INDENTED (3) as far from the right margin as in the text,
  *               VX_TOKENS_RIGHT (4) up to the right margin
- *   dest        destination; room: max(width, 0) + 1; NULL: nothing is written
+ *   dest        destination; room: max(width, 0) + 1; NULL: nothing is written; never the text itself
  *   returns     dest
  * Any other mode gives a line of fill characters. */
 VEXLOR32_API char *VEXLOR32_CALL TokenJustify(const char *text, const char *delimiters, int32_t width, int32_t mode, char *dest);
