@@ -132,11 +132,10 @@ void Call::place() {
             own = slot.given ? slot.bytes.size() + 1 : 0;  // else the documented room only
         sizes[i] = std::max<std::size_t>({own, static_cast<std::size_t>(room), 1});
         if (isSupplied(argument.kind) && form_.without == static_cast<int>(i)) slot.isNull = true;
-        if (argument.kind == Kind::kDest && (form_.inPlace || form_.ontoText)) slot.isNull = true;
+        if (argument.kind == Kind::kDest && (form_.inPlace || form_.onto >= 0)) slot.isNull = true;
         slot.written = argument.kind != Kind::kStr && argument.kind != Kind::kBytes && !slot.isNull;
         if (argument.kind == Kind::kDest && slot.isNull) {
-            int onto = form_.ontoText ? 0 : argument.inPlace;
-            while (form_.ontoText && entry_.arguments[static_cast<std::size_t>(onto)].kind != Kind::kStr) ++onto;
+            int onto = form_.onto >= 0 ? form_.onto : argument.inPlace;
             if (onto < 0) continue;
             auto text = static_cast<std::size_t>(onto);
             sizes[text] = std::max(sizes[text], sizes[i]);
@@ -166,14 +165,10 @@ void Call::place() {
         slot.before.assign(start, sizes[i]);
         values_[i].text = start + slot.front;
     }
-    if (!form_.ontoText) return;
+    if (form_.onto < 0) return;
     for (std::size_t i = 0; i < slots_.size(); ++i) {
-        if (entry_.arguments[i].kind != Kind::kDest) continue;
-        for (std::size_t text = 0; text < slots_.size(); ++text) {
-            if (entry_.arguments[text].kind != Kind::kStr) continue;
-            values_[i].text = values_[text].text;
-            break;
-        }
+        if (entry_.arguments[i].kind == Kind::kDest)
+            values_[i].text = values_[static_cast<std::size_t>(form_.onto)].text;
     }
 }
 
@@ -340,10 +335,10 @@ std::vector<std::string> Call::differences(const Row& row, Variables& variables)
         if (name == "in-place" && form_.inPlace) outcome = &value;
     }
     // What works in place may give NULL, and has no other place for its text.
-    bool isElsewhere = outcome->kind == Wanted::kPlace && (form_.inPlace || form_.ontoText);
+    bool isElsewhere = outcome->kind == Wanted::kPlace && (form_.inPlace || form_.onto >= 0);
     if (!isElsewhere) add(compare(*outcome, variables));
     for (const auto& [name, value] : row.outputs) {
-        bool isPlace = name == "result" && value.kind != Wanted::kNumber && (form_.inPlace || form_.ontoText);
+        bool isPlace = name == "result" && value.kind != Wanted::kNumber && (form_.inPlace || form_.onto >= 0);
         if (!isPlace && knows(name)) add(compareOutput(name, value, variables));
     }
     return all;

@@ -28,7 +28,7 @@ struct Form {
     const catalog::Entry* entry = nullptr;
     std::string name;        // the exported one
     bool inPlace = false;    // NULL for the destination
-    bool ontoText = false;   // the text itself for the destination
+    int onto = -1;           // the text that is the destination, too
     int without = -1;        // the output that is NULL
     bool atFront = false;    // buffers begin behind an inaccessible page instead of ending before one
     bool zeroBased = false;  // positions of the row count from 1, the entry's from 0

@@ -30,6 +30,18 @@ const Argument* destinationOf(const Entry& entry) {
     return found == entry.arguments.end() ? nullptr : &*found;
 }
 
+// The text that the result is made from: the one called so, else the first; -1 if there is none.
+int textOf(const Entry& entry) {
+    int first = -1;
+    for (int i = static_cast<int>(entry.arguments.size()); i-- > 0;) {
+        const Argument& argument = entry.arguments[static_cast<std::size_t>(i)];
+        if (argument.kind != Kind::kStr) continue;
+        if (argument.name == std::string("text")) return i;
+        first = i;
+    }
+    return first;
+}
+
 class Runner {
  public:
     explicit Runner(const Host& host) : host_(host) {}
@@ -134,11 +146,9 @@ class Runner {
             check(row, form);
             if (const Entry* length = lengthFormOf(entry)) runLength(row, *length, true);
         }
-        auto text = std::find_if(entry.arguments.begin(), entry.arguments.end(),
-                                 [](const Argument& a) { return a.kind == Kind::kStr; });
-        if (differs || dest->apart || text == entry.arguments.end()) return;
-        if (plain.hasNull(static_cast<std::size_t>(text - entry.arguments.begin()))) return;
-        check(row, {.label = "with its text as destination", .entry = &entry, .name = entry.main(), .ontoText = true});
+        int text = textOf(entry);
+        if (differs || dest->apart || text < 0 || plain.hasNull(static_cast<std::size_t>(text))) return;
+        check(row, {.label = "with its text as destination", .entry = &entry, .name = entry.main(), .onto = text});
     }
 
     void runWithoutOutputs(const Row& row, const Entry& entry, const Call& plain) {
