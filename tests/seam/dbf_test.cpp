@@ -228,12 +228,15 @@ TEST_F(Tables, BlobsFreedBetweenDamagedBlocks) {
                                              {"trailer of another free one", 124, 320, 40, 104},
                                              {"right in use", 204, 3, 104, 40},
                                              {"right of another capacity", 208, 20, 104, 40},
+                                             {"right leads back: a circle", 196, 64, 104, 40},
                                              {"neither listed", 68, 320, 40, 40}}) {
         std::uint32_t table =
             withBlobs("B,B,20", blobReference(128, 5), std::string(sound).replace(at, 4, little(to, 4)));
         EXPECT_EQ(lib().DbfFieldPut(table, 1, ""), 1);
         EXPECT_EQ(bytes("T.BLO").substr(80, 4), little(left, 4)) << what;
         EXPECT_EQ(bytes("T.BLO").substr(144, 4), little(freed, 4)) << what;
+        EXPECT_EQ(lib().DbfFieldPut(table, 1, std::string(400, 'v').c_str()), 1);
+        EXPECT_EQ(valueOf(table, 1), std::string(400, 'v'));
     }
 }
 
