@@ -126,6 +126,8 @@ class MadeUpMachine final : public rows::Machine {
             fake.locale.formatted = text(1);
         } else if (what == "file") {
             fake.disk.put(text(1), text(2));
+        } else if (what == "files") {
+            for (std::size_t i = 1; i < words.size(); ++i) fake.disk.put(text(i));
         } else if (what == "directory") {
             fake.disk.putDirectory(text(1));
         } else if (what == "dbf" || what == "dbt" || what == "fpt" || what == "blo") {
