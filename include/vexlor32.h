@@ -4440,7 +4440,7 @@ VEXLOR32_API uint32_t VEXLOR32_CALL strregextract(const char *pattern, const cha
  *   n            which match, 1 for the first
  *   replacement  the new text, with & and \\0 for the match and \\1 to \\9 for the groups; NULL counts as empty
  *   dest         destination; room: min(size, len(text) + (len(text) + 1) * len(replacement) + 1); NULL: nothing is
- *                written; left as it is when size is below 1
+ *                written; left as it is when size is below 1; never the text itself
  *   size         bytes at dest, the terminator included
  *   returns      dest */
 VEXLOR32_API char *VEXLOR32_CALL RegSwap(const char *pattern, const char *text, uint32_t n, const char *replacement, char *dest, uint32_t size);
