@@ -152,7 +152,7 @@ class TablesAndLines(Host):
             file = f"{folder}/t.dbf"
             with Table(file, b"NAME,C,10:AMOUNT,N,8,2:NOTE,M") as table:
                 for row in self.ROWS:
-                    table.append(["NAME", "AMOUNT", "NOTE"], row)
+                    table.append(dict(enumerate(row, 1)))
                     if row[0] == "deleted":
                         table.library.DbfDelete(table.handle)
             lines = self.printed("--table", "--deleted", file).decode().splitlines()
