@@ -167,6 +167,8 @@ class MadeUpMachine final : public rows::Machine {
             lab::MadeUpDrive drive{.kind = static_cast<platform::DriveKind>(number(2)), .label = text(3)};
             if (words.size() > 4) drive.fileSystem = text(4);
             fake.volumes.drives[text(1).at(0)] = drive;
+        } else if (what == "no-drives") {
+            fake.volumes.drives.clear();
         } else if (what == "drive-fails") {
             fake.volumes.drives[text(1).at(0)].error = static_cast<std::uint32_t>(number(2));
         } else if (what == "current") {
