@@ -1,10 +1,10 @@
 #include "cli/text.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstdint>
 
 #include "cli/errors.h"
+#include "rows/script.h"
 
 namespace vx::cli {
 namespace {
@@ -109,30 +109,8 @@ std::string inQuotes(std::string_view bytes) {
     return result + '"';
 }
 
-std::string unescaped(std::string_view text) {
-    constexpr std::string_view letters = "ntr0\\\"", meanings("\n\t\r\0\\\"", 6);
-    std::string result;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] != '\\') {
-            result += text[i];
-            continue;
-        }
-        std::string_view rest = text.substr(i + 1);
-        std::size_t simple = rest.empty() ? letters.npos : letters.find(rest[0]);
-        unsigned code = 0;
-        if (simple != letters.npos) {
-            result += meanings[simple];
-            ++i;
-        } else if (rest.size() >= 3 && rest[0] == 'x' &&
-                   std::from_chars(&rest[1], &rest[3], code, 16).ptr == &rest[3]) {
-            result += static_cast<char>(code);
-            i += 3;
-        } else {
-            throw UsageError("no such escape: " + std::string(text.substr(i, 4)) +
-                             R"( (there are \n \t \r \0 \\ \" \xHH))");
-        }
-    }
-    return result;
+std::string unescaped(std::string_view text) try { return rows::unescaped(text); } catch (const std::string& what) {
+    throw UsageError(what);
 }
 
 std::string hex(std::string_view bytes) {

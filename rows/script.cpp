@@ -127,28 +127,13 @@ class Line {
     }
 
     std::string quotedHere() {
-        constexpr std::string_view letters = "ntr0\\\"", meanings("\n\t\r\0\\\"", 6);
-        std::string text;
         for (std::size_t i = 1; i < rest_.size(); ++i) {
             if (rest_[i] == '"') {
+                std::string text = unescaped(rest_.substr(1, i - 1));
                 rest_.remove_prefix(i + 1);
                 return text;
             }
-            if (rest_[i] != '\\') {
-                text += rest_[i];
-                continue;
-            }
-            char letter = ++i < rest_.size() ? rest_[i] : '\0';
-            unsigned code = 0;
-            if (std::size_t simple = letters.find(letter); letter && simple != letters.npos) {
-                text += meanings[simple];
-            } else if (letter == 'x' && i + 2 < rest_.size() &&
-                       std::from_chars(&rest_[i + 1], &rest_[i + 3], code, 16).ptr == &rest_[i + 3]) {
-                text += static_cast<char>(code);
-                i += 2;
-            } else {
-                throw "no such escape: \\" + std::string(rest_.substr(i, 3));
-            }
+            if (rest_[i] == '\\') ++i;
         }
         throw std::string("a text without its closing quote");
     }
@@ -327,6 +312,31 @@ std::vector<Block> parse(const std::string& file, std::string_view text) {
     }
     endBlock();
     return blocks;
+}
+
+std::string unescaped(std::string_view text) {
+    constexpr std::string_view letters = "ntr0\\\"", meanings("\n\t\r\0\\\"", 6);
+    std::string result;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] != '\\') {
+            result += text[i];
+            continue;
+        }
+        std::string_view rest = text.substr(i + 1);
+        std::size_t simple = rest.empty() ? letters.npos : letters.find(rest[0]);
+        unsigned code = 0;
+        if (simple != letters.npos) {
+            result += meanings[simple];
+            ++i;
+        } else if (rest.size() >= 3 && rest[0] == 'x' &&
+                   std::from_chars(&rest[1], &rest[3], code, 16).ptr == &rest[3]) {
+            result += static_cast<char>(code);
+            i += 3;
+        } else {
+            throw "no such escape: " + std::string(text.substr(i, 4)) + R"( (there are \n \t \r \0 \\ \" \xHH))";
+        }
+    }
+    return result;
 }
 
 std::string inQuotes(std::string_view text) {

@@ -87,6 +87,9 @@ class ScriptError : public std::runtime_error {
 // Reads a file's text. A line `@ FILE LINE` says where the lines behind it come from.
 std::vector<Block> parse(const std::string& file, std::string_view text);
 
+// Reads \n \t \r \0 \\ \" and \xHH; throws a text that tells of any other escape.
+std::string unescaped(std::string_view text);
+
 // The value as a row has it.
 std::string shown(const Value& value);
 std::string inQuotes(std::string_view text);

@@ -48,6 +48,8 @@ Surroundings::Surroundings(const Block& block, const Host& host, Variables& vari
 Surroundings::~Surroundings() { takeBack(); }
 
 void Surroundings::set(const Setup& setup) {
+    if (setup.until && !catalog::find(setup.until->name))
+        throw ScriptError(setup.file, setup.line, "there is no function " + setup.until->name);
     if (setup.call) {
         makeCall(*setup.call);
         return;
@@ -92,7 +94,8 @@ void Surroundings::makeTable(const Setup& setup) {
         std::string value;
         for (int field = 1; std::getline(values, value, '|'); ++field) {
             Value text{.kind = Value::Kind::kText, .number = 0, .text = value};
-            makeCall(setup, "DbfFieldPut", {number(table_), number(field), text});
+            if (makeCall(setup, "DbfFieldPut", {number(table_), number(field), text}) != 1)
+                throw ScriptError(setup.file, setup.line, "the table takes no `" + value + "`");
         }
     }
     makeCall(setup, "DbfGoto", {number(table_), number(1)});
