@@ -69,7 +69,7 @@ def main():
     parser.add_argument("--root", type=pathlib.Path, default=ROOT, help="folder that holds exports/ and src/")
     options = parser.parse_args()
     try:
-        families, groups = read_table(options.root, options.root / "src")
+        families, groups = read_table(options.root)
         examples.check_rows(families, options.root)
     except TableError as error:
         print(error, file=sys.stderr)

@@ -7,10 +7,14 @@ def parameters(entry):
     return ", ".join(f"{a.ctype}{PARAMETER_GAP[a.ctype.endswith('*')]}{a.name}" for a in entry.arguments) or "void"
 
 
+def definition(entry, arguments):
+    return f"{entry.result_type.strip()} VX_CALL vx_{entry.symbol}({arguments}) noexcept"
+
+
 def declarations(family):
     """The header that a family's source includes: a definition that differs from the table does not compile."""
     lines = [f"// Made from exports/{family.stem}.toml.", "#pragma once", '#include "frame/entry.h"', ""]
-    lines += [f"DECLARE_ENTRY({e.result_type.strip()}, {e.symbol})({parameters(e)}) noexcept;" for e in family.entries]
+    lines += [f'extern "C" VX_EXPORT {definition(e, parameters(e))};' for e in family.entries]
     return "\n".join(lines) + "\n"
 
 
@@ -47,7 +51,7 @@ def mechanical(families):
                 unnamed = parameters(entry)
                 if entry.making == "stub":
                     unnamed = ", ".join(a.ctype.strip() for a in entry.arguments) or "void"
-                lines.append(f"ENTRY({entry.result_type.strip()}, {entry.symbol})({unnamed}) noexcept {{ {BODIES[entry.making](entry)} }}")
+                lines.append(f"{definition(entry, unnamed)} {{ {BODIES[entry.making](entry)} }}")
     return "\n".join(lines) + "\n"
 
 

@@ -318,20 +318,7 @@ def check_names(families, root):
                 owner[name] = entry
 
 
-def check_implementations(families, root, sources):
-    """Each handwritten entry must be defined somewhere, by ENTRY(type, Symbol) or a family's own MACRO(Symbol, ...)."""
-    written = set()
-    for source in sorted(sources.rglob("*.cpp")):
-        text = source.read_text(encoding="utf-8", errors="replace")
-        written |= set(re.findall(r"^[A-Z][A-Z_]+\((?:[^(),]*,\s*)?(\w+)\s*[,)]", text, re.MULTILINE))
-    for family in families:
-        for entry in family.entries:
-            if entry.making == "hand" and entry.symbol not in written:
-                raise TableError(family.path.relative_to(root), entry.line,
-                                 f"{entry.main} has no implementation: write ENTRY({entry.result_type.strip()}, {entry.symbol}) in src/{family.area}/{family.stem}.cpp")
-
-
-def read_table(root, sources=None):
+def read_table(root):
     path = root / "exports" / CONSTANTS
     try:
         groups = read_constants(path)
@@ -342,6 +329,4 @@ def read_table(root, sources=None):
         if path.name != CONSTANTS:
             families.append(FamilyReader(path, path.relative_to(root), Mentions(groups)).read())
     check_names(families, root)
-    if sources:
-        check_implementations(families, root, sources)
     return families, groups

@@ -56,7 +56,7 @@ void copyForward(char* to, const char* from, std::size_t size) {
 
 using namespace vx;
 
-ENTRY(void*, _str2blob)(void* blob, int32_t offset, int32_t length, const char* text) noexcept {
+void* VX_CALL vx__str2blob(void* blob, int32_t offset, int32_t length, const char* text) noexcept {
     if (!blob) return nullptr;
     char* field = at(static_cast<char*>(blob), offset);
     std::size_t size = atLeastZero(length);
@@ -66,26 +66,26 @@ ENTRY(void*, _str2blob)(void* blob, int32_t offset, int32_t length, const char* 
     return blob;
 }
 
-ENTRY(int32_t, _byte2blob)(void* blob, int32_t offset, int32_t value) noexcept {
+int32_t VX_CALL vx__byte2blob(void* blob, int32_t offset, int32_t value) noexcept {
     return exchange<std::int8_t>(blob, offset, value);
 }
-ENTRY(int32_t, _int2blob)(void* blob, int32_t offset, int32_t value) noexcept {
+int32_t VX_CALL vx__int2blob(void* blob, int32_t offset, int32_t value) noexcept {
     return exchange<std::int32_t>(blob, offset, value);
 }
-ENTRY(int32_t, _long2blob)(void* blob, int32_t offset, int32_t value) noexcept {
+int32_t VX_CALL vx__long2blob(void* blob, int32_t offset, int32_t value) noexcept {
     return exchange<std::int32_t>(blob, offset, value);
 }
 
-ENTRY(int32_t, _blob2byte)(const void* blob, int32_t offset) noexcept { return read<std::int8_t>(blob, offset); }
-ENTRY(int32_t, _blob2int)(const void* blob, int32_t offset) noexcept { return read<std::int32_t>(blob, offset); }
-ENTRY(int32_t, _blob2long)(const void* blob, int32_t offset) noexcept { return read<std::int32_t>(blob, offset); }
+int32_t VX_CALL vx__blob2byte(const void* blob, int32_t offset) noexcept { return read<std::int8_t>(blob, offset); }
+int32_t VX_CALL vx__blob2int(const void* blob, int32_t offset) noexcept { return read<std::int32_t>(blob, offset); }
+int32_t VX_CALL vx__blob2long(const void* blob, int32_t offset) noexcept { return read<std::int32_t>(blob, offset); }
 
-ENTRY(char*, _blob2str)(const void* blob, int32_t offset, int32_t count, char* dest) noexcept {
+char* VX_CALL vx__blob2str(const void* blob, int32_t offset, int32_t count, char* dest) noexcept {
     if (!blob) return const_cast<char*>(emptyText);
     return dest ? store(dest, {at(static_cast<const char*>(blob), offset), atLeastZero(count)}) : nullptr;
 }
 
-ENTRY(void*, blobcopy)(const void* blob, int32_t offset, void* dest, int32_t destOffset, int32_t count) noexcept {
+void* VX_CALL vx_blobcopy(const void* blob, int32_t offset, void* dest, int32_t destOffset, int32_t count) noexcept {
     if (!blob || !dest) return dest;
     char* to = at(static_cast<char*>(dest), destOffset);
     std::size_t size = atLeastZero(count);
@@ -93,7 +93,7 @@ ENTRY(void*, blobcopy)(const void* blob, int32_t offset, void* dest, int32_t des
     return to + size;
 }
 
-ENTRY(void*, MemCopy)(void* dest, const void* source, int32_t count) noexcept {
+void* VX_CALL vx_MemCopy(void* dest, const void* source, int32_t count) noexcept {
     if (dest && source) copyForward(static_cast<char*>(dest), static_cast<const char*>(source), atLeastZero(count));
     return dest;
 }

@@ -182,24 +182,24 @@ std::uint32_t hash(const char* bytes, std::size_t count, std::uint32_t size) {
 
 using namespace vx;
 
-ENTRY(uint32_t, Crc32)(const void* bytes, uint32_t running, uint32_t count) noexcept {
+uint32_t VX_CALL vx_Crc32(const void* bytes, uint32_t running, uint32_t count) noexcept {
     return bytes ? crc32(static_cast<const std::uint8_t*>(bytes), count, running) : running;
 }
 
-ENTRY(uint32_t, Crc16)(const void* bytes, uint32_t running, uint32_t count) noexcept {
+uint32_t VX_CALL vx_Crc16(const void* bytes, uint32_t running, uint32_t count) noexcept {
     if (!bytes || count == 0) return running;
     auto all = static_cast<const std::uint8_t*>(bytes);
     // kept: the last byte's step is not cut to 16 bits, so the value before it shows above them.
     return crc16Byte(all[count - 1], crc16(all, count - 1, static_cast<std::uint16_t>(running)));
 }
 
-ENTRY(uint32_t, CheckSum)(const char* text) noexcept { return checkSum(view(text)); }
-ENTRY(uint32_t, StrSum)(const char* text) noexcept { return plainSum(view(text)); }
+uint32_t VX_CALL vx_CheckSum(const char* text) noexcept { return checkSum(view(text)); }
+uint32_t VX_CALL vx_StrSum(const char* text) noexcept { return plainSum(view(text)); }
 
-ENTRY(uint32_t, StrHash)(const char* text, uint32_t size) noexcept { return hash(text, view(text).size(), size); }
-ENTRY(uint32_t, vbstrhash)(const char* text, uint32_t size) noexcept {
+uint32_t VX_CALL vx_StrHash(const char* text, uint32_t size) noexcept { return hash(text, view(text).size(), size); }
+uint32_t VX_CALL vx_vbstrhash(const char* text, uint32_t size) noexcept {
     return hash(text, view(text).size(), static_cast<std::uint16_t>(size));
 }
-ENTRY(uint32_t, blobhash)(const void* bytes, int32_t count, uint32_t size) noexcept {
+uint32_t VX_CALL vx_blobhash(const void* bytes, int32_t count, uint32_t size) noexcept {
     return bytes ? hash(static_cast<const char*>(bytes), atLeastZero(count), size) : 0;
 }

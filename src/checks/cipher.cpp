@@ -98,13 +98,13 @@ void applyBufferCipher(void* block, std::size_t size) {
 using namespace vx;
 
 // kept: encrypting and decrypting are one operation, and the third argument is not written to.
-ENTRY(char*, Encrypt)(char* text, const char* key, const char* result) noexcept {
+char* VX_CALL vx_Encrypt(char* text, const char* key, const char* result) noexcept {
     return cipherText(text, key, result);
 }
-ENTRY(char*, Decrypt)(char* text, const char* key, const char* result) noexcept {
+char* VX_CALL vx_Decrypt(char* text, const char* key, const char* result) noexcept {
     return cipherText(text, key, result);
 }
 
 // kept: the key argument changes nothing.
-ENTRY(void*, _blobencrypt)(void* buffer, uint32_t count, const char*) noexcept { return cipherBlock(buffer, count); }
-ENTRY(void*, _blobdecrypt)(void* buffer, uint32_t count, const char*) noexcept { return cipherBlock(buffer, count); }
+void* VX_CALL vx__blobencrypt(void* buffer, uint32_t count, const char*) noexcept { return cipherBlock(buffer, count); }
+void* VX_CALL vx__blobdecrypt(void* buffer, uint32_t count, const char*) noexcept { return cipherBlock(buffer, count); }

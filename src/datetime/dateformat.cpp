@@ -145,46 +145,50 @@ Date today() {
 
 using namespace vx;
 
-ENTRY(char*, IntToDatef)(int32_t year, int32_t month, int32_t day, const char* picture, char* dest) noexcept {
+char* VX_CALL vx_IntToDatef(int32_t year, int32_t month, int32_t day, const char* picture, char* dest) noexcept {
     return dest ? putDate({year, month, day}, picture, dest) : nullptr;
 }
-ENTRY(char*, GetJDatef)(int32_t jd, const char* picture, char* dest) noexcept {
+char* VX_CALL vx_GetJDatef(int32_t jd, const char* picture, char* dest) noexcept {
     return dest ? putDate(dateOfDay(jd), picture, dest) : nullptr;
 }
-ENTRY(char*, GetDatef)(const char* picture, char* dest) noexcept {
+char* VX_CALL vx_GetDatef(const char* picture, char* dest) noexcept {
     return dest ? putDate(today(), picture, dest) : nullptr;
 }
-ENTRY(char*, Dtow)(int32_t jd, char* dest) noexcept {
+char* VX_CALL vx_Dtow(int32_t jd, char* dest) noexcept {
     return dest ? putDate(dateOfDay(jd), kWordsPicture, dest) : nullptr;
 }
 
-ENTRY(char*, IntToDate)(int32_t year, int32_t month, int32_t day, char* dest) noexcept {
+char* VX_CALL vx_IntToDate(int32_t year, int32_t month, int32_t day, char* dest) noexcept {
     return dest ? putDate({year, month, day}, dest) : nullptr;
 }
-ENTRY(char*, JulianToDate)(int32_t jd, char* dest) noexcept { return dest ? putDate(dateOfDay(jd), dest) : nullptr; }
-ENTRY(char*, GetDate)(char* dest) noexcept { return dest ? putDate(today(), dest) : nullptr; }
+char* VX_CALL vx_JulianToDate(int32_t jd, char* dest) noexcept { return dest ? putDate(dateOfDay(jd), dest) : nullptr; }
+char* VX_CALL vx_GetDate(char* dest) noexcept { return dest ? putDate(today(), dest) : nullptr; }
 
-ENTRY(char*, NumToMon)(int32_t month, char* dest) noexcept {
+char* VX_CALL vx_NumToMon(int32_t month, char* dest) noexcept {
     if (dest) putMonth(month, kShortMonth, dest);
     return dest;
 }
 // kept: the length form of the short name writes the full one.
-ENTRY(uint32_t, strnum2mon)(int32_t month, char* dest) noexcept {
+uint32_t VX_CALL vx_strnum2mon(int32_t month, char* dest) noexcept {
     return dest ? static_cast<std::uint32_t>(putMonth(month, kFullMonth, dest) - dest) : 0;
 }
-ENTRY(char*, NumToMonth)(int32_t month, char* dest) noexcept {
+char* VX_CALL vx_NumToMonth(int32_t month, char* dest) noexcept {
     if (dest) putMonth(month, kFullMonth, dest);
     return dest;
 }
-ENTRY(char*, NumToDay)(int32_t day, char* dest) noexcept {
+char* VX_CALL vx_NumToDay(int32_t day, char* dest) noexcept {
     if (dest) putDayOfWeek(day, dest);
     return dest;
 }
 
-ENTRY(int32_t, GetJDate)() noexcept { return dayNumber(today()); }
-ENTRY(int32_t, Dow)() noexcept { return platform::current().clock->localTime().dayOfWeek + 1; }
-ENTRY(void, DosGetDate)(int32_t* year, int32_t* month, int32_t* day) noexcept { storeDate(today(), year, month, day); }
+int32_t VX_CALL vx_GetJDate() noexcept { return dayNumber(today()); }
+int32_t VX_CALL vx_Dow() noexcept { return platform::current().clock->localTime().dayOfWeek + 1; }
+void VX_CALL vx_DosGetDate(int32_t* year, int32_t* month, int32_t* day) noexcept {
+    storeDate(today(), year, month, day);
+}
 
-ENTRY(int32_t, DosSetDate)(int32_t year, int32_t month, int32_t day) noexcept { return setToday({year, month, day}); }
-ENTRY(int32_t, SetDate)(const char* text) noexcept { return text ? setToday(dateOfText(text)) : 0; }
-ENTRY(int32_t, SetJDate)(int32_t jd) noexcept { return setToday(dateOfDay(jd)); }
+int32_t VX_CALL vx_DosSetDate(int32_t year, int32_t month, int32_t day) noexcept {
+    return setToday({year, month, day});
+}
+int32_t VX_CALL vx_SetDate(const char* text) noexcept { return text ? setToday(dateOfText(text)) : 0; }
+int32_t VX_CALL vx_SetJDate(int32_t jd) noexcept { return setToday(dateOfDay(jd)); }

@@ -160,41 +160,43 @@ Date dateOfText(const char* text) {
 
 using namespace vx;
 
-ENTRY(int32_t, IntToJulian)(int32_t year, int32_t month, int32_t day) noexcept { return dayNumber({year, month, day}); }
+int32_t VX_CALL vx_IntToJulian(int32_t year, int32_t month, int32_t day) noexcept {
+    return dayNumber({year, month, day});
+}
 
-ENTRY(void, JulianToInt)(int32_t jd, int32_t* year, int32_t* month, int32_t* day) noexcept {
+void VX_CALL vx_JulianToInt(int32_t jd, int32_t* year, int32_t* month, int32_t* day) noexcept {
     storeDate(dateOf(jd), year, month, day);
 }
 
-ENTRY(int32_t, IsLeap)(int32_t year) noexcept { return isLeap(year); }
-ENTRY(int32_t, IsJLeap)(int32_t jd) noexcept { return isLeap(dateOf(jd).year); }
+int32_t VX_CALL vx_IsLeap(int32_t year) noexcept { return isLeap(year); }
+int32_t VX_CALL vx_IsJLeap(int32_t jd) noexcept { return isLeap(dateOf(jd).year); }
 
-ENTRY(int32_t, LastDay)(int32_t jd) noexcept {
+int32_t VX_CALL vx_LastDay(int32_t jd) noexcept {
     Date date = dateOf(jd);
     return monthLength(date.year, date.month);
 }
 
-ENTRY(int32_t, JDow)(int32_t jd) noexcept { return dayOfWeek(jd); }
-ENTRY(int32_t, JDoy)(int32_t jd) noexcept { return dayOfYear(jd); }
+int32_t VX_CALL vx_JDow(int32_t jd) noexcept { return dayOfWeek(jd); }
+int32_t VX_CALL vx_JDoy(int32_t jd) noexcept { return dayOfYear(jd); }
 // kept: day 7 begins week 2
-ENTRY(int32_t, JWoy)(int32_t jd) noexcept { return dayOfYear(jd) / kDaysOfWeek + 1; }
+int32_t VX_CALL vx_JWoy(int32_t jd) noexcept { return dayOfYear(jd) / kDaysOfWeek + 1; }
 
-ENTRY(int32_t, AtDow)(int32_t jd, int32_t dow, int32_t weeks) noexcept {
+int32_t VX_CALL vx_AtDow(int32_t jd, int32_t dow, int32_t weeks) noexcept {
     // kept: only the low three bits of the day count, so 0 is the Saturday before the week.
     return wrapped(bits(jd) - bits(daysFromSunday(jd)) + (bits(dow) & 7) - 1 + bits(kDaysOfWeek) * bits(weeks));
 }
 
-ENTRY(int32_t, Weekdays)(int32_t from, int32_t to) noexcept { return weekdays(from, to); }
-ENTRY(int32_t, AddMonth)(int32_t jd, int32_t months) noexcept { return addMonths(jd, months); }
+int32_t VX_CALL vx_Weekdays(int32_t from, int32_t to) noexcept { return weekdays(from, to); }
+int32_t VX_CALL vx_AddMonth(int32_t jd, int32_t months) noexcept { return addMonths(jd, months); }
 
-ENTRY(void, DateToInt)(const char* text, int32_t* year, int32_t* month, int32_t* day) noexcept {
+void VX_CALL vx_DateToInt(const char* text, int32_t* year, int32_t* month, int32_t* day) noexcept {
     storeDate(dateOfText(text), year, month, day);
 }
-ENTRY(int32_t, DateToJulian)(const char* text) noexcept { return dayNumber(dateOfText(text)); }
-ENTRY(int32_t, CheckDate)(const char* text) noexcept { return isValidDate(text); }
-ENTRY(int32_t, AnsiToJulian)(const char* text) noexcept { return dayNumber(dateOfAnsi(text)); }
+int32_t VX_CALL vx_DateToJulian(const char* text) noexcept { return dayNumber(dateOfText(text)); }
+int32_t VX_CALL vx_CheckDate(const char* text) noexcept { return isValidDate(text); }
+int32_t VX_CALL vx_AnsiToJulian(const char* text) noexcept { return dayNumber(dateOfAnsi(text)); }
 
-ENTRY(char*, JulianToAnsi)(int32_t jd, char* dest) noexcept {
+char* VX_CALL vx_JulianToAnsi(int32_t jd, char* dest) noexcept {
     if (dest) putSystemDate(dateOfDay(jd), kAnsiPicture, dest, kAnsiSize + 1);
     return dest;
 }

@@ -95,38 +95,38 @@ char* putTime(const TimeOfDay& time, char* dest) {
 
 using namespace vx;
 
-ENTRY(void, TimeToInt)(const char* text, int32_t* hour, int32_t* minute, int32_t* second) noexcept {
+void VX_CALL vx_TimeToInt(const char* text, int32_t* hour, int32_t* minute, int32_t* second) noexcept {
     if (text) storeTime(timeOfText(text), hour, minute, second);
 }
-ENTRY(int32_t, CheckTime)(const char* text) noexcept { return text && isValidTime(timeOfText(text)); }
+int32_t VX_CALL vx_CheckTime(const char* text) noexcept { return text && isValidTime(timeOfText(text)); }
 
-ENTRY(int32_t, IntToJTime)(int32_t hour, int32_t minute, int32_t second) noexcept {
+int32_t VX_CALL vx_IntToJTime(int32_t hour, int32_t minute, int32_t second) noexcept {
     return secondsOfDay({hour, minute, second});
 }
-ENTRY(void, JTimeToInt)(int32_t seconds, int32_t* hour, int32_t* minute, int32_t* second) noexcept {
+void VX_CALL vx_JTimeToInt(int32_t seconds, int32_t* hour, int32_t* minute, int32_t* second) noexcept {
     storeTime(timeOfSeconds(seconds), hour, minute, second);
 }
 
-ENTRY(int32_t, GetJTime)() noexcept { return secondsOfDay(now()); }
-ENTRY(void, DosGetTime)(int32_t* hour, int32_t* minute, int32_t* second) noexcept {
+int32_t VX_CALL vx_GetJTime() noexcept { return secondsOfDay(now()); }
+void VX_CALL vx_DosGetTime(int32_t* hour, int32_t* minute, int32_t* second) noexcept {
     storeTime(now(), hour, minute, second);
 }
 
-ENTRY(int32_t, DosSetTime)(int32_t hour, int32_t minute, int32_t second) noexcept {
+int32_t VX_CALL vx_DosSetTime(int32_t hour, int32_t minute, int32_t second) noexcept {
     return setNow({hour, minute, second});
 }
 // A missing text is no midnight.
-ENTRY(int32_t, SetTime)(const char* text) noexcept {
+int32_t VX_CALL vx_SetTime(const char* text) noexcept {
     return text ? setNow(timeOfMarkedText(text, timeOfText(text))) : 0;
 }
-ENTRY(int32_t, SetJTime)(int32_t seconds) noexcept { return setNow(timeOfSeconds(seconds)); }
+int32_t VX_CALL vx_SetJTime(int32_t seconds) noexcept { return setNow(timeOfSeconds(seconds)); }
 
-ENTRY(char*, IntToTime)(int32_t hour, int32_t minute, int32_t second, char* dest) noexcept {
+char* VX_CALL vx_IntToTime(int32_t hour, int32_t minute, int32_t second, char* dest) noexcept {
     return dest ? putTime({hour, minute, second}, dest) : nullptr;
 }
-ENTRY(char*, GetTime)(char* dest) noexcept { return dest ? putTime(now(), dest) : nullptr; }
+char* VX_CALL vx_GetTime(char* dest) noexcept { return dest ? putTime(now(), dest) : nullptr; }
 
-ENTRY(char*, Timeh)(char* dest) noexcept {
+char* VX_CALL vx_Timeh(char* dest) noexcept {
     if (!dest) return nullptr;
     platform::Moment moment = localClock().localTime();
     char* end = putDigits(timeOf(moment), dest);
@@ -135,5 +135,5 @@ ENTRY(char*, Timeh)(char* dest) noexcept {
     return dest;
 }
 
-ENTRY(void, Delay)(int32_t count) noexcept { sleepFor(count, 10); }
-ENTRY(void, Nap)(int32_t count) noexcept { sleepFor(count, 56); }
+void VX_CALL vx_Delay(int32_t count) noexcept { sleepFor(count, 10); }
+void VX_CALL vx_Nap(int32_t count) noexcept { sleepFor(count, 56); }

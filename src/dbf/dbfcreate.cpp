@@ -299,27 +299,27 @@ std::int64_t append(Table& table, std::uint32_t count) {
 using namespace vx;
 using namespace vx::dbf;
 
-ENTRY(uint32_t, DbfStrCreate)(const char* name, const char* structure) noexcept {
+uint32_t VX_CALL vx_DbfStrCreate(const char* name, const char* structure) noexcept {
     std::unique_ptr<Table> table = createTable(name, view(structure));
     return table ? enlist(std::move(table)) : 0;
 }
 
-ENTRY(int32_t, DbfAppend)(uint32_t handle, int32_t count) noexcept {
+int32_t VX_CALL vx_DbfAppend(uint32_t handle, int32_t count) noexcept {
     Table* table = find(handle);
     return table ? static_cast<std::int32_t>(append(*table, static_cast<std::uint32_t>(atLeastZero(count)))) : 0;
 }
 
-ENTRY(int32_t, DbfLock)(uint32_t handle) noexcept {
+int32_t VX_CALL vx_DbfLock(uint32_t handle) noexcept {
     Table* table = find(handle);
     return table && lockTable(*table);
 }
 
-ENTRY(int32_t, DbfRlock)(uint32_t handle, int32_t count) noexcept {
+int32_t VX_CALL vx_DbfRlock(uint32_t handle, int32_t count) noexcept {
     Table* table = find(handle);
     return table && lockRecords(*table, static_cast<std::uint32_t>(atLeastZero(count)));
 }
 
-ENTRY(int32_t, DbfUnlock)(uint32_t handle) noexcept {
+int32_t VX_CALL vx_DbfUnlock(uint32_t handle) noexcept {
     Table* table = find(handle);
     return table && unlock(*table);
 }

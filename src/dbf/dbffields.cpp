@@ -194,60 +194,60 @@ std::uint32_t putName(const Place& place, char* buffer) {
 using namespace vx;
 using namespace vx::dbf;
 
-ENTRY(char*, DbfFieldName)(uint32_t handle, int32_t number, char* buffer) noexcept {
+char* VX_CALL vx_DbfFieldName(uint32_t handle, int32_t number, char* buffer) noexcept {
     putName({handle, number}, buffer);
     return buffer;
 }
 
-ENTRY(char*, DbfFieldType)(uint32_t handle, int32_t number, char* buffer) noexcept {
+char* VX_CALL vx_DbfFieldType(uint32_t handle, int32_t number, char* buffer) noexcept {
     Place place(handle, number);
     return buffer ? store(buffer, place ? std::string_view(&place.field->type, 1) : std::string_view()) : nullptr;
 }
 
-ENTRY(int32_t, DbfFieldLen)(uint32_t handle, int32_t number) noexcept {
+int32_t VX_CALL vx_DbfFieldLen(uint32_t handle, int32_t number) noexcept {
     Place place(handle, number);
     return place ? place.field->length() : 0;
 }
 
-ENTRY(int32_t, DbfFieldDec)(uint32_t handle, int32_t number) noexcept {
+int32_t VX_CALL vx_DbfFieldDec(uint32_t handle, int32_t number) noexcept {
     Place place(handle, number);
     return place ? static_cast<std::int8_t>(place.field->decimals) : 0;
 }
 
-ENTRY(int32_t, DbfFieldOff)(uint32_t handle, int32_t number) noexcept {
+int32_t VX_CALL vx_DbfFieldOff(uint32_t handle, int32_t number) noexcept {
     Place place(handle, number);
     return place ? place.field->offset : -1;
 }
 
-ENTRY(int32_t, DbfFieldPos)(uint32_t handle, const char* name) noexcept { return findField(handle, name); }
+int32_t VX_CALL vx_DbfFieldPos(uint32_t handle, const char* name) noexcept { return findField(handle, name); }
 
-ENTRY(char*, DbfFieldGet)(uint32_t handle, int32_t number, char* buffer) noexcept {
+char* VX_CALL vx_DbfFieldGet(uint32_t handle, int32_t number, char* buffer) noexcept {
     getValue({handle, number}, buffer);
     return buffer;
 }
 
-ENTRY(uint32_t, strdbfFieldGet)(uint32_t handle, int32_t number, char* buffer) noexcept {
+uint32_t VX_CALL vx_strdbfFieldGet(uint32_t handle, int32_t number, char* buffer) noexcept {
     return lengthOfValue({handle, number}, buffer);
 }
 
-ENTRY(char*, DbfField)(uint32_t handle, const char* name, char* buffer) noexcept {
+char* VX_CALL vx_DbfField(uint32_t handle, const char* name, char* buffer) noexcept {
     getValue({handle, findField(handle, name)}, buffer);
     return buffer;
 }
 
-ENTRY(uint32_t, strdbfField)(uint32_t handle, const char* name, char* buffer) noexcept {
+uint32_t VX_CALL vx_strdbfField(uint32_t handle, const char* name, char* buffer) noexcept {
     return lengthOfValue({handle, findField(handle, name)}, buffer);
 }
 
-ENTRY(int32_t, DbfFieldPut)(uint32_t handle, int32_t number, const char* value) noexcept {
+int32_t VX_CALL vx_DbfFieldPut(uint32_t handle, int32_t number, const char* value) noexcept {
     return putValue(Place(handle, number), value);
 }
 
-ENTRY(int32_t, DbfReplace)(uint32_t handle, const char* name, const char* value) noexcept {
+int32_t VX_CALL vx_DbfReplace(uint32_t handle, const char* name, const char* value) noexcept {
     return putValue(Place(handle, findField(handle, name)), value);
 }
 
-ENTRY(uint32_t, DbfFieldSize)(uint32_t handle, int32_t number) noexcept {
+uint32_t VX_CALL vx_DbfFieldSize(uint32_t handle, int32_t number) noexcept {
     Place place(handle, number);
     return place ? sizeOfValue(*place.table, *place.field) : 0;
 }

@@ -44,82 +44,82 @@ std::size_t getRecord(Table* table, char* buffer) {
 
 }  // namespace
 
-ENTRY(uint32_t, DbfOpen)(const char* name, int32_t mode) noexcept {
+uint32_t VX_CALL vx_DbfOpen(const char* name, int32_t mode) noexcept {
     std::unique_ptr<Table> table = openTable(name, static_cast<std::uint32_t>(mode));
     return table ? enlist(std::move(table)) : 0;
 }
 
-ENTRY(int32_t, DbfClose)(uint32_t handle) noexcept {
+int32_t VX_CALL vx_DbfClose(uint32_t handle) noexcept {
     Table* table = find(handle);
     if (!table || !closeTable(*table)) return -1;
     dismiss(handle);
     return 0;
 }
 
-ENTRY(int32_t, DbfGoto)(uint32_t handle, int32_t number) noexcept { return move(find(handle), number); }
+int32_t VX_CALL vx_DbfGoto(uint32_t handle, int32_t number) noexcept { return move(find(handle), number); }
 
-ENTRY(int32_t, DbfSkip)(uint32_t handle, int32_t count) noexcept {
+int32_t VX_CALL vx_DbfSkip(uint32_t handle, int32_t count) noexcept {
     Table* table = find(handle);
     return table ? move(table, table->number + count) : 0;
 }
 
-ENTRY(int32_t, DbfRecno)(uint32_t handle) noexcept {
+int32_t VX_CALL vx_DbfRecno(uint32_t handle) noexcept {
     Table* table = find(handle);
     return table ? static_cast<std::int32_t>(table->number) : 0;
 }
 
-ENTRY(uint32_t, DbfLastrec)(uint32_t handle) noexcept {
+uint32_t VX_CALL vx_DbfLastrec(uint32_t handle) noexcept {
     Table* table = find(handle);
     if (!table) return 0;
     if (table->shared) recount(*table);
     return table->count();
 }
 
-ENTRY(int32_t, DbfBof)(uint32_t handle) noexcept {
+int32_t VX_CALL vx_DbfBof(uint32_t handle) noexcept {
     Table* table = find(handle);
     return !table || table->atBegin;
 }
 
-ENTRY(int32_t, DbfEof)(uint32_t handle) noexcept {
+int32_t VX_CALL vx_DbfEof(uint32_t handle) noexcept {
     Table* table = find(handle);
     return !table || table->atEnd;
 }
 
-ENTRY(int32_t, DbfHeaderSize)(uint32_t handle) noexcept {
+int32_t VX_CALL vx_DbfHeaderSize(uint32_t handle) noexcept {
     Table* table = find(handle);
     return table ? table->header.headerSize() : 0;
 }
 
-ENTRY(int32_t, DbfRecordSize)(uint32_t handle) noexcept {
+int32_t VX_CALL vx_DbfRecordSize(uint32_t handle) noexcept {
     Table* table = find(handle);
     return table ? table->dataSize() : 0;
 }
 
-ENTRY(int32_t, DbfFieldCount)(uint32_t handle) noexcept {
+int32_t VX_CALL vx_DbfFieldCount(uint32_t handle) noexcept {
     Table* table = find(handle);
     return table ? table->fieldCount : 0;
 }
 
-ENTRY(int32_t, DbfIsDeleted)(uint32_t handle) noexcept {
+int32_t VX_CALL vx_DbfIsDeleted(uint32_t handle) noexcept {
     Table* table = find(handle);
     return table && hasRecord(*table) && *table->record == kDeleted;
 }
 
-ENTRY(void, DbfDelete)(uint32_t handle) noexcept { setDeletionFlag(handle, kDeleted); }
-ENTRY(void, DbfRecall)(uint32_t handle) noexcept { setDeletionFlag(handle, kLive); }
+void VX_CALL vx_DbfDelete(uint32_t handle) noexcept { setDeletionFlag(handle, kDeleted); }
+void VX_CALL vx_DbfRecall(uint32_t handle) noexcept { setDeletionFlag(handle, kLive); }
 
-ENTRY(char*, DbfRecordGet)(uint32_t handle, char* buffer) noexcept {
+char* VX_CALL vx_DbfRecordGet(uint32_t handle, char* buffer) noexcept {
     getRecord(find(handle), buffer);
     return buffer;
 }
 
 // No terminator is placed, so the text ends with the record if no NUL is in it.
-ENTRY(uint32_t, strdbfRecordGet)(uint32_t handle, char* buffer) noexcept {
+uint32_t VX_CALL vx_strdbfRecordGet(uint32_t handle, char* buffer) noexcept {
     std::size_t size = getRecord(find(handle), buffer);
     return size ? static_cast<std::uint32_t>(strnlen(buffer, size)) : 0;
 }
 
-ENTRY(int32_t, DbfRecordPut)(uint32_t handle, const void* data) noexcept {
+int32_t VX_CALL vx_DbfRecordPut(uint32_t handle, const void* data) noexcept {
     Table* table = find(handle);
     if (!table || !data || !hasRecord(*table)) return 1;
     if (table->recordGoing) table->recordGoing(*table);

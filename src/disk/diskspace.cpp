@@ -192,81 +192,81 @@ std::int32_t bootDrive() {
 
 using namespace vx;
 
-ENTRY(int32_t, DiskSize)(const char* drive) noexcept {
+int32_t VX_CALL vx_DiskSize(const char* drive) noexcept {
     auto size = [](const platform::DiskSpace& s) { return s.totalClusters * clusterSize(s); };
     return static_cast<std::int32_t>(measured(drive, size, static_cast<std::uint32_t>(-1)));
 }
-ENTRY(uint32_t, DiskSpace)(const char* drive) noexcept {
+uint32_t VX_CALL vx_DiskSpace(const char* drive) noexcept {
     return measured(drive, [](const platform::DiskSpace& s) { return s.freeClusters * clusterSize(s); });
 }
-ENTRY(uint32_t, DiskUsed)(const char* drive) noexcept {
+uint32_t VX_CALL vx_DiskUsed(const char* drive) noexcept {
     return measured(drive,
                     [](const platform::DiskSpace& s) { return (s.totalClusters - s.freeClusters) * clusterSize(s); });
 }
-ENTRY(uint32_t, Clusters)(const char* drive) noexcept {
+uint32_t VX_CALL vx_Clusters(const char* drive) noexcept {
     return measured(drive, [](const platform::DiskSpace& s) { return s.totalClusters; });
 }
-ENTRY(uint32_t, FreeClusters)(const char* drive) noexcept {
+uint32_t VX_CALL vx_FreeClusters(const char* drive) noexcept {
     return measured(drive, [](const platform::DiskSpace& s) { return s.freeClusters; });
 }
-ENTRY(uint32_t, ClustSize)(const char* drive) noexcept { return measured(drive, clusterSize); }
-ENTRY(uint32_t, SectorSize)(const char* drive) noexcept {
+uint32_t VX_CALL vx_ClustSize(const char* drive) noexcept { return measured(drive, clusterSize); }
+uint32_t VX_CALL vx_SectorSize(const char* drive) noexcept {
     return measured(drive, [](const platform::DiskSpace& s) { return s.bytesPerSector; });
 }
-ENTRY(uint32_t, Sectors)(const char* drive) noexcept {
+uint32_t VX_CALL vx_Sectors(const char* drive) noexcept {
     return measured(drive, [](const platform::DiskSpace& s) { return s.totalClusters * s.sectorsPerCluster; });
 }
 
-ENTRY(char*, GetVolume)(const char* drive, char* dest) noexcept { return dest ? putLabel(drive, dest) : nullptr; }
-ENTRY(int32_t, SetVolume)(const char* label, const char* drive) noexcept { return setLabel(drive, label); }
-ENTRY(int32_t, DelVolume)(const char* drive) noexcept { return setLabel(drive, nullptr); }
-ENTRY(int32_t, DiskStatus)(int32_t drive) noexcept { return diskStatus(drive); }
+char* VX_CALL vx_GetVolume(const char* drive, char* dest) noexcept { return dest ? putLabel(drive, dest) : nullptr; }
+int32_t VX_CALL vx_SetVolume(const char* label, const char* drive) noexcept { return setLabel(drive, label); }
+int32_t VX_CALL vx_DelVolume(const char* drive) noexcept { return setLabel(drive, nullptr); }
+int32_t VX_CALL vx_DiskStatus(int32_t drive) noexcept { return diskStatus(drive); }
 
-ENTRY(char*, CurDrive)(char* dest) noexcept {
+char* VX_CALL vx_CurDrive(char* dest) noexcept {
     if (!dest) return nullptr;
     std::int32_t drive = volumes().currentDrive();
     const char name[] = {driveLetter(drive - 1), ':'};
     return store(dest, drive > 0 ? std::string_view(name, sizeof name) : std::string_view());
 }
-ENTRY(char*, CurDir)(const char* drive, char* dest) noexcept {
+char* VX_CALL vx_CurDir(const char* drive, char* dest) noexcept {
     return dest ? putCurrentDirectory(drive, dest) : nullptr;
 }
-ENTRY(char*, GetDir)(const char* drive, char* dest) noexcept {
+char* VX_CALL vx_GetDir(const char* drive, char* dest) noexcept {
     if (!dest) return nullptr;
     const char* colon = std::strchr(putCurrentDirectory(drive, dest), ':');
     return store(dest, colon ? colon + 1 : "");
 }
 
-ENTRY(int32_t, SetDrive)(const char* drive) noexcept { return setDrive(drive); }
-ENTRY(int32_t, ChangeDir)(const char* path) noexcept { return changeDirectory(path); }
-ENTRY(int32_t, FChDir)(const char* name, const char* list) noexcept { return changeToListedDirectory(name, list); }
+int32_t VX_CALL vx_SetDrive(const char* drive) noexcept { return setDrive(drive); }
+int32_t VX_CALL vx_ChangeDir(const char* path) noexcept { return changeDirectory(path); }
+int32_t VX_CALL vx_FChDir(const char* name, const char* list) noexcept { return changeToListedDirectory(name, list); }
 
-ENTRY(char*, SysDir)(char* dest) noexcept {
+char* VX_CALL vx_SysDir(char* dest) noexcept {
     if (dest && volumes().systemDirectory(dest, kPathRoomHere) == 0) *dest = '\0';
     return dest;
 }
-ENTRY(char*, WinDir)(char* dest) noexcept {
+char* VX_CALL vx_WinDir(char* dest) noexcept {
     if (dest && volumes().windowsDirectory(dest, kPathRoomHere) == 0) *dest = '\0';
     return dest;
 }
 
-ENTRY(int32_t, MakeDir)(const char* path) noexcept {
+int32_t VX_CALL vx_MakeDir(const char* path) noexcept {
     platform::SilentErrors silent(process());
     return tree().createDirectory(orEmpty(path));
 }
-ENTRY(int32_t, RemoveDir)(const char* path) noexcept {
+int32_t VX_CALL vx_RemoveDir(const char* path) noexcept {
     platform::SilentErrors silent(process());
     return tree().removeDirectory(orEmpty(path));
 }
-ENTRY(int32_t, RenDir)(const char* old, const char* name) noexcept { return renameDirectory(old, name); }
+int32_t VX_CALL vx_RenDir(const char* old, const char* name) noexcept { return renameDirectory(old, name); }
 
 // kept: a file counts, too.
-ENTRY(int32_t, IsDir)(const char* path) noexcept {
+int32_t VX_CALL vx_IsDir(const char* path) noexcept {
     platform::SilentErrors silent(process());
     return tree().attributes(orEmpty(path)) != platform::kNoAttributes;
 }
 
-ENTRY(int32_t, _sysinfo2)(int32_t selector) noexcept {
+int32_t VX_CALL vx__sysinfo2(int32_t selector) noexcept {
     if (selector == 1) return bootDrive();
     return selector == 2 ? std::popcount(driveMask()) : 0;
 }

@@ -146,22 +146,22 @@ std::int32_t physicalDrive(std::int32_t drive) { return drive == 1 && (driveMask
 
 using namespace vx;
 
-ENTRY(int32_t, IsDisk)(const char* drive) noexcept { return driveNumber(drive) != kNoDrive; }
-ENTRY(int32_t, IsDrive)(const char* drive) noexcept { return isReady(drive); }
-ENTRY(int32_t, IsDosDisk)(int32_t drive) noexcept { return driveExists(drive); }
-ENTRY(int32_t, DosDrive)(const char* drive) noexcept { return dosDriveNumber(drive); }
+int32_t VX_CALL vx_IsDisk(const char* drive) noexcept { return driveNumber(drive) != kNoDrive; }
+int32_t VX_CALL vx_IsDrive(const char* drive) noexcept { return isReady(drive); }
+int32_t VX_CALL vx_IsDosDisk(int32_t drive) noexcept { return driveExists(drive); }
+int32_t VX_CALL vx_DosDrive(const char* drive) noexcept { return dosDriveNumber(drive); }
 
-ENTRY(int32_t, IsFixed)(const char* drive) noexcept { return kindOf(drive) == platform::kFixedDrive; }
-ENTRY(int32_t, IsRemovable)(const char* drive) noexcept { return kindOf(drive) == platform::kRemovableDrive; }
-ENTRY(int32_t, IsFloppy)(const char* drive) noexcept { return kindOf(drive) == platform::kRemovableDrive; }
-ENTRY(int32_t, IsRemote)(const char* drive) noexcept { return kindOf(drive) == platform::kRemoteDrive; }
-ENTRY(int32_t, IsCdRom)(const char* drive) noexcept { return kindOf(drive) == platform::kCdRomDrive; }
-ENTRY(int32_t, MediaType)(const char* drive) noexcept { return hasMedium(drive) ? 1 : -1; }
+int32_t VX_CALL vx_IsFixed(const char* drive) noexcept { return kindOf(drive) == platform::kFixedDrive; }
+int32_t VX_CALL vx_IsRemovable(const char* drive) noexcept { return kindOf(drive) == platform::kRemovableDrive; }
+int32_t VX_CALL vx_IsFloppy(const char* drive) noexcept { return kindOf(drive) == platform::kRemovableDrive; }
+int32_t VX_CALL vx_IsRemote(const char* drive) noexcept { return kindOf(drive) == platform::kRemoteDrive; }
+int32_t VX_CALL vx_IsCdRom(const char* drive) noexcept { return kindOf(drive) == platform::kCdRomDrive; }
+int32_t VX_CALL vx_MediaType(const char* drive) noexcept { return hasMedium(drive) ? 1 : -1; }
 
-ENTRY(int32_t, DriveType)(int32_t drive) noexcept { return disketteCode(drive, DisketteQuestion::kLargestFormat); }
-ENTRY(int32_t, DiskType)(int32_t drive) noexcept { return disketteCode(drive, DisketteQuestion::kMediumNow); }
+int32_t VX_CALL vx_DriveType(int32_t drive) noexcept { return disketteCode(drive, DisketteQuestion::kLargestFormat); }
+int32_t VX_CALL vx_DiskType(int32_t drive) noexcept { return disketteCode(drive, DisketteQuestion::kMediumNow); }
 
-ENTRY(char*, AllDrives)(char* dest) noexcept {
+char* VX_CALL vx_AllDrives(char* dest) noexcept {
     if (!dest) return nullptr;
     char* end = dest;
     forEachDrive([&end, dest](char letter) {
@@ -173,7 +173,7 @@ ENTRY(char*, AllDrives)(char* dest) noexcept {
     return dest;
 }
 
-ENTRY(char*, DriveStr)(char* dest) noexcept {
+char* VX_CALL vx_DriveStr(char* dest) noexcept {
     if (!dest) return nullptr;
     char* end = dest;
     forEachDrive([&end](char letter) { *end++ = letter; });
@@ -181,6 +181,6 @@ ENTRY(char*, DriveStr)(char* dest) noexcept {
     return dest;
 }
 
-ENTRY(int32_t, Numfloppy)() noexcept { return countFloppies(); }
-ENTRY(int32_t, NumFixed)() noexcept { return countHardDisks(); }
-ENTRY(int32_t, LastDrive)() noexcept { return lastDrive(); }
+int32_t VX_CALL vx_Numfloppy() noexcept { return countFloppies(); }
+int32_t VX_CALL vx_NumFixed() noexcept { return countHardDisks(); }
+int32_t VX_CALL vx_LastDrive() noexcept { return lastDrive(); }

@@ -80,16 +80,16 @@ std::int32_t diskNumber(std::int32_t drive, std::int32_t serial) {
 
 using namespace vx;
 
-ENTRY(int32_t, ReadSector)(const char* drive, uint32_t first, uint32_t count, void* buffer) noexcept {
+int32_t VX_CALL vx_ReadSector(const char* drive, uint32_t first, uint32_t count, void* buffer) noexcept {
     return transfer(platform::kDosAbsoluteRead, drive, first, static_cast<std::uint16_t>(count), buffer);
 }
-ENTRY(int32_t, WriteSector)(const char* drive, uint32_t first, uint32_t count, const void* buffer) noexcept {
+int32_t VX_CALL vx_WriteSector(const char* drive, uint32_t first, uint32_t count, const void* buffer) noexcept {
     return transfer(platform::kDosAbsoluteWrite, drive, first, static_cast<std::uint16_t>(count),
                     const_cast<void*>(buffer));
 }
 
 // Only the low byte of the drive counts; a letter behind Z is no drive, and no other one in disguise.
-ENTRY(int32_t, DiskNumber)(int32_t drive, int32_t serial) noexcept {
+int32_t VX_CALL vx_DiskNumber(int32_t drive, int32_t serial) noexcept {
     std::uint8_t number = static_cast<std::uint8_t>(drive);
     return number < kDriveLetters ? diskNumber(number, serial) : -1;
 }

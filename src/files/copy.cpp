@@ -156,9 +156,9 @@ std::int32_t copyFile(const char* sourceName, const char* targetName) {
 
 using namespace vx;
 
-ENTRY(int32_t, FCcopy)(const char* source, const char* target) noexcept { return copyFile(source, target); }
-ENTRY(int32_t, FCopyByte)(int32_t source, int32_t target, int32_t count) noexcept {
+int32_t VX_CALL vx_FCcopy(const char* source, const char* target) noexcept { return copyFile(source, target); }
+int32_t VX_CALL vx_FCopyByte(int32_t source, int32_t target, int32_t count) noexcept {
     return copyBytes(source, target, std::max(count, 0)).value_or(-1);
 }
-ENTRY(int32_t, FEncrypt)(const char* source, const char* target) noexcept { return encrypt(source, target); }
-ENTRY(int32_t, FDecrypt)(const char* source, const char* target) noexcept { return encrypt(source, target); }
+int32_t VX_CALL vx_FEncrypt(const char* source, const char* target) noexcept { return encrypt(source, target); }
+int32_t VX_CALL vx_FDecrypt(const char* source, const char* target) noexcept { return encrypt(source, target); }

@@ -154,52 +154,52 @@ bool setWritten(const char* name, const Date& date, const TimeOfDay& time) {
 
 using namespace vx;
 
-ENTRY(int32_t, FGetAttr)(const char* name) noexcept { return attributesOf(name); }
-ENTRY(int32_t, FileAttr)(int32_t handle) noexcept { return attributesOf(handle); }
-ENTRY(int32_t, FSetAttr)(const char* name, int32_t bits, int32_t set) noexcept {
+int32_t VX_CALL vx_FGetAttr(const char* name) noexcept { return attributesOf(name); }
+int32_t VX_CALL vx_FileAttr(int32_t handle) noexcept { return attributesOf(handle); }
+int32_t VX_CALL vx_FSetAttr(const char* name, int32_t bits, int32_t set) noexcept {
     return changeAttributes(name, platformAttributes(bits), set != 0);
 }
-ENTRY(int32_t, FProtect)(const char* name) noexcept { return changeAttributes(name, platform::kReadOnly, true); }
-ENTRY(int32_t, FUnProtect)(const char* name) noexcept { return changeAttributes(name, platform::kReadOnly, false); }
-ENTRY(int32_t, FHide)(const char* name) noexcept { return changeAttributes(name, platform::kHidden, true); }
-ENTRY(int32_t, FUnHide)(const char* name) noexcept { return changeAttributes(name, platform::kHidden, false); }
+int32_t VX_CALL vx_FProtect(const char* name) noexcept { return changeAttributes(name, platform::kReadOnly, true); }
+int32_t VX_CALL vx_FUnProtect(const char* name) noexcept { return changeAttributes(name, platform::kReadOnly, false); }
+int32_t VX_CALL vx_FHide(const char* name) noexcept { return changeAttributes(name, platform::kHidden, true); }
+int32_t VX_CALL vx_FUnHide(const char* name) noexcept { return changeAttributes(name, platform::kHidden, false); }
 // kept: a file that is missing has changed.
-ENTRY(int32_t, FChanged)(const char* name) noexcept { return (attributesOf(name) & kArchiveBit) != 0; }
+int32_t VX_CALL vx_FChanged(const char* name) noexcept { return (attributesOf(name) & kArchiveBit) != 0; }
 
-ENTRY(int32_t, FileDosDate)(int32_t handle, int32_t* year, int32_t* month, int32_t* day) noexcept {
+int32_t VX_CALL vx_FileDosDate(int32_t handle, int32_t* year, int32_t* month, int32_t* day) noexcept {
     return getDate(handle, year, month, day);
 }
-ENTRY(int32_t, FileDosTime)(int32_t handle, int32_t* hour, int32_t* minute, int32_t* second) noexcept {
+int32_t VX_CALL vx_FileDosTime(int32_t handle, int32_t* hour, int32_t* minute, int32_t* second) noexcept {
     return getTime(handle, hour, minute, second);
 }
-ENTRY(int32_t, FGetDosDate)(const char* name, int32_t* year, int32_t* month, int32_t* day) noexcept {
+int32_t VX_CALL vx_FGetDosDate(const char* name, int32_t* year, int32_t* month, int32_t* day) noexcept {
     return getDate(name, year, month, day);
 }
-ENTRY(int32_t, FGetDosTime)(const char* name, int32_t* hour, int32_t* minute, int32_t* second) noexcept {
+int32_t VX_CALL vx_FGetDosTime(const char* name, int32_t* hour, int32_t* minute, int32_t* second) noexcept {
     return getTime(name, hour, minute, second);
 }
 
-ENTRY(int32_t, FileJDate)(int32_t handle) noexcept { return getDayNumber(handle); }
-ENTRY(int32_t, FGetJDate)(const char* name) noexcept { return getDayNumber(name); }
+int32_t VX_CALL vx_FileJDate(int32_t handle) noexcept { return getDayNumber(handle); }
+int32_t VX_CALL vx_FGetJDate(const char* name) noexcept { return getDayNumber(name); }
 
-ENTRY(char*, FileDate)(int32_t handle, char* dest) noexcept { return getDateText(handle, dest); }
-ENTRY(char*, FGetDate)(const char* name, char* dest) noexcept { return getDateText(name, dest); }
-ENTRY(char*, FileDatef)(int32_t handle, const char* picture, char* dest) noexcept {
+char* VX_CALL vx_FileDate(int32_t handle, char* dest) noexcept { return getDateText(handle, dest); }
+char* VX_CALL vx_FGetDate(const char* name, char* dest) noexcept { return getDateText(name, dest); }
+char* VX_CALL vx_FileDatef(int32_t handle, const char* picture, char* dest) noexcept {
     return getDateText(handle, picture, dest);
 }
-ENTRY(char*, FGetDatef)(const char* name, const char* picture, char* dest) noexcept {
+char* VX_CALL vx_FGetDatef(const char* name, const char* picture, char* dest) noexcept {
     return getDateText(name, picture, dest);
 }
-ENTRY(char*, FileTime)(int32_t handle, char* dest) noexcept { return getTimeText(handle, dest); }
-ENTRY(char*, FGetTime)(const char* name, char* dest) noexcept { return getTimeText(name, dest); }
+char* VX_CALL vx_FileTime(int32_t handle, char* dest) noexcept { return getTimeText(handle, dest); }
+char* VX_CALL vx_FGetTime(const char* name, char* dest) noexcept { return getTimeText(name, dest); }
 
-ENTRY(int32_t, FSetDosDate)(const char* name, int32_t year, int32_t month, int32_t day) noexcept {
+int32_t VX_CALL vx_FSetDosDate(const char* name, int32_t year, int32_t month, int32_t day) noexcept {
     return setWritten(name, {year, month, day}, {});
 }
-ENTRY(int32_t, FSetDate)(const char* name, const char* text) noexcept {
+int32_t VX_CALL vx_FSetDate(const char* name, const char* text) noexcept {
     return text && setWritten(name, dateOfText(text), {});
 }
-ENTRY(int32_t, FSetJDate)(const char* name, int32_t jd) noexcept { return setWritten(name, dateOfDay(jd), {}); }
-ENTRY(int32_t, FSetTime)(const char* name, const char* text) noexcept {
+int32_t VX_CALL vx_FSetJDate(const char* name, int32_t jd) noexcept { return setWritten(name, dateOfDay(jd), {}); }
+int32_t VX_CALL vx_FSetTime(const char* name, const char* text) noexcept {
     return text && setWritten(name, {}, timeOfText(text));
 }

@@ -92,7 +92,7 @@ std::size_t findDirectoryInList(const char* name, const char* list, char* to) {
 
 using namespace vx;
 
-ENTRY(char*, FileFind)(const char* name, const char* directories, char* dest) noexcept {
+char* VX_CALL vx_FileFind(const char* name, const char* directories, char* dest) noexcept {
     if (!dest) return nullptr;
     auto find = [&](WalkPath& place) {
         if (!findBelow(place, view(name))) return false;

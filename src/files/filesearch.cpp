@@ -263,7 +263,7 @@ char* putEmpty(char* dest) {
 
 using namespace vx;
 
-ENTRY(char*, FindFirst)(void* block, const char* list, uint32_t flags, char* dest) noexcept {
+char* VX_CALL vx_FindFirst(void* block, const char* list, uint32_t flags, char* dest) noexcept {
     if (!dest) return nullptr;
     *dest = '\0';
     if (!block || !list) return dest;
@@ -277,7 +277,7 @@ ENTRY(char*, FindFirst)(void* block, const char* list, uint32_t flags, char* des
     return dest;
 }
 
-ENTRY(char*, FindNext)(void* block, char* dest) noexcept {
+char* VX_CALL vx_FindNext(void* block, char* dest) noexcept {
     if (!dest) return nullptr;
     *dest = '\0';
     SearchState state;
@@ -289,7 +289,7 @@ ENTRY(char*, FindNext)(void* block, char* dest) noexcept {
     return dest;
 }
 
-ENTRY(void, FindRelease)(void* block) noexcept {
+void VX_CALL vx_FindRelease(void* block) noexcept {
     SearchState state;
     SearchBlock kept(block);
     if (!kept.load(state)) return;
@@ -298,7 +298,7 @@ ENTRY(void, FindRelease)(void* block) noexcept {
     kept.save(state);
 }
 
-ENTRY(char*, FindName)(const void* block, char* dest) noexcept {
+char* VX_CALL vx_FindName(const void* block, char* dest) noexcept {
     if (!dest) return nullptr;
     SearchState state;
     if (!SearchBlock(block).loadEntry(state)) return putEmpty(dest);
@@ -306,62 +306,62 @@ ENTRY(char*, FindName)(const void* block, char* dest) noexcept {
     return dest;
 }
 
-ENTRY(uint32_t, FindSize)(const void* block) noexcept {
+uint32_t VX_CALL vx_FindSize(const void* block) noexcept {
     SearchState state;
     return SearchBlock(block).loadEntry(state) ? foundSize(state.entry) : 0;
 }
 
-ENTRY(int32_t, FindAttr)(const void* block) noexcept {
+int32_t VX_CALL vx_FindAttr(const void* block) noexcept {
     SearchState state;
     if (!SearchBlock(block).loadEntry(state)) return -1;
     return static_cast<std::int32_t>(libraryAttributes(state.entry.attributes));
 }
 
-ENTRY(int32_t, FindDosDate)(const void* block, int32_t* year, int32_t* month, int32_t* day) noexcept {
+int32_t VX_CALL vx_FindDosDate(const void* block, int32_t* year, int32_t* month, int32_t* day) noexcept {
     std::optional<Date> date = writtenDate(block);
     storeDate(date.value_or(Date{}), year, month, day);
     return date.has_value();
 }
 
-ENTRY(int32_t, FindDosTime)(const void* block, int32_t* hour, int32_t* minute, int32_t* second) noexcept {
+int32_t VX_CALL vx_FindDosTime(const void* block, int32_t* hour, int32_t* minute, int32_t* second) noexcept {
     std::optional<TimeOfDay> time = writtenTime(block);
     storeTime(time.value_or(TimeOfDay{}), hour, minute, second);
     return time.has_value();
 }
 
-ENTRY(int32_t, FindJDate)(const void* block) noexcept {
+int32_t VX_CALL vx_FindJDate(const void* block) noexcept {
     std::optional<Date> date = writtenDate(block);
     return date ? dayNumber(*date) : 0;
 }
 
-ENTRY(char*, FindDate)(const void* block, char* dest) noexcept {
+char* VX_CALL vx_FindDate(const void* block, char* dest) noexcept {
     if (!dest) return nullptr;
     std::optional<Date> date = writtenDate(block);
     return date ? putDate(*date, dest) : putEmpty(dest);
 }
 
-ENTRY(char*, FindDatef)(const void* block, const char* picture, char* dest) noexcept {
+char* VX_CALL vx_FindDatef(const void* block, const char* picture, char* dest) noexcept {
     if (!dest) return nullptr;
     std::optional<Date> date = writtenDate(block);
     return date ? putDate(*date, picture, dest) : putEmpty(dest);
 }
 
-ENTRY(char*, FindTime)(const void* block, char* dest) noexcept {
+char* VX_CALL vx_FindTime(const void* block, char* dest) noexcept {
     if (!dest) return nullptr;
     std::optional<TimeOfDay> time = writtenTime(block);
     return time ? putTime(*time, dest) : putEmpty(dest);
 }
 
-ENTRY(int32_t, IsFile)(const char* list, uint32_t flags) noexcept { return isFile(list, flags); }
+int32_t VX_CALL vx_IsFile(const char* list, uint32_t flags) noexcept { return isFile(list, flags); }
 
-ENTRY(uint32_t, DirSize)(const char* list, uint32_t flags) noexcept {
+uint32_t VX_CALL vx_DirSize(const char* list, uint32_t flags) noexcept {
     FileSearch search(view(list), flags);
     std::uint32_t sum = 0;
     while (search.next()) sum += foundSize(search.entry());
     return sum;
 }
 
-ENTRY(int32_t, FileCount)(const char* list, uint32_t flags) noexcept {
+int32_t VX_CALL vx_FileCount(const char* list, uint32_t flags) noexcept {
     platform::Process& process = *platform::current().process;
     process.setLastError(platform::kNoError);
     FileSearch search(view(list), flags);

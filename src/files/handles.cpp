@@ -126,84 +126,100 @@ std::int32_t writeText(std::int32_t handle, std::string_view text) {
 
 using namespace vx;
 
-ENTRY(int32_t, FOpen)(const char* name, uint32_t mode) noexcept { return openRecorded(name, mode); }
+int32_t VX_CALL vx_FOpen(const char* name, uint32_t mode) noexcept { return openRecorded(name, mode); }
 
-ENTRY(int32_t, FCreate)(const char* name, uint32_t attribute) noexcept { return createRecorded(name, attribute); }
+int32_t VX_CALL vx_FCreate(const char* name, uint32_t attribute) noexcept { return createRecorded(name, attribute); }
 
-ENTRY(int32_t, FCreatef)(const char* name, uint32_t attribute) noexcept { return createNewRecorded(name, attribute); }
+int32_t VX_CALL vx_FCreatef(const char* name, uint32_t attribute) noexcept {
+    return createNewRecorded(name, attribute);
+}
 
-ENTRY(int32_t, FClose)(int32_t handle) noexcept { return closeRecorded(handle); }
+int32_t VX_CALL vx_FClose(int32_t handle) noexcept { return closeRecorded(handle); }
 
-ENTRY(int32_t, FRead)(int32_t handle, void* buffer, uint32_t count) noexcept {
+int32_t VX_CALL vx_FRead(int32_t handle, void* buffer, uint32_t count) noexcept {
     return readBytes(handle, buffer, count);
 }
 
-ENTRY(int32_t, FWrite)(int32_t handle, const void* buffer, int32_t count) noexcept {
+int32_t VX_CALL vx_FWrite(int32_t handle, const void* buffer, int32_t count) noexcept {
     return writeBytes(handle, buffer, count);
 }
 
-ENTRY(int32_t, hread)(int32_t handle, void* buffer, int32_t count) noexcept { return readBytes(handle, buffer, count); }
+int32_t VX_CALL vx_hread(int32_t handle, void* buffer, int32_t count) noexcept {
+    return readBytes(handle, buffer, count);
+}
 
-ENTRY(void, hwrite)(int32_t handle, const void* buffer, int32_t count) noexcept { writeBytes(handle, buffer, count); }
+void VX_CALL vx_hwrite(int32_t handle, const void* buffer, int32_t count) noexcept {
+    writeBytes(handle, buffer, count);
+}
 
-ENTRY(int32_t, FSeek)(int32_t handle, int32_t offset, int32_t origin) noexcept {
+int32_t VX_CALL vx_FSeek(int32_t handle, int32_t offset, int32_t origin) noexcept {
     return files().seek(handle, offset, origin);
 }
 
-ENTRY(int32_t, FTell)(int32_t handle) noexcept { return positionOf(handle); }
+int32_t VX_CALL vx_FTell(int32_t handle) noexcept { return positionOf(handle); }
 
-ENTRY(int32_t, FLen)(int32_t handle) noexcept { return lengthOf(handle); }
+int32_t VX_CALL vx_FLen(int32_t handle) noexcept { return lengthOf(handle); }
 
-ENTRY(int32_t, FBof)(int32_t handle) noexcept { return positionOf(handle) == 0; }
+int32_t VX_CALL vx_FBof(int32_t handle) noexcept { return positionOf(handle) == 0; }
 
-ENTRY(int32_t, FEof)(int32_t handle) noexcept { return atEnd(handle); }
+int32_t VX_CALL vx_FEof(int32_t handle) noexcept { return atEnd(handle); }
 
-ENTRY(int32_t, FTruncate)(int32_t handle) noexcept { return files().truncate(handle); }
+int32_t VX_CALL vx_FTruncate(int32_t handle) noexcept { return files().truncate(handle); }
 
-ENTRY(int32_t, FCommit)(int32_t handle) noexcept {
+int32_t VX_CALL vx_FCommit(int32_t handle) noexcept {
     files().flush(handle);
     return 0;  // kept: the flush done, a descriptor of the C runtime is looked for, and a handle is none
 }
 
-ENTRY(int32_t, FAccess)(int32_t handle, int32_t, int32_t, int32_t) noexcept {
+int32_t VX_CALL vx_FAccess(int32_t handle, int32_t, int32_t, int32_t) noexcept {
     positionOf(handle);  // leaves the reason when the handle is not open
     return 0;            // kept: it locks descriptors of the C runtime, and a handle is none
 }
 
 // kept: duplicates descriptors of the C runtime, and a handle is none.
-ENTRY(int32_t, FDupe)(int32_t) noexcept { return -1; }
+int32_t VX_CALL vx_FDupe(int32_t) noexcept { return -1; }
 
-ENTRY(int32_t, ValidHandle)(int32_t handle) noexcept {
+int32_t VX_CALL vx_ValidHandle(int32_t handle) noexcept {
     platform::FileInformation information;
     return files().information(handle, information);
 }
 
-ENTRY(uint32_t, FError)() noexcept { return platform::current().process->lastError(); }
+uint32_t VX_CALL vx_FError() noexcept { return platform::current().process->lastError(); }
 
-ENTRY(void, SetFError)(uint32_t code) noexcept { platform::current().process->setLastError(code); }
+void VX_CALL vx_SetFError(uint32_t code) noexcept { platform::current().process->setLastError(code); }
 
-ENTRY(uint32_t, FReadDword)(int32_t handle) noexcept { return readNumber<std::uint32_t>(handle).value_or(0xFFFFFFFF); }
-ENTRY(int32_t, FReadLong)(int32_t handle) noexcept { return readNumber<std::int32_t>(handle).value_or(-1); }
-ENTRY(int32_t, FReadInt)(int32_t handle) noexcept { return readNumber<std::int32_t>(handle).value_or(-1); }
-ENTRY(int32_t, FReadWord)(int32_t handle) noexcept { return readNumber<std::uint16_t>(handle).value_or(0xFFFF); }
-ENTRY(int32_t, FReadByte)(int32_t handle) noexcept { return readNumber<std::uint8_t>(handle).value_or(0xFF); }
+uint32_t VX_CALL vx_FReadDword(int32_t handle) noexcept {
+    return readNumber<std::uint32_t>(handle).value_or(0xFFFFFFFF);
+}
+int32_t VX_CALL vx_FReadLong(int32_t handle) noexcept { return readNumber<std::int32_t>(handle).value_or(-1); }
+int32_t VX_CALL vx_FReadInt(int32_t handle) noexcept { return readNumber<std::int32_t>(handle).value_or(-1); }
+int32_t VX_CALL vx_FReadWord(int32_t handle) noexcept { return readNumber<std::uint16_t>(handle).value_or(0xFFFF); }
+int32_t VX_CALL vx_FReadByte(int32_t handle) noexcept { return readNumber<std::uint8_t>(handle).value_or(0xFF); }
 
-ENTRY(int32_t, FWriteDword)(int32_t handle, uint32_t value) noexcept {
+int32_t VX_CALL vx_FWriteDword(int32_t handle, uint32_t value) noexcept {
     return writeNumber<std::uint32_t>(handle, static_cast<std::int32_t>(value));
 }
-ENTRY(int32_t, FWriteLong)(int32_t handle, int32_t value) noexcept { return writeNumber<std::int32_t>(handle, value); }
-ENTRY(int32_t, FWriteInt)(int32_t handle, int32_t value) noexcept { return writeNumber<std::int32_t>(handle, value); }
-ENTRY(int32_t, FWriteword)(int32_t handle, int32_t value) noexcept { return writeNumber<std::uint16_t>(handle, value); }
-ENTRY(int32_t, FWriteByte)(int32_t handle, int32_t value) noexcept { return writeNumber<std::uint8_t>(handle, value); }
+int32_t VX_CALL vx_FWriteLong(int32_t handle, int32_t value) noexcept {
+    return writeNumber<std::int32_t>(handle, value);
+}
+int32_t VX_CALL vx_FWriteInt(int32_t handle, int32_t value) noexcept {
+    return writeNumber<std::int32_t>(handle, value);
+}
+int32_t VX_CALL vx_FWriteword(int32_t handle, int32_t value) noexcept {
+    return writeNumber<std::uint16_t>(handle, value);
+}
+int32_t VX_CALL vx_FWriteByte(int32_t handle, int32_t value) noexcept {
+    return writeNumber<std::uint8_t>(handle, value);
+}
 
-ENTRY(char*, FReadStr)(int32_t handle, char* buffer, int32_t count) noexcept {
+char* VX_CALL vx_FReadStr(int32_t handle, char* buffer, int32_t count) noexcept {
     if (!buffer) return nullptr;
     std::int32_t size = readBytes(handle, buffer, count);
     buffer[std::max(size, 0)] = '\0';
     return buffer;
 }
 
-ENTRY(int32_t, FReads)(int32_t handle, void* buffer, int32_t count, int32_t delimiter) noexcept {
+int32_t VX_CALL vx_FReads(int32_t handle, void* buffer, int32_t count, int32_t delimiter) noexcept {
     if (!buffer) return refuse(-1, platform::kInvalidParameter);
     char* text = static_cast<char*>(buffer);
     *text = '\0';
@@ -217,14 +233,14 @@ ENTRY(int32_t, FReads)(int32_t handle, void* buffer, int32_t count, int32_t deli
     return static_cast<std::int32_t>(consumed);
 }
 
-ENTRY(int32_t, FWrites)(int32_t handle, const char* text) noexcept {
+int32_t VX_CALL vx_FWrites(int32_t handle, const char* text) noexcept {
     if (!text) text = emptyText;
     return writeBytes(handle, text, sizeAtOnce(std::strlen(text) + 1));
 }
 
-ENTRY(int32_t, FWritestr)(int32_t handle, const char* text) noexcept { return writeText(handle, view(text)); }
+int32_t VX_CALL vx_FWritestr(int32_t handle, const char* text) noexcept { return writeText(handle, view(text)); }
 
-ENTRY(int32_t, FWriteLine)(int32_t handle, const char* text) noexcept {
+int32_t VX_CALL vx_FWriteLine(int32_t handle, const char* text) noexcept {
     std::string_view line = view(text);
     auto writes = [handle](std::string_view part) {
         return writeText(handle, part) == static_cast<std::int64_t>(part.size());

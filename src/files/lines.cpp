@@ -242,33 +242,33 @@ std::optional<std::string_view> readLine(std::int32_t handle, char (&bytes)[kLon
 
 using namespace vx;
 
-ENTRY(char*, FReadLine)(int32_t handle, char* buffer) noexcept {
+char* VX_CALL vx_FReadLine(int32_t handle, char* buffer) noexcept {
     char bytes[kLongestLine];
     if (buffer) *buffer = '\0';
     std::string_view line = readLine(handle, bytes).value_or(std::string_view());
     return buffer ? store(buffer, line) : nullptr;
 }
 
-ENTRY(int32_t, FAdvance)(int32_t handle) noexcept {
+int32_t VX_CALL vx_FAdvance(int32_t handle) noexcept {
     char bytes[kLongestLine];
     return files().seek(handle, -readAhead(handle, bytes).ahead, platform::kFromCurrent);
 }
 
-ENTRY(int32_t, FBol)(int32_t handle) noexcept {
+int32_t VX_CALL vx_FBol(int32_t handle) noexcept {
     WayBack way(handle, kLongestLine);
     return way.stop(way.toLineStart());
 }
 
-ENTRY(int32_t, FRewind)(int32_t handle) noexcept {
+int32_t VX_CALL vx_FRewind(int32_t handle) noexcept {
     WayBack way(handle, 2 * kLongestLine);
     return way.stop(way.toLineBefore());
 }
 
-ENTRY(int32_t, FTop)(int32_t handle) noexcept { return seekTo(handle, 0) == 0; }
+int32_t VX_CALL vx_FTop(int32_t handle) noexcept { return seekTo(handle, 0) == 0; }
 
-ENTRY(int32_t, FBot)(int32_t handle) noexcept { return files().seek(handle, 0, platform::kFromEnd) != -1; }
+int32_t VX_CALL vx_FBot(int32_t handle) noexcept { return files().seek(handle, 0, platform::kFromEnd) != -1; }
 
-ENTRY(int32_t, FSeekLine)(int32_t handle, int32_t n, int32_t origin) noexcept {
+int32_t VX_CALL vx_FSeekLine(int32_t handle, int32_t n, int32_t origin) noexcept {
     switch (origin) {
         case platform::kFromStart:
             return lineFromTop(handle, n);
@@ -281,4 +281,4 @@ ENTRY(int32_t, FSeekLine)(int32_t handle, int32_t n, int32_t origin) noexcept {
     }
 }
 
-ENTRY(int32_t, FLineCount)(int32_t handle) noexcept { return countLines(handle); }
+int32_t VX_CALL vx_FLineCount(int32_t handle) noexcept { return countLines(handle); }

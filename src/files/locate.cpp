@@ -125,10 +125,10 @@ std::int32_t countText(std::int32_t handle, std::string_view text, std::int32_t 
 
 using namespace vx;
 
-ENTRY(int32_t, FLocate)(int32_t handle, const char* text, int32_t mode) noexcept {
+int32_t VX_CALL vx_FLocate(int32_t handle, const char* text, int32_t mode) noexcept {
     return locate(handle, view(text), mode);
 }
 
-ENTRY(int32_t, FStrCount)(int32_t handle, const char* text, int32_t mode) noexcept {
+int32_t VX_CALL vx_FStrCount(int32_t handle, const char* text, int32_t mode) noexcept {
     return countText(handle, view(text), mode);
 }

@@ -272,7 +272,7 @@ void putPiece(char* dest, std::string_view piece) {
 
 using namespace vx;
 
-ENTRY(void, FSsplit)(const char* path, char* drive, char* directory, char* name, char* extension) noexcept {
+void VX_CALL vx_FSsplit(const char* path, char* drive, char* directory, char* name, char* extension) noexcept {
     PathParts parts = splitPath(path);
     putPiece(drive, parts.drive);
     putPiece(directory, parts.directory);
@@ -280,16 +280,16 @@ ENTRY(void, FSsplit)(const char* path, char* drive, char* directory, char* name,
     putPiece(extension, parts.extension);
 }
 
-ENTRY(char*, FMake)
-(const char* drive, const char* directory, const char* name, const char* extension, char* dest) noexcept {
+char* VX_CALL vx_FMake(const char* drive, const char* directory, const char* name, const char* extension,
+                       char* dest) noexcept {
     return dest ? putJoined(dest, {view(drive), view(directory), view(name), view(extension)}) : nullptr;
 }
 
-ENTRY(char*, FParsedr)(const char* path, char* dest) noexcept {
+char* VX_CALL vx_FParsedr(const char* path, char* dest) noexcept {
     return dest ? store(dest, driveOf(view(path))) : nullptr;
 }
 
-ENTRY(char*, FParsed)(const char* path, char* dest) noexcept {
+char* VX_CALL vx_FParsed(const char* path, char* dest) noexcept {
     if (!dest) return nullptr;
     std::string_view directory = viewPath(view(path)).directory;
     // kept: a slash stays, and so does a directory that is nothing but a backslash.
@@ -297,15 +297,15 @@ ENTRY(char*, FParsed)(const char* path, char* dest) noexcept {
     return store(dest, directory);
 }
 
-ENTRY(char*, FParsefn)(const char* path, char* dest) noexcept {
+char* VX_CALL vx_FParsefn(const char* path, char* dest) noexcept {
     return dest ? store(dest, viewPath(view(path)).name) : nullptr;
 }
 
-ENTRY(char*, FParsefx)(const char* path, char* dest) noexcept {
+char* VX_CALL vx_FParsefx(const char* path, char* dest) noexcept {
     return dest ? store(dest, viewPath(view(path)).extension) : nullptr;
 }
 
-ENTRY(char*, FParsef)(const char* path, char* dest) noexcept {
+char* VX_CALL vx_FParsef(const char* path, char* dest) noexcept {
     if (!dest) return nullptr;
     PathView parts = viewPath(view(path));
     // No terminator in between: the destination may be the text that the pieces lie in.
@@ -313,26 +313,26 @@ ENTRY(char*, FParsef)(const char* path, char* dest) noexcept {
     return dest;
 }
 
-ENTRY(char*, TrueName)(const char* path, char* dest) noexcept {
+char* VX_CALL vx_TrueName(const char* path, char* dest) noexcept {
     if (!dest) return nullptr;
     char full[platform::kPathSize];
     std::uint32_t size = platform::current().tree->fullPath(path ? path : emptyText, full, sizeof full);
     return store(dest, {full, size < sizeof full ? size : 0});
 }
 
-ENTRY(char*, FAppendName)(const char* file, const char* directory, char* dest) noexcept {
+char* VX_CALL vx_FAppendName(const char* file, const char* directory, char* dest) noexcept {
     if (!dest) return nullptr;
     char path[kJoinedSize];
     return store(dest, {path, appendName(file, directory, path)});
 }
 
-ENTRY(char*, FTempName)(const char* pattern, char* dest) noexcept {
+char* VX_CALL vx_FTempName(const char* pattern, char* dest) noexcept {
     if (!dest) return nullptr;
     char path[kJoinedSize];
     return store(dest, {path, makeTemporaryName(pattern, path)});
 }
 
-ENTRY(int32_t, FUnique)(const char* pattern, uint32_t attribute, char* dest) noexcept {
+int32_t VX_CALL vx_FUnique(const char* pattern, uint32_t attribute, char* dest) noexcept {
     if (!dest) return kNoHandle;
     char path[kJoinedSize];
     for (int tries = 0; tries < kMostTries; ++tries) {
@@ -346,4 +346,4 @@ ENTRY(int32_t, FUnique)(const char* pattern, uint32_t attribute, char* dest) noe
     return kNoHandle;
 }
 
-ENTRY(int32_t, MakePath)(const char* list) noexcept { return makePath(list); }
+int32_t VX_CALL vx_MakePath(const char* list) noexcept { return makePath(list); }

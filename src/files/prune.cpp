@@ -286,7 +286,7 @@ std::string_view wholePatterns(std::string_view list) {
 
 using namespace vx;
 
-ENTRY(int32_t, FEraseAll)(const char* list) noexcept {
+int32_t VX_CALL vx_FEraseAll(const char* list) noexcept {
     FileSearch search(wholePatterns(view(list)), kFullNames);
     std::int32_t count = 0;
     while (search.next()) {
@@ -300,14 +300,14 @@ ENTRY(int32_t, FEraseAll)(const char* list) noexcept {
     return count;
 }
 
-ENTRY(int32_t, FPrune)(const char* path, const char* list) noexcept {
+int32_t VX_CALL vx_FPrune(const char* path, const char* list) noexcept {
     platform::SilentErrors silent(*platform::current().process);
     TopPath top;
     if (!top.complete(path) || !stayInDirectory(view(list))) return -1;
     return result(FilePruning(top.path(), view(list)).run());
 }
 
-ENTRY(int32_t, Prune)(const char* path, int32_t mode) noexcept {
+int32_t VX_CALL vx_Prune(const char* path, int32_t mode) noexcept {
     platform::SilentErrors silent(*platform::current().process);
     TopPath top;
     if (mode < 0 || mode > 4 || !top.complete(path)) return -1;

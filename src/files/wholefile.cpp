@@ -222,29 +222,29 @@ std::int32_t zeroOr(bool done) { return done ? 0 : -1; }
 
 using namespace vx;
 
-ENTRY(int32_t, FMove)(const char* source, const char* directory, int32_t erase) noexcept {
+int32_t VX_CALL vx_FMove(const char* source, const char* directory, int32_t erase) noexcept {
     return moveFile(source, directory, erase == 1);  // kept: any other flag keeps the source
 }
-ENTRY(int32_t, FCompare)(const char* first, const char* second) noexcept { return compareFiles(first, second); }
-ENTRY(int32_t, WipeFile)(const char* name) noexcept { return wipe(name); }
-ENTRY(int32_t, FileTest)(const char* name) noexcept { return canBeRead(name); }
-ENTRY(int32_t, FRename)(const char* from, const char* to) noexcept {
+int32_t VX_CALL vx_FCompare(const char* first, const char* second) noexcept { return compareFiles(first, second); }
+int32_t VX_CALL vx_WipeFile(const char* name) noexcept { return wipe(name); }
+int32_t VX_CALL vx_FileTest(const char* name) noexcept { return canBeRead(name); }
+int32_t VX_CALL vx_FRename(const char* from, const char* to) noexcept {
     return zeroOr(tree().move(textOf(from), textOf(to)));
 }
-ENTRY(int32_t, FErase)(const char* name) noexcept { return zeroOr(tree().erase(textOf(name))); }
-ENTRY(int32_t, FileSize)(const char* name) noexcept { return fileSize(name); }
-ENTRY(int32_t, FReplicate)(int32_t handle, const char* text, int32_t count) noexcept {
+int32_t VX_CALL vx_FErase(const char* name) noexcept { return zeroOr(tree().erase(textOf(name))); }
+int32_t VX_CALL vx_FileSize(const char* name) noexcept { return fileSize(name); }
+int32_t VX_CALL vx_FReplicate(int32_t handle, const char* text, int32_t count) noexcept {
     return replicate(handle, view(text), count);
 }
 
 // Made aside: the name may be its own destination.
-ENTRY(char*, FMerge)(const char* pattern, const char* name, char* dest) noexcept {
+char* VX_CALL vx_FMerge(const char* pattern, const char* name, char* dest) noexcept {
     char* to = target(name, dest);
     if (!to) return nullptr;
     char path[kJoinedSize];
     return store(to, {path, mergePaths(pattern, name, path)});
 }
 
-ENTRY(int32_t, FileDrive)(int32_t handle) noexcept { return driveOf(handle); }
+int32_t VX_CALL vx_FileDrive(int32_t handle) noexcept { return driveOf(handle); }
 // kept: no drive is ever told as remote, so no file is on one.
-ENTRY(int32_t, FRemote)(int32_t) noexcept { return 0; }
+int32_t VX_CALL vx_FRemote(int32_t) noexcept { return 0; }

@@ -42,13 +42,17 @@ std::int32_t everyOfType(const char* text, std::int32_t count, std::uint32_t mas
 
 }  // namespace
 
-ENTRY(int32_t, SetUpperTable)(int32_t c, int32_t value) noexcept { return exchange(library.upper[indexOf(c)], value); }
-ENTRY(int32_t, SetLowerTable)(int32_t c, int32_t value) noexcept { return exchange(library.lower[indexOf(c)], value); }
-ENTRY(int32_t, SetCollateTable)(int32_t c, int32_t value) noexcept {
+int32_t VX_CALL vx_SetUpperTable(int32_t c, int32_t value) noexcept {
+    return exchange(library.upper[indexOf(c)], value);
+}
+int32_t VX_CALL vx_SetLowerTable(int32_t c, int32_t value) noexcept {
+    return exchange(library.lower[indexOf(c)], value);
+}
+int32_t VX_CALL vx_SetCollateTable(int32_t c, int32_t value) noexcept {
     return exchange(library.collate[indexOf(c)], value);
 }
 
-ENTRY(int32_t, SetCharType)(int32_t c, uint32_t bits) noexcept {
+int32_t VX_CALL vx_SetCharType(int32_t c, uint32_t bits) noexcept {
     std::uint32_t& type = library.types[indexOf(c)];
     // kept: classes from 0x100 upward are not reported back.
     std::int32_t previous = static_cast<std::uint8_t>(type);
@@ -56,11 +60,11 @@ ENTRY(int32_t, SetCharType)(int32_t c, uint32_t bits) noexcept {
     return previous;
 }
 
-ENTRY(int32_t, ChrUpper)(int32_t c) noexcept { return library.upper[indexOf(c)]; }
-ENTRY(int32_t, ChrLower)(int32_t c) noexcept { return library.lower[indexOf(c)]; }
-ENTRY(int32_t, ChrCollate)(int32_t c) noexcept { return library.collate[indexOf(c)]; }
+int32_t VX_CALL vx_ChrUpper(int32_t c) noexcept { return library.upper[indexOf(c)]; }
+int32_t VX_CALL vx_ChrLower(int32_t c) noexcept { return library.lower[indexOf(c)]; }
+int32_t VX_CALL vx_ChrCollate(int32_t c) noexcept { return library.collate[indexOf(c)]; }
 
-ENTRY(char*, Collate)(const char* text, char* dest) noexcept {
+char* VX_CALL vx_Collate(const char* text, char* dest) noexcept {
     char* to = target(text, dest);
     if (!to) return nullptr;
     std::string_view from = view(text);
@@ -69,43 +73,37 @@ ENTRY(char*, Collate)(const char* text, char* dest) noexcept {
     return to;
 }
 
-#define CHARACTER_PREDICATE(symbol, test) \
-    ENTRY(int32_t, symbol)(int32_t c) noexcept { return test; }
+int32_t VX_CALL vx_IsChrAlpha(int32_t c) noexcept { return isOfType(indexOf(c), kAlpha); }
+int32_t VX_CALL vx_IsChrAscii(int32_t c) noexcept { return isOfType(indexOf(c), kAscii); }
+int32_t VX_CALL vx_IsChrDigit(int32_t c) noexcept { return isOfType(indexOf(c), kDigit); }
+int32_t VX_CALL vx_IsChrNum(int32_t c) noexcept { return isOfType(indexOf(c), kNumeric); }
+int32_t VX_CALL vx_IsChrSpace(int32_t c) noexcept { return isOfType(indexOf(c), kSpace); }
+int32_t VX_CALL vx_IsChrHex(int32_t c) noexcept { return isOfType(indexOf(c), kHexDigit); }
+int32_t VX_CALL vx_IsChrCntrl(int32_t c) noexcept { return isOfType(indexOf(c), kControl); }
+int32_t VX_CALL vx_IsChrPrint(int32_t c) noexcept { return isOfType(indexOf(c), kPrintable); }
+int32_t VX_CALL vx_IsChrPunct(int32_t c) noexcept { return isOfType(indexOf(c), kPunctuation); }
+int32_t VX_CALL vx_IsChrWhite(int32_t c) noexcept { return isOfType(indexOf(c), kWhite); }
+int32_t VX_CALL vx_IsChrUpper(int32_t c) noexcept { return isUpper(indexOf(c)); }
+int32_t VX_CALL vx_IsChrLower(int32_t c) noexcept { return isLower(indexOf(c)); }
 
-CHARACTER_PREDICATE(IsChrAlpha, isOfType(indexOf(c), kAlpha))
-CHARACTER_PREDICATE(IsChrAscii, isOfType(indexOf(c), kAscii))
-CHARACTER_PREDICATE(IsChrDigit, isOfType(indexOf(c), kDigit))
-CHARACTER_PREDICATE(IsChrNum, isOfType(indexOf(c), kNumeric))
-CHARACTER_PREDICATE(IsChrSpace, isOfType(indexOf(c), kSpace))
-CHARACTER_PREDICATE(IsChrHex, isOfType(indexOf(c), kHexDigit))
-CHARACTER_PREDICATE(IsChrCntrl, isOfType(indexOf(c), kControl))
-CHARACTER_PREDICATE(IsChrPrint, isOfType(indexOf(c), kPrintable))
-CHARACTER_PREDICATE(IsChrPunct, isOfType(indexOf(c), kPunctuation))
-CHARACTER_PREDICATE(IsChrWhite, isOfType(indexOf(c), kWhite))
-CHARACTER_PREDICATE(IsChrUpper, isUpper(indexOf(c)))
-CHARACTER_PREDICATE(IsChrLower, isLower(indexOf(c)))
+int32_t VX_CALL vx_IsAlpha(const char* text, int32_t count) noexcept { return everyOfType(text, count, kAlpha); }
+int32_t VX_CALL vx_IsAscii(const char* text, int32_t count) noexcept { return everyOfType(text, count, kAscii); }
+int32_t VX_CALL vx_IsDigit(const char* text, int32_t count) noexcept { return everyOfType(text, count, kDigit); }
+int32_t VX_CALL vx_IsNum(const char* text, int32_t count) noexcept { return everyOfType(text, count, kNumeric); }
+int32_t VX_CALL vx_IsSpace(const char* text, int32_t count) noexcept { return everyOfType(text, count, kSpace); }
+int32_t VX_CALL vx_IsHexDigit(const char* text, int32_t count) noexcept { return everyOfType(text, count, kHexDigit); }
+int32_t VX_CALL vx_IsCntrl(const char* text, int32_t count) noexcept { return everyOfType(text, count, kControl); }
+int32_t VX_CALL vx_IsPrint(const char* text, int32_t count) noexcept { return everyOfType(text, count, kPrintable); }
+int32_t VX_CALL vx_IsPunct(const char* text, int32_t count) noexcept { return everyOfType(text, count, kPunctuation); }
+int32_t VX_CALL vx_IsWhite(const char* text, int32_t count) noexcept { return everyOfType(text, count, kWhite); }
+int32_t VX_CALL vx_IsUpper(const char* text, int32_t count) noexcept { return every(text, count, isUpper); }
+int32_t VX_CALL vx_IsLower(const char* text, int32_t count) noexcept { return every(text, count, isLower); }
 
-#define TEXT_PREDICATE(symbol, result) \
-    ENTRY(int32_t, symbol)(const char* text, int32_t count) noexcept { return result; }
-
-TEXT_PREDICATE(IsAlpha, everyOfType(text, count, kAlpha))
-TEXT_PREDICATE(IsAscii, everyOfType(text, count, kAscii))
-TEXT_PREDICATE(IsDigit, everyOfType(text, count, kDigit))
-TEXT_PREDICATE(IsNum, everyOfType(text, count, kNumeric))
-TEXT_PREDICATE(IsSpace, everyOfType(text, count, kSpace))
-TEXT_PREDICATE(IsHexDigit, everyOfType(text, count, kHexDigit))
-TEXT_PREDICATE(IsCntrl, everyOfType(text, count, kControl))
-TEXT_PREDICATE(IsPrint, everyOfType(text, count, kPrintable))
-TEXT_PREDICATE(IsPunct, everyOfType(text, count, kPunctuation))
-TEXT_PREDICATE(IsWhite, everyOfType(text, count, kWhite))
-TEXT_PREDICATE(IsUpper, every(text, count, isUpper))
-TEXT_PREDICATE(IsLower, every(text, count, isLower))
-
-ENTRY(int32_t, IsStrType)(const char* text, int32_t count, uint32_t mask) noexcept {
+int32_t VX_CALL vx_IsStrType(const char* text, int32_t count, uint32_t mask) noexcept {
     return everyOfType(text, count, mask);
 }
 
-ENTRY(int32_t, isthings)(int32_t selector, const char* text, int32_t count) noexcept {
+int32_t VX_CALL vx_isthings(int32_t selector, const char* text, int32_t count) noexcept {
     using Predicate = int32_t(VX_CALL*)(const char*, int32_t) noexcept;
     static constexpr Predicate kBySelector[] = {
         vx_IsHexDigit, vx_IsUpper, vx_IsSpace, vx_IsPunct, vx_IsPrint, vx_IsNum,

@@ -36,31 +36,31 @@ bool paste(std::string_view text) {
 
 }  // namespace
 
-ENTRY(int32_t, DLLVERSION)() noexcept {
+int32_t VX_CALL vx_DLLVERSION() noexcept {
     notices::about();
     return kVersion;
 }
 
 // kept: logs the user off and does not power the machine down, whatever its name says.
-ENTRY(int32_t, ShutDown)() noexcept { return platform::current().desktop->logOff(); }
+int32_t VX_CALL vx_ShutDown() noexcept { return platform::current().desktop->logOff(); }
 
-ENTRY(int32_t, SetFillChar)(int32_t c) noexcept {
+int32_t VX_CALL vx_SetFillChar(int32_t c) noexcept {
     std::uint8_t previous = byteOf(library.fill);
     if (std::uint8_t low = static_cast<std::uint8_t>(c)) library.fill = static_cast<char>(low);
     return previous;
 }
 
-ENTRY(int32_t, StrPaste)(const char* text) noexcept { return paste(view(text)); }
+int32_t VX_CALL vx_StrPaste(const char* text) noexcept { return paste(view(text)); }
 
-ENTRY(const char*, peekstr)(int32_t, int32_t, int32_t) noexcept {
+const char* VX_CALL vx_peekstr(int32_t, int32_t, int32_t) noexcept {
     notices::unavailable("peekstr");
     return emptyText;
 }
 
 // kept: unlike every other stub, gives the box's own result.
-ENTRY(int32_t, dosfree)(int32_t) noexcept { return notices::unavailable("dosfree"); }
+int32_t VX_CALL vx_dosfree(int32_t) noexcept { return notices::unavailable("dosfree"); }
 
-ENTRY(char*, q_file)(int32_t, char* dest) noexcept {
+char* VX_CALL vx_q_file(int32_t, char* dest) noexcept {
     notices::unavailable("q_file");
     return dest ? store(dest, {}) : nullptr;
 }

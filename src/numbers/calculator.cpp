@@ -243,7 +243,7 @@ bool calculate(const char* expression, const char* text, char* dest) try {
 
 }  // namespace
 
-ENTRY(char*, Calculate)(const char* expression, const char* format, char* dest) noexcept {
+char* VX_CALL vx_Calculate(const char* expression, const char* format, char* dest) noexcept {
     // kept: a failure writes one character and no terminator
     if (dest && !calculate(expression, format, dest)) *dest = '0';
     return dest;

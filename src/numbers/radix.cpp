@@ -49,18 +49,18 @@ std::uint32_t hexTail(const char* text, int limit) {
 
 }  // namespace
 
-ENTRY(char*, IntToHex)(uint32_t value, char* dest) noexcept {
+char* VX_CALL vx_IntToHex(uint32_t value, char* dest) noexcept {
     value &= 0xFFFF;
     if (value > 0xFF) return fixedDigits(dest, value, 4, 4);
     // kept: small values come with their digits reversed
     return fixedDigits(dest, (value << 4 | value >> 4) & 0xFF, 2, 4);
 }
 
-ENTRY(char*, DecToHex)(uint32_t value, char* dest) noexcept { return fixedDigits(dest, value, 4, 4); }
-ENTRY(char*, LongToHex)(uint32_t value, char* dest) noexcept { return fixedDigits(dest, value, 8, 4); }
-ENTRY(char*, DwordToHex)(uint32_t value, char* dest) noexcept { return fixedDigits(dest, value, 8, 4); }
+char* VX_CALL vx_DecToHex(uint32_t value, char* dest) noexcept { return fixedDigits(dest, value, 4, 4); }
+char* VX_CALL vx_LongToHex(uint32_t value, char* dest) noexcept { return fixedDigits(dest, value, 8, 4); }
+char* VX_CALL vx_DwordToHex(uint32_t value, char* dest) noexcept { return fixedDigits(dest, value, 8, 4); }
 
-ENTRY(char*, PtrToHex)(uint32_t value, char* dest) noexcept {
+char* VX_CALL vx_PtrToHex(uint32_t value, char* dest) noexcept {
     if (!dest) return nullptr;
     char* end = putDigits(dest, value >> 16, 4, 4);
     *end++ = ':';
@@ -68,15 +68,15 @@ ENTRY(char*, PtrToHex)(uint32_t value, char* dest) noexcept {
     return dest;
 }
 
-ENTRY(uint32_t, HexToDec)(const char* text) noexcept { return hexTail(text, 4); }
-ENTRY(uint32_t, HexToWord)(const char* text) noexcept { return hexTail(text, 4) & 0xFFFF; }
-ENTRY(int32_t, HexToLong)(const char* text) noexcept { return static_cast<int32_t>(hexTail(text, 8)); }
-ENTRY(uint32_t, HexToDword)(const char* text) noexcept { return hexTail(text, 8); }
+uint32_t VX_CALL vx_HexToDec(const char* text) noexcept { return hexTail(text, 4); }
+uint32_t VX_CALL vx_HexToWord(const char* text) noexcept { return hexTail(text, 4) & 0xFFFF; }
+int32_t VX_CALL vx_HexToLong(const char* text) noexcept { return static_cast<int32_t>(hexTail(text, 8)); }
+uint32_t VX_CALL vx_HexToDword(const char* text) noexcept { return hexTail(text, 8); }
 
-ENTRY(char*, ByteToBin)(uint32_t value, char* dest) noexcept { return fixedDigits(dest, value, 8, 1); }
-ENTRY(char*, NumToBin)(uint32_t value, char* dest) noexcept { return fixedDigits(dest, value, 16, 1); }
+char* VX_CALL vx_ByteToBin(uint32_t value, char* dest) noexcept { return fixedDigits(dest, value, 8, 1); }
+char* VX_CALL vx_NumToBin(uint32_t value, char* dest) noexcept { return fixedDigits(dest, value, 16, 1); }
 
-ENTRY(int32_t, BinToNum)(const char* text) noexcept {
+int32_t VX_CALL vx_BinToNum(const char* text) noexcept {
     std::uint32_t value = 0;
     std::uint32_t bit = 1;
     std::string_view digits = view(text);
@@ -88,7 +88,7 @@ ENTRY(int32_t, BinToNum)(const char* text) noexcept {
     return static_cast<std::int16_t>(value);
 }
 
-ENTRY(char*, NumToBase)(uint32_t value, int32_t base, char* dest) noexcept {
+char* VX_CALL vx_NumToBase(uint32_t value, int32_t base, char* dest) noexcept {
     if (!dest || !isBase(base)) return dest ? store(dest, {}) : nullptr;
     std::array<char, 32> digits;
     std::size_t first = digits.size();
@@ -100,7 +100,7 @@ ENTRY(char*, NumToBase)(uint32_t value, int32_t base, char* dest) noexcept {
     return store(dest, {digits.data() + first, digits.size() - first});
 }
 
-ENTRY(int32_t, BaseToNum)(const char* text, int32_t base) noexcept {
+int32_t VX_CALL vx_BaseToNum(const char* text, int32_t base) noexcept {
     if (!isBase(base)) return 0;
     std::uint32_t value = 0;
     for (char c : view(text)) {
@@ -113,7 +113,7 @@ ENTRY(int32_t, BaseToNum)(const char* text, int32_t base) noexcept {
     return static_cast<int32_t>(value);
 }
 
-ENTRY(char*, BitStrip)(const char* text, char* dest) noexcept {
+char* VX_CALL vx_BitStrip(const char* text, char* dest) noexcept {
     char* to = target(text, dest);
     if (!to) return nullptr;
     std::string_view from = view(text);

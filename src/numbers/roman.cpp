@@ -54,13 +54,13 @@ constexpr std::uint32_t kFormattedRoom = 64;
 
 }  // namespace
 
-ENTRY(char*, NumToRoman)(int32_t value, char* dest) noexcept {
+char* VX_CALL vx_NumToRoman(int32_t value, char* dest) noexcept {
     if (!dest) return nullptr;
     *(value >= 1 && value <= kMostRoman ? putRoman(dest, value) : dest) = '\0';
     return dest;
 }
 
-ENTRY(int32_t, RomanToNum)(const char* text) noexcept {
+int32_t VX_CALL vx_RomanToNum(const char* text) noexcept {
     std::string_view digits = view(text);
     std::uint32_t sum = 0;  // a text of millions of letters wraps
     for (std::size_t i = 0; i < digits.size(); ++i) {
@@ -76,14 +76,14 @@ ENTRY(int32_t, RomanToNum)(const char* text) noexcept {
     return static_cast<int32_t>(sum);
 }
 
-ENTRY(char*, PhoneToNum)(const char* text, char* dest) noexcept {
+char* VX_CALL vx_PhoneToNum(const char* text, char* dest) noexcept {
     if (!dest) return nullptr;
     std::string_view from = view(text);
     *std::transform(from.begin(), from.end(), dest, keyOf) = '\0';
     return dest;
 }
 
-ENTRY(char*, Comma)(const char* number, char* dest) noexcept {
+char* VX_CALL vx_Comma(const char* number, char* dest) noexcept {
     if (!dest) return nullptr;
     char formatted[kFormattedRoom];
     std::string_view text = view(number);

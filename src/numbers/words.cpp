@@ -163,13 +163,13 @@ void spellCents(char* dest, std::string_view amount, std::int32_t style) {
 
 }  // namespace
 
-ENTRY(char*, NumToWords)(const char* number, char* dest) noexcept {
+char* VX_CALL vx_NumToWords(const char* number, char* dest) noexcept {
     if (!dest) return const_cast<char*>(emptyText);
     spell(dest, readable(number));
     return dest;
 }
 
-ENTRY(char*, NumToCents)(const char* number, int32_t style, char* dest) noexcept {
+char* VX_CALL vx_NumToCents(const char* number, int32_t style, char* dest) noexcept {
     if (!dest) return nullptr;
     style = styleOf(style);
     std::string_view amount = readable(number);
@@ -178,7 +178,7 @@ ENTRY(char*, NumToCents)(const char* number, int32_t style, char* dest) noexcept
     return dest;
 }
 
-ENTRY(char*, NumToDollars)(const char* number, int32_t style, char* dest) noexcept {
+char* VX_CALL vx_NumToDollars(const char* number, int32_t style, char* dest) noexcept {
     if (!dest) return nullptr;
     style = styleOf(style);
     std::string_view amount = readable(number);

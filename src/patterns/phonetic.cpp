@@ -203,20 +203,20 @@ class Metaphone {
 
 using namespace vx;
 
-ENTRY(char*, Soundex)(const char* text, const char* pad, int32_t length, char* dest) noexcept {
+char* VX_CALL vx_Soundex(const char* text, const char* pad, int32_t length, char* dest) noexcept {
     char* to = target(text, dest);
     if (!to) return nullptr;
     soundex(text ? text : emptyText, fillOr(pad, '0'), atLeastZero(length), to);
     return to;
 }
 
-ENTRY(int32_t, SoundexLen)(int32_t length) noexcept {
+int32_t VX_CALL vx_SoundexLen(int32_t length) noexcept {
     std::int32_t previous = settings.soundexLength;
     if (length >= 0) settings.soundexLength = length;
     return previous;
 }
 
-ENTRY(char*, MetaFone)(const char* word, char* dest) noexcept {
+char* VX_CALL vx_MetaFone(const char* word, char* dest) noexcept {
     if (!dest) return nullptr;
     return Metaphone(view(word)).writeKey(dest);
 }

@@ -150,28 +150,28 @@ void appendReplacement(Output& output, const char* replacement, const Walk& walk
 using namespace vx;
 using namespace vx::regex;
 
-ENTRY(int32_t, RegCheck)(const char* pattern) noexcept { return use(pattern); }
+int32_t VX_CALL vx_RegCheck(const char* pattern) noexcept { return use(pattern); }
 
-ENTRY(int32_t, RegAt)(const char* pattern, const char* text) noexcept { return vx_RegAtNext(pattern, text, 1); }
+int32_t VX_CALL vx_RegAt(const char* pattern, const char* text) noexcept { return vx_RegAtNext(pattern, text, 1); }
 
-ENTRY(int32_t, RegAtNext)(const char* pattern, const char* text, uint32_t n) noexcept {
+int32_t VX_CALL vx_RegAtNext(const char* pattern, const char* text, uint32_t n) noexcept {
     if (Error error = use(pattern)) return error;
     Walk walk(text);
     return walk.toStart(n) ? walk.position() : 0;
 }
 
-ENTRY(int32_t, RegLen)(const char* pattern, const char* text, uint32_t n) noexcept {
+int32_t VX_CALL vx_RegLen(const char* pattern, const char* text, uint32_t n) noexcept {
     if (Error error = use(pattern)) return error;
     Walk walk(text);
     return walk.toMatch(n) ? static_cast<int32_t>(walk.match().size()) : 0;
 }
 
-ENTRY(int32_t, RegCount)(const char* pattern, const char* text) noexcept {
+int32_t VX_CALL vx_RegCount(const char* pattern, const char* text) noexcept {
     if (Error error = use(pattern)) return error;
     return Walk(text).count();
 }
 
-ENTRY(char*, RegExtract)(const char* pattern, const char* text, uint32_t n, char* dest, uint32_t size) noexcept {
+char* VX_CALL vx_RegExtract(const char* pattern, const char* text, uint32_t n, char* dest, uint32_t size) noexcept {
     Output output(dest, size);
     if (use(pattern) != kNoError) return dest;
     Walk walk(text);
@@ -179,8 +179,8 @@ ENTRY(char*, RegExtract)(const char* pattern, const char* text, uint32_t n, char
     return dest;
 }
 
-ENTRY(char*, RegSwap)
-(const char* pattern, const char* text, uint32_t n, const char* replacement, char* dest, uint32_t size) noexcept {
+char* VX_CALL vx_RegSwap(const char* pattern, const char* text, uint32_t n, const char* replacement, char* dest,
+                         uint32_t size) noexcept {
     Output output(dest, size);
     if (use(pattern) != kNoError) return dest;
     Walk walk(text);
@@ -194,9 +194,8 @@ ENTRY(char*, RegSwap)
     return dest;
 }
 
-ENTRY(char*, RegInfo)
-(const char* pattern, const char* text, uint32_t n, int32_t* position, int32_t* length, char* dest,
- uint32_t size) noexcept {
+char* VX_CALL vx_RegInfo(const char* pattern, const char* text, uint32_t n, int32_t* position, int32_t* length,
+                         char* dest, uint32_t size) noexcept {
     Output output(dest, size);
     if (use(pattern) != kNoError) return dest;
     Walk walk(text);
@@ -215,18 +214,17 @@ uint32_t lengthIn(const char* dest, uint32_t size) {
 }
 }  // namespace
 
-ENTRY(uint32_t, RegExtract_length)
-(const char* pattern, const char* text, uint32_t n, char* dest, uint32_t size) noexcept {
+uint32_t VX_CALL vx_RegExtract_length(const char* pattern, const char* text, uint32_t n, char* dest,
+                                      uint32_t size) noexcept {
     return lengthIn(vx_RegExtract(pattern, text, n, dest, size), size);
 }
 
-ENTRY(uint32_t, RegSwap_length)
-(const char* pattern, const char* text, uint32_t n, const char* replacement, char* dest, uint32_t size) noexcept {
+uint32_t VX_CALL vx_RegSwap_length(const char* pattern, const char* text, uint32_t n, const char* replacement,
+                                   char* dest, uint32_t size) noexcept {
     return lengthIn(vx_RegSwap(pattern, text, n, replacement, dest, size), size);
 }
 
-ENTRY(uint32_t, RegInfo_length)
-(const char* pattern, const char* text, uint32_t n, int32_t* position, int32_t* length, char* dest,
- uint32_t size) noexcept {
+uint32_t VX_CALL vx_RegInfo_length(const char* pattern, const char* text, uint32_t n, int32_t* position,
+                                   int32_t* length, char* dest, uint32_t size) noexcept {
     return lengthIn(vx_RegInfo(pattern, text, n, position, length, dest, size), size);
 }

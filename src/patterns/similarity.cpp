@@ -206,7 +206,7 @@ Distance smallestDistance(std::string_view pattern, std::string_view text) {
 
 using namespace vx;
 
-ENTRY(int32_t, Similarity)(const char* pattern, const char* text) noexcept {
+int32_t VX_CALL vx_Similarity(const char* pattern, const char* text) noexcept {
     std::string_view a = view(pattern);
     std::string_view b = view(text);
     if (a.empty() || b.empty()) return 0;

@@ -168,37 +168,37 @@ std::int32_t startOf(const std::optional<WildMatch>& match) {
 
 using namespace vx;
 
-ENTRY(int32_t, WildCard)(const char* pattern, const char* text, int32_t exact) noexcept {
+int32_t VX_CALL vx_WildCard(const char* pattern, const char* text, int32_t exact) noexcept {
     return matcher(pattern, text, exact).attempt(0).has_value();
 }
 
-ENTRY(int32_t, WildAt)(const char* pattern, const char* text, int32_t exact) noexcept {
+int32_t VX_CALL vx_WildAt(const char* pattern, const char* text, int32_t exact) noexcept {
     return startOf(matcher(pattern, text, exact).attempt(0));
 }
 
-ENTRY(int32_t, WildAtNext)(const char* pattern, const char* text, uint32_t n, int32_t exact) noexcept {
+int32_t VX_CALL vx_WildAtNext(const char* pattern, const char* text, uint32_t n, int32_t exact) noexcept {
     WildMatcher wild = matcher(pattern, text, exact);
     if (n == 0) return wild.attempt(0) ? -1 : 0;  // kept: the first position, just when there is no match at all
     return startOf(wild.match(n));
 }
 
-ENTRY(uint32_t, WildLen)(const char* pattern, const char* text, uint32_t n, int32_t exact) noexcept {
+uint32_t VX_CALL vx_WildLen(const char* pattern, const char* text, uint32_t n, int32_t exact) noexcept {
     std::optional<WildMatch> match = matcher(pattern, text, exact).match(n);
     return match ? static_cast<uint32_t>(match->end - match->start) : 0;
 }
 
-ENTRY(uint32_t, WildCount)(const char* pattern, const char* text, int32_t exact) noexcept {
+uint32_t VX_CALL vx_WildCount(const char* pattern, const char* text, int32_t exact) noexcept {
     return matcher(pattern, text, exact).count();
 }
 
-ENTRY(char*, WildExtract)(const char* pattern, const char* text, uint32_t n, int32_t exact, char* dest) noexcept {
+char* VX_CALL vx_WildExtract(const char* pattern, const char* text, uint32_t n, int32_t exact, char* dest) noexcept {
     if (!dest) return nullptr;
     std::optional<WildMatch> match = matcher(pattern, text, exact).match(n);
     return store(dest, match ? std::string_view(text + match->start, text + match->end) : std::string_view());
 }
 
-ENTRY(char*, WildSwap)
-(const char* pattern, const char* text, uint32_t n, int32_t exact, const char* replacement, char* dest) noexcept {
+char* VX_CALL vx_WildSwap(const char* pattern, const char* text, uint32_t n, int32_t exact, const char* replacement,
+                          char* dest) noexcept {
     if (!dest) return nullptr;
     std::string_view all = view(text);
     std::optional<WildMatch> match = matcher(pattern, text, exact).match(n);

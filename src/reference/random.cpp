@@ -71,7 +71,7 @@ constinit ShiftRegister shiftRegister{};
 
 using namespace vx;
 
-ENTRY(int32_t, Random)(int32_t seed) noexcept {
+int32_t VX_CALL vx_Random(int32_t seed) noexcept {
     // kept: only the low 16 bits seed, so 65536 starts the sequence of 0.
     if (seed != 0) shiftRegister.seed(static_cast<std::uint16_t>(seed));
     if (!shiftRegister.seeded) shiftRegister.seed(kFirstSeed);

@@ -159,24 +159,24 @@ std::string_view stateOfZip(int prefix) {
 
 using namespace vx;
 
-ENTRY(char*, State)(const char* zip, char* dest) noexcept {
+char* VX_CALL vx_State(const char* zip, char* dest) noexcept {
     std::string_view code = stateOfZip(zipPrefix(view(zip)));
     // kept: without a state the destination stays as it was.
     return dest && !code.empty() ? store(dest, code) : dest;
 }
 
-ENTRY(char*, StateCode)(const char* text, char* dest) noexcept {
+char* VX_CALL vx_StateCode(const char* text, char* dest) noexcept {
     return dest ? store(dest, stateCode(Raised(text, kMostInStateCode).view())) : nullptr;
 }
 
-ENTRY(int32_t, IsState)(const char* text) noexcept {
+int32_t VX_CALL vx_IsState(const char* text) noexcept {
     // kept: letter case counts here, unlike in StateCode and IsZip.
     std::string_view code = withoutLeadingBlanks(view(text));
     if (code.size() > kCodeSize && code[kCodeSize] != ' ') return 0;
     return findCode(code.substr(0, kCodeSize)) != nullptr;
 }
 
-ENTRY(int32_t, IsZip)(const char* state, const char* zip) noexcept {
+int32_t VX_CALL vx_IsZip(const char* state, const char* zip) noexcept {
     int prefix = zipPrefix(withoutLeadingBlanks(view(zip)));
     Raised code(state, kMostInIsZip);
     if (prefix == kStrayPrefix && code.view() == kStrayCode) return 1;

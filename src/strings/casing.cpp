@@ -101,15 +101,17 @@ class Swaps {
 
 using namespace vx;
 
-ENTRY(char*, StrUpper)(const char* text, char* dest) noexcept {
+char* VX_CALL vx_StrUpper(const char* text, char* dest) noexcept {
     return mapCase(text, dest, library.upper, kAsciiUpper);
 }
-ENTRY(char*, Lower)(const char* text, char* dest) noexcept { return mapCase(text, dest, library.lower, kAsciiLower); }
+char* VX_CALL vx_Lower(const char* text, char* dest) noexcept {
+    return mapCase(text, dest, library.lower, kAsciiLower);
+}
 
-ENTRY(char*, Capitalize)(const char* text, char* dest) noexcept { return mapWords<unchanged>(text, dest); }
-ENTRY(char*, CapFirst)(const char* text, char* dest) noexcept { return mapWords<lower>(text, dest); }
+char* VX_CALL vx_Capitalize(const char* text, char* dest) noexcept { return mapWords<unchanged>(text, dest); }
+char* VX_CALL vx_CapFirst(const char* text, char* dest) noexcept { return mapWords<lower>(text, dest); }
 
-ENTRY(char*, StrReverse)(const char* text, char* dest) noexcept {
+char* VX_CALL vx_StrReverse(const char* text, char* dest) noexcept {
     char* to = target(text, dest);
     if (!to) return nullptr;
     std::string_view from = view(text);
@@ -121,7 +123,7 @@ ENTRY(char*, StrReverse)(const char* text, char* dest) noexcept {
     return to;
 }
 
-ENTRY(char*, ChrSwap)(const char* text, const char* from, const char* to, char* dest) noexcept {
+char* VX_CALL vx_ChrSwap(const char* text, const char* from, const char* to, char* dest) noexcept {
     char* result = target(text, dest);
     if (!result) return nullptr;
     *Swaps(view(from), view(to)).apply(view(text), result) = '\0';

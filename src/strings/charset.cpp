@@ -58,27 +58,27 @@ void countingSort(char* text, std::size_t size, std::uint8_t flip) {
 
 using namespace vx;
 
-ENTRY(int32_t, ChrAny)(const char* set, const char* text) noexcept {
+int32_t VX_CALL vx_ChrAny(const char* set, const char* text) noexcept {
     return set && text && std::strpbrk(text, set) != nullptr;
 }
 
-ENTRY(int32_t, ChrFirst)(const char* set, const char* text) noexcept {
+int32_t VX_CALL vx_ChrFirst(const char* set, const char* text) noexcept {
     return set && text ? byteOf(text[std::strcspn(text, set)]) : 0;
 }
 
-ENTRY(int32_t, ChrFound)(const char* text, const char* set) noexcept {
+int32_t VX_CALL vx_ChrFound(const char* text, const char* set) noexcept {
     if (!text) return 1;
     return text[set ? std::strspn(text, set) : 0] == '\0';
 }
 
-ENTRY(int32_t, ChrTotal)(const char* set, const char* text) noexcept {
+int32_t VX_CALL vx_ChrTotal(const char* set, const char* text) noexcept {
     ByteSet members(set);
     std::uint32_t total = 0;
     for (char c : view(text)) total += members.flag(c);
     return static_cast<std::int32_t>(total);
 }
 
-ENTRY(int32_t, ChrTotali)(const char* set, const char* text) noexcept {
+int32_t VX_CALL vx_ChrTotali(const char* set, const char* text) noexcept {
     ByteSet members;
     for (char c : view(set)) members.add(upper(c));
     std::uint32_t total = 0;
@@ -86,7 +86,7 @@ ENTRY(int32_t, ChrTotali)(const char* set, const char* text) noexcept {
     return static_cast<std::int32_t>(total);
 }
 
-ENTRY(char*, ChrKeep)(const char* set, const char* text, char* dest) noexcept {
+char* VX_CALL vx_ChrKeep(const char* set, const char* text, char* dest) noexcept {
     char* to = target(text, dest);
     if (!to) return nullptr;
     ByteSet members(set);
@@ -98,7 +98,7 @@ ENTRY(char*, ChrKeep)(const char* set, const char* text, char* dest) noexcept {
     return to;  // kept: the terminator, not the start
 }
 
-ENTRY(char*, ChrSort)(char* text, int32_t descending) noexcept {
+char* VX_CALL vx_ChrSort(char* text, int32_t descending) noexcept {
     std::size_t size = view(text).size();
     std::uint8_t flip = descending ? 0xFF : 0;
     if (size <= kRankLimit) {
@@ -109,7 +109,7 @@ ENTRY(char*, ChrSort)(char* text, int32_t descending) noexcept {
     return text;
 }
 
-ENTRY(char*, ChrUnique)(const char* text, char* dest) noexcept {
+char* VX_CALL vx_ChrUnique(const char* text, char* dest) noexcept {
     char* start = target(text, dest);
     if (!start) return nullptr;
     std::uint8_t fresh[256];

@@ -50,14 +50,14 @@ char switched(char c) {
 
 using namespace vx;
 
-ENTRY(int32_t, StrCmp)(const char* a, const char* b) noexcept { return compare(a, b, kNoLimit); }
-ENTRY(int32_t, StrCmpi)(const char* a, const char* b) noexcept { return compareBlind(a, b, kNoLimit); }
-ENTRY(int32_t, StrnCmp)(const char* a, const char* b, int32_t n) noexcept { return compare(a, b, atLeastZero(n)); }
-ENTRY(int32_t, StrnCmpi)(const char* a, const char* b, int32_t n) noexcept {
+int32_t VX_CALL vx_StrCmp(const char* a, const char* b) noexcept { return compare(a, b, kNoLimit); }
+int32_t VX_CALL vx_StrCmpi(const char* a, const char* b) noexcept { return compareBlind(a, b, kNoLimit); }
+int32_t VX_CALL vx_StrnCmp(const char* a, const char* b, int32_t n) noexcept { return compare(a, b, atLeastZero(n)); }
+int32_t VX_CALL vx_StrnCmpi(const char* a, const char* b, int32_t n) noexcept {
     return compareBlind(a, b, atLeastZero(n));
 }
 
-ENTRY(char*, StrSwitch)(const char* text, char* dest) noexcept {
+char* VX_CALL vx_StrSwitch(const char* text, char* dest) noexcept {
     char* to = target(text, dest);
     if (!to) return nullptr;
     std::string_view all = view(text);
@@ -66,7 +66,7 @@ ENTRY(char*, StrSwitch)(const char* text, char* dest) noexcept {
     return to;
 }
 
-ENTRY(char*, StrKeep)(const char* text, int32_t start, int32_t step, char* dest) noexcept {
+char* VX_CALL vx_StrKeep(const char* text, int32_t start, int32_t step, char* dest) noexcept {
     char* to = target(text, dest);
     if (!to) return nullptr;
     std::string_view all = view(text);
@@ -83,7 +83,7 @@ ENTRY(char*, StrKeep)(const char* text, int32_t start, int32_t step, char* dest)
     return to;
 }
 
-ENTRY(char*, StrExpand)(const char* text, int32_t n, const char* fill, char* dest) noexcept {
+char* VX_CALL vx_StrExpand(const char* text, int32_t n, const char* fill, char* dest) noexcept {
     if (!dest) return nullptr;
     std::string_view all = view(text);
     if (n < 1 || all.size() < 2) return store(dest, all);
@@ -100,8 +100,8 @@ ENTRY(char*, StrExpand)(const char* text, int32_t n, const char* fill, char* des
     return dest;
 }
 
-ENTRY(char*, StrSwap)
-(const char* text, const char* delimiters, int32_t n, const char* replacement, char* dest) noexcept {
+char* VX_CALL vx_StrSwap(const char* text, const char* delimiters, int32_t n, const char* replacement,
+                         char* dest) noexcept {
     if (!dest) return nullptr;
     std::string_view all = view(text);
     Field field = findField(all, delimiterMarks(delimiters), n);

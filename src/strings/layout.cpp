@@ -93,16 +93,16 @@ std::size_t tabWidthOf(std::int32_t argument) {
 
 using namespace vx;
 
-ENTRY(int32_t, LineCount)(const char* text) noexcept {
+int32_t VX_CALL vx_LineCount(const char* text) noexcept {
     std::string_view all = view(text);
     return all.empty() ? 0 : static_cast<std::int32_t>(countLineFeeds(all) + 1);
 }
 
-ENTRY(char*, ReadLine)(const char* text, int32_t line, char* dest) noexcept {
+char* VX_CALL vx_ReadLine(const char* text, int32_t line, char* dest) noexcept {
     return dest ? store(dest, lineOf(text, line)) : nullptr;
 }
 
-ENTRY(int32_t, TabStop)(int32_t column, int32_t tabWidth) noexcept {
+int32_t VX_CALL vx_TabStop(int32_t column, int32_t tabWidth) noexcept {
     if (tabWidth == kUsualTabs) tabWidth = 8;
     if (tabWidth < 1) return 1;
     if (column == 0) return saturated(std::int64_t{tabWidth} + 1);  // kept: one more than the whole, not clipped
@@ -110,21 +110,21 @@ ENTRY(int32_t, TabStop)(int32_t column, int32_t tabWidth) noexcept {
     return saturated(static_cast<std::int64_t>(tabEnd(place, tabWidthOf(tabWidth)) - place) + 1);
 }
 
-ENTRY(int32_t, NextTabStop)(int32_t column, int32_t tabWidth) noexcept {
+int32_t VX_CALL vx_NextTabStop(int32_t column, int32_t tabWidth) noexcept {
     if (tabWidth == kUsualTabs) tabWidth = 8;
     if (tabWidth < 1) return saturated(std::int64_t{column} + 1);
     if (column == 0) return saturated(std::int64_t{tabWidth} + 1);
     return saturated(static_cast<std::int64_t>(tabEnd(magnitude(column), tabWidthOf(tabWidth))) + 1);
 }
 
-ENTRY(char*, TabExpand)(const char* text, int32_t tabWidth, const char* fill, char* dest) noexcept {
+char* VX_CALL vx_TabExpand(const char* text, int32_t tabWidth, const char* fill, char* dest) noexcept {
     if (!dest) return nullptr;
     if (!text) return store(dest, {});
     expandTabs(text, tabWidthOf(tabWidth), fillOrDefault(fill), dest);
     return dest;
 }
 
-ENTRY(char*, StrJustify)(const char* text, int32_t width, int32_t mode, const char* fill, char* dest) noexcept {
+char* VX_CALL vx_StrJustify(const char* text, int32_t width, int32_t mode, const char* fill, char* dest) noexcept {
     if (!dest) return nullptr;
     if (!text || width < 1) return store(dest, {});
     std::string_view content = text;

@@ -89,14 +89,14 @@ char* wrapWhole(const char* text, std::size_t width, std::size_t tabs, char* des
 
 using namespace vx;
 
-ENTRY(int32_t, WrapCount)(const char* text, int32_t width) noexcept {
+int32_t VX_CALL vx_WrapCount(const char* text, int32_t width) noexcept {
     if (width < 1) return 0;
     std::int32_t lines = 0;
     for (std::string_view rest = view(text); !rest.empty(); ++lines) takeLine(rest, atLeastZero(width));
     return lines;
 }
 
-ENTRY(char*, StrWrap)(const char* text, int32_t line, int32_t width, char* dest) noexcept {
+char* VX_CALL vx_StrWrap(const char* text, int32_t line, int32_t width, char* dest) noexcept {
     if (!dest) return nullptr;
     if (width < 1) return store(dest, {});
     std::size_t room = atLeastZero(width);
@@ -113,13 +113,13 @@ ENTRY(char*, StrWrap)(const char* text, int32_t line, int32_t width, char* dest)
 }
 
 // A length form of its own: where the pointer form gives the terminator, measuring from there would always give 0.
-ENTRY(uint32_t, StrWrap_length)(const char* text, int32_t line, int32_t width, char* dest) noexcept {
+uint32_t VX_CALL vx_StrWrap_length(const char* text, int32_t line, int32_t width, char* dest) noexcept {
     if (!dest) return 0;
     vx_StrWrap(text, line, width, dest);
     return static_cast<std::uint32_t>(std::strlen(dest));
 }
 
-ENTRY(char*, MemoWrap)(const char* text, int32_t width, int32_t tabWidth, char* dest) noexcept {
+char* VX_CALL vx_MemoWrap(const char* text, int32_t width, int32_t tabWidth, char* dest) noexcept {
     if (!dest) return nullptr;
     if (!text) return store(dest, {});
     return wrapWhole(text, width < 1 ? 1 : atLeastZero(width), tabWidthOf(tabWidth), dest);

@@ -70,11 +70,11 @@ char* replaced(const char* text, const char* search, const char* replacement, st
 
 using namespace vx;
 
-ENTRY(char*, StrTran)
-(const char* text, const char* search, const char* replacement, int32_t n, int32_t count, char* dest) noexcept {
+char* VX_CALL vx_StrTran(const char* text, const char* search, const char* replacement, int32_t n, int32_t count,
+                         char* dest) noexcept {
     return replaced<scanning::Exact>(text, search, replacement, n, count, dest);
 }
-ENTRY(char*, StrTrani)
-(const char* text, const char* search, const char* replacement, int32_t n, int32_t count, char* dest) noexcept {
+char* VX_CALL vx_StrTrani(const char* text, const char* search, const char* replacement, int32_t n, int32_t count,
+                          char* dest) noexcept {
     return replaced<scanning::Blind>(text, search, replacement, n, count, dest);
 }

@@ -139,58 +139,62 @@ Field findField(std::string_view text, std::string_view delimiters, std::int32_t
 
 using namespace vx;
 
-ENTRY(int32_t, at)(const char* search, const char* target) noexcept { return occurrence<Exact>(search, target, 1); }
-ENTRY(int32_t, Ati)(const char* search, const char* target) noexcept { return occurrence<Blind>(search, target, 1); }
-ENTRY(int32_t, StrAtNext)(const char* search, const char* target, int32_t n) noexcept {
+int32_t VX_CALL vx_at(const char* search, const char* target) noexcept { return occurrence<Exact>(search, target, 1); }
+int32_t VX_CALL vx_Ati(const char* search, const char* target) noexcept { return occurrence<Blind>(search, target, 1); }
+int32_t VX_CALL vx_StrAtNext(const char* search, const char* target, int32_t n) noexcept {
     return occurrence<Exact>(search, target, n);
 }
-ENTRY(int32_t, StrAtNexti)(const char* search, const char* target, int32_t n) noexcept {
+int32_t VX_CALL vx_StrAtNexti(const char* search, const char* target, int32_t n) noexcept {
     return occurrence<Blind>(search, target, n);
 }
-ENTRY(int32_t, Rat)(const char* search, const char* target) noexcept { return occurrence<Exact>(search, target, -1); }
-ENTRY(int32_t, Rati)(const char* search, const char* target) noexcept { return occurrence<Blind>(search, target, -1); }
+int32_t VX_CALL vx_Rat(const char* search, const char* target) noexcept {
+    return occurrence<Exact>(search, target, -1);
+}
+int32_t VX_CALL vx_Rati(const char* search, const char* target) noexcept {
+    return occurrence<Blind>(search, target, -1);
+}
 
-ENTRY(int32_t, AtNext)(const char* character, const char* target, int32_t n) noexcept {
+int32_t VX_CALL vx_AtNext(const char* character, const char* target, int32_t n) noexcept {
     return characterOccurrence<Exact>(character, target, n);
 }
-ENTRY(int32_t, AtNexti)(const char* character, const char* target, int32_t n) noexcept {
+int32_t VX_CALL vx_AtNexti(const char* character, const char* target, int32_t n) noexcept {
     return characterOccurrence<Blind>(character, target, n);
 }
-ENTRY(int32_t, AtLast)(const char* character, const char* target) noexcept {
+int32_t VX_CALL vx_AtLast(const char* character, const char* target) noexcept {
     return characterOccurrence<Exact>(character, target, -1);
 }
-ENTRY(int32_t, AtLasti)(const char* character, const char* target) noexcept {
+int32_t VX_CALL vx_AtLasti(const char* character, const char* target) noexcept {
     return characterOccurrence<Blind>(character, target, -1);
 }
 
-ENTRY(uint32_t, StrCount)(const char* search, const char* target) noexcept { return count<Exact>(search, target); }
-ENTRY(uint32_t, StrCounti)(const char* search, const char* target) noexcept { return count<Blind>(search, target); }
-ENTRY(uint32_t, ChrCount)(const char* character, const char* target) noexcept {
+uint32_t VX_CALL vx_StrCount(const char* search, const char* target) noexcept { return count<Exact>(search, target); }
+uint32_t VX_CALL vx_StrCounti(const char* search, const char* target) noexcept { return count<Blind>(search, target); }
+uint32_t VX_CALL vx_ChrCount(const char* character, const char* target) noexcept {
     return countCharacters(character, target, countCharacter);
 }
-ENTRY(uint32_t, ChrCounti)(const char* character, const char* target) noexcept {
+uint32_t VX_CALL vx_ChrCounti(const char* character, const char* target) noexcept {
     return countCharacters(character, target, countCharacterBlind);
 }
 
-ENTRY(int32_t, AscPos)(const char* text, int32_t position) noexcept {
+int32_t VX_CALL vx_AscPos(const char* text, int32_t position) noexcept {
     if (!text || position < 0) return 0;
     std::size_t at = static_cast<std::size_t>(position);
     return within(text, at).size() == at ? byteOf(text[at]) : 0;
 }
 
-ENTRY(int32_t, AtDiff)(const char* a, const char* b) noexcept {
+int32_t VX_CALL vx_AtDiff(const char* a, const char* b) noexcept {
     if (!a || !b) return 0;
     std::size_t at = firstDifference(a, b);
     return a[at] && b[at] ? static_cast<std::int32_t>(at) + 1 : 0;
 }
 
-ENTRY(char*, StrDiff)(const char* a, const char* b) noexcept {
+char* VX_CALL vx_StrDiff(const char* a, const char* b) noexcept {
     if (!b) return nullptr;
     const char* at = b + firstDifference(a ? a : emptyText, b);
     return const_cast<char*>(*at ? at + 1 : at);  // kept: the character that differs is skipped itself
 }
 
-ENTRY(uint32_t, DelimCount)(const char* text, const char* delimiters) noexcept {
+uint32_t VX_CALL vx_DelimCount(const char* text, const char* delimiters) noexcept {
     std::string_view all = view(text);
     std::string_view marks = delimiterMarks(delimiters);
     if (all.empty()) return 0;
@@ -202,7 +206,7 @@ ENTRY(uint32_t, DelimCount)(const char* text, const char* delimiters) noexcept {
     return sections;
 }
 
-ENTRY(char*, StrExtract)(const char* text, const char* delimiters, int32_t n, char* dest) noexcept {
+char* VX_CALL vx_StrExtract(const char* text, const char* delimiters, int32_t n, char* dest) noexcept {
     if (!dest) return const_cast<char*>(emptyText);
     std::string_view all = view(text);
     Field field = findField(all, delimiterMarks(delimiters), n);

@@ -20,7 +20,7 @@ char* storePiece(const char* text, char* dest, std::string_view piece) {
 
 using namespace vx;
 
-ENTRY(char*, Left)(const char* text, int32_t count, char* dest) noexcept {
+char* VX_CALL vx_Left(const char* text, int32_t count, char* dest) noexcept {
     char* to = target(text, dest);
     if (!to) return nullptr;
     std::string_view piece = viewOfFirst(text, atLeastZero(count));
@@ -29,12 +29,12 @@ ENTRY(char*, Left)(const char* text, int32_t count, char* dest) noexcept {
     return to;
 }
 
-ENTRY(char*, Right)(const char* text, int32_t count, char* dest) noexcept {
+char* VX_CALL vx_Right(const char* text, int32_t count, char* dest) noexcept {
     std::string_view all = view(text);
     return storePiece(text, dest, all.substr(all.size() - std::min(all.size(), atLeastZero(count))));
 }
 
-ENTRY(char*, SubStr)(const char* text, int32_t start, int32_t count, char* dest) noexcept {
+char* VX_CALL vx_SubStr(const char* text, int32_t start, int32_t count, char* dest) noexcept {
     if (start >= 0) {
         std::size_t before = atLeastZero(start);
         std::string_view all = viewOfFirst(text, before + atLeastZero(count));
@@ -47,7 +47,7 @@ ENTRY(char*, SubStr)(const char* text, int32_t start, int32_t count, char* dest)
     return storePiece(text, dest, all.substr(all.size() - fromEnd, atLeastZero(count)));
 }
 
-ENTRY(char*, Stuff)(const char* text, int32_t start, int32_t remove, const char* insert, char* dest) noexcept {
+char* VX_CALL vx_Stuff(const char* text, int32_t start, int32_t remove, const char* insert, char* dest) noexcept {
     if (!dest) return nullptr;
     std::string_view all = view(text);
     std::size_t before = atLeastZero(start);

@@ -71,13 +71,13 @@ char* mapToken(char* text, const char* delimiters, std::int32_t n, char (*map)(c
 
 using namespace vx;
 
-ENTRY(char*, Token)(const char* text, const char* delimiters, int32_t n, char* dest) noexcept {
+char* VX_CALL vx_Token(const char* text, const char* delimiters, int32_t n, char* dest) noexcept {
     if (!dest) return nullptr;
     return store(dest, textOf(text, findToken(text, Delimiters(delimiters), n)));
 }
 
-ENTRY(char*, TokenInfo)
-(const char* text, const char* delimiters, int32_t n, int32_t* position, int32_t* length, char* dest) noexcept {
+char* VX_CALL vx_TokenInfo(const char* text, const char* delimiters, int32_t n, int32_t* position, int32_t* length,
+                           char* dest) noexcept {
     if (!dest) return nullptr;
     std::optional<Token> token = findToken(text, Delimiters(delimiters), n);
     // kept: position 1, not 0, when there is no such token
@@ -86,15 +86,15 @@ ENTRY(char*, TokenInfo)
     return store(dest, textOf(text, token));
 }
 
-ENTRY(uint32_t, TokenLen)(const char* text, const char* delimiters, int32_t n) noexcept {
+uint32_t VX_CALL vx_TokenLen(const char* text, const char* delimiters, int32_t n) noexcept {
     return static_cast<uint32_t>(lengthOf(findToken(text, Delimiters(delimiters), n)));
 }
 
-ENTRY(uint32_t, NumToken)(const char* text, const char* delimiters) noexcept {
+uint32_t VX_CALL vx_NumToken(const char* text, const char* delimiters) noexcept {
     return static_cast<uint32_t>(countTokens(view(text), Delimiters(delimiters)));
 }
 
-ENTRY(uint32_t, TokenSize)(const char* text, const char* delimiters) noexcept {
+uint32_t VX_CALL vx_TokenSize(const char* text, const char* delimiters) noexcept {
     Delimiters argument(delimiters);
     const DelimiterSet& set = argument;
     uint32_t size = 0;
@@ -102,12 +102,12 @@ ENTRY(uint32_t, TokenSize)(const char* text, const char* delimiters) noexcept {
     return size;
 }
 
-ENTRY(int32_t, AtToken)(const char* text, const char* delimiters, int32_t n) noexcept {
+int32_t VX_CALL vx_AtToken(const char* text, const char* delimiters, int32_t n) noexcept {
     std::optional<Token> token = findToken(text, Delimiters(delimiters), n);
     return token ? static_cast<int32_t>(token->offset) : -1;
 }
 
-ENTRY(char*, DeleteToken)(const char* text, const char* delimiters, int32_t n, char* dest) noexcept {
+char* VX_CALL vx_DeleteToken(const char* text, const char* delimiters, int32_t n, char* dest) noexcept {
     if (!dest) return nullptr;
     Delimiters set(delimiters);
     std::string_view all = view(text);
@@ -117,8 +117,8 @@ ENTRY(char*, DeleteToken)(const char* text, const char* delimiters, int32_t n, c
     return storeSpliced(dest, all.substr(0, token->offset), {}, all.substr(next ? next->offset : all.size()));
 }
 
-ENTRY(char*, SwapToken)
-(const char* text, const char* delimiters, int32_t n, const char* replacement, char* dest) noexcept {
+char* VX_CALL vx_SwapToken(const char* text, const char* delimiters, int32_t n, const char* replacement,
+                           char* dest) noexcept {
     if (!dest) return nullptr;
     std::string_view all = view(text);
     std::optional<Token> token = findToken(all, Delimiters(delimiters), n);
@@ -126,8 +126,8 @@ ENTRY(char*, SwapToken)
     return storeSpliced(dest, all.substr(0, token->offset), view(replacement), all.substr(token->end()));
 }
 
-ENTRY(char*, SpaceToken)
-(const char* text, const char* delimiters, int32_t count, const char* fill, char* dest) noexcept {
+char* VX_CALL vx_SpaceToken(const char* text, const char* delimiters, int32_t count, const char* fill,
+                            char* dest) noexcept {
     if (!dest) return nullptr;
     Delimiters argument(delimiters);
     const DelimiterSet& set = argument;
@@ -147,19 +147,19 @@ ENTRY(char*, SpaceToken)
     return end;  // kept: the terminator, not the start
 }
 
-ENTRY(char*, CapToken)(char* text, const char* delimiters, int32_t n) noexcept {
+char* VX_CALL vx_CapToken(char* text, const char* delimiters, int32_t n) noexcept {
     if (auto token = findToken(text, Delimiters(delimiters), n)) text[token->offset] = upper(text[token->offset]);
     return text;
 }
-ENTRY(char*, TokenUpper)(char* text, const char* delimiters, int32_t n) noexcept {
+char* VX_CALL vx_TokenUpper(char* text, const char* delimiters, int32_t n) noexcept {
     return mapToken(text, delimiters, n, upper);
 }
-ENTRY(char*, TokenLower)(char* text, const char* delimiters, int32_t n) noexcept {
+char* VX_CALL vx_TokenLower(char* text, const char* delimiters, int32_t n) noexcept {
     return mapToken(text, delimiters, n, lower);
 }
 
-ENTRY(int32_t, MatchToken)
-(const char* text, const char* delimiters, const char* match, int32_t n, int32_t exact) noexcept {
+int32_t VX_CALL vx_MatchToken(const char* text, const char* delimiters, const char* match, int32_t n,
+                              int32_t exact) noexcept {
     Delimiters set(delimiters);
     std::string_view all = view(text);
     const char* wanted = match ? match : emptyText;

@@ -116,9 +116,8 @@ std::size_t startOf(std::int32_t mode, std::size_t width, const Extent& tokens, 
 
 using namespace vx;
 
-ENTRY(char*, AlignToken)
-(const char* text, const char* delimiters, int32_t count, int32_t width, const char* separator, const char* codes,
- char* dest) noexcept {
+char* VX_CALL vx_AlignToken(const char* text, const char* delimiters, int32_t count, int32_t width,
+                            const char* separator, const char* codes, char* dest) noexcept {
     if (!dest) return nullptr;
     const DelimiterSet& set = recall(remembered.align, delimiters);
     std::string_view all = view(text);
@@ -136,8 +135,8 @@ ENTRY(char*, AlignToken)
     return dest;
 }
 
-ENTRY(char*, TokenJustify)
-(const char* text, const char* delimiters, int32_t width, int32_t mode, char* dest) noexcept {
+char* VX_CALL vx_TokenJustify(const char* text, const char* delimiters, int32_t width, int32_t mode,
+                              char* dest) noexcept {
     if (!dest) return nullptr;
     if (width < 1) return store(dest, {});
     const DelimiterSet& set = recall(remembered.justify, delimiters);

@@ -50,34 +50,34 @@ std::uint32_t length(std::string_view text) { return static_cast<std::uint32_t>(
 
 using namespace vx;
 
-ENTRY(char*, AllTrim)(const char* text, char* dest) noexcept {
+char* VX_CALL vx_AllTrim(const char* text, char* dest) noexcept {
     return storeTrimmed(text, dest, withoutBlanks(view(text)));
 }
-ENTRY(uint32_t, AllTrimLen)(const char* text) noexcept { return length(withoutBlanks(view(text))); }
+uint32_t VX_CALL vx_AllTrimLen(const char* text) noexcept { return length(withoutBlanks(view(text))); }
 
-ENTRY(char*, LTrim)(const char* text, char* dest) noexcept {
+char* VX_CALL vx_LTrim(const char* text, char* dest) noexcept {
     storeTrimmed(text, dest, withoutLeadingBlanks(view(text)));
     return dest;  // kept: NULL when working in place
 }
-ENTRY(uint32_t, LTrimLen)(const char* text) noexcept { return length(withoutLeadingBlanks(view(text))); }
+uint32_t VX_CALL vx_LTrimLen(const char* text) noexcept { return length(withoutLeadingBlanks(view(text))); }
 
-ENTRY(char*, RTrim)(const char* text, char* dest) noexcept {
+char* VX_CALL vx_RTrim(const char* text, char* dest) noexcept {
     return storeTrimmed(text, dest, withoutTrailingBlanks(view(text)));
 }
-ENTRY(uint32_t, RTrimLen)(const char* text) noexcept { return length(withoutTrailingBlanks(view(text))); }
+uint32_t VX_CALL vx_RTrimLen(const char* text) noexcept { return length(withoutTrailingBlanks(view(text))); }
 
-ENTRY(char*, ChrTrim)(const char* text, const char* set, int32_t mode, char* dest) noexcept {
+char* VX_CALL vx_ChrTrim(const char* text, const char* set, int32_t mode, char* dest) noexcept {
     return storeTrimmed(text, dest, withoutSet(view(text), set, mode));
 }
-ENTRY(uint32_t, ChrTrimLen)(const char* text, const char* set, int32_t mode) noexcept {
+uint32_t VX_CALL vx_ChrTrimLen(const char* text, const char* set, int32_t mode) noexcept {
     return length(withoutSet(view(text), set, mode));
 }
 
-ENTRY(char*, TrimPunct)(const char* text, char* dest) noexcept {
+char* VX_CALL vx_TrimPunct(const char* text, char* dest) noexcept {
     return storeTrimmed(text, dest, trimmed(view(text), kTrimBoth, [](char c) { return !endsPunctuation(c); }));
 }
 
-ENTRY(char*, LJust)(const char* text, char* dest) noexcept {
+char* VX_CALL vx_LJust(const char* text, char* dest) noexcept {
     char* to = target(text, dest);
     if (!to) return nullptr;
     std::string_view all = view(text);
@@ -88,7 +88,7 @@ ENTRY(char*, LJust)(const char* text, char* dest) noexcept {
     return dest;  // kept: NULL when working in place
 }
 
-ENTRY(char*, RJust)(const char* text, char* dest) noexcept {
+char* VX_CALL vx_RJust(const char* text, char* dest) noexcept {
     if (!text) return dest;
     std::string_view all = view(text);
     std::string_view content = withoutBlanks(all);
@@ -101,7 +101,7 @@ ENTRY(char*, RJust)(const char* text, char* dest) noexcept {
     return to;
 }
 
-ENTRY(char*, Center)(const char* text, int32_t width, const char* fill, char* dest) noexcept {
+char* VX_CALL vx_Center(const char* text, int32_t width, const char* fill, char* dest) noexcept {
     if (!dest) return nullptr;
     if (width < 1) return store(dest, {});
     std::string_view content = view(text).substr(0, atLeastZero(width));
@@ -112,7 +112,7 @@ ENTRY(char*, Center)(const char* text, int32_t width, const char* fill, char* de
     return dest;  // kept: no padding on the right
 }
 
-ENTRY(char*, StrCenter)(const char* text, int32_t width, const char* fill, char* dest) noexcept {
+char* VX_CALL vx_StrCenter(const char* text, int32_t width, const char* fill, char* dest) noexcept {
     if (!dest) return nullptr;
     if (width < 1) return store(dest, {});
     std::size_t room = atLeastZero(width);
@@ -127,7 +127,7 @@ ENTRY(char*, StrCenter)(const char* text, int32_t width, const char* fill, char*
     return dest;
 }
 
-ENTRY(char*, LeadChar)(const char* text, const char* fill, char* dest) noexcept {
+char* VX_CALL vx_LeadChar(const char* text, const char* fill, char* dest) noexcept {
     char* to = target(text, dest);
     if (!to) return nullptr;
     std::string_view all = view(text);
@@ -140,7 +140,7 @@ ENTRY(char*, LeadChar)(const char* text, const char* fill, char* dest) noexcept 
     return to;
 }
 
-ENTRY(char*, TrailChar)(const char* text, const char* fill, char* dest) noexcept {
+char* VX_CALL vx_TrailChar(const char* text, const char* fill, char* dest) noexcept {
     char* to = target(text, dest);
     if (!to) return nullptr;
     std::string_view all = view(text);
@@ -151,7 +151,7 @@ ENTRY(char*, TrailChar)(const char* text, const char* fill, char* dest) noexcept
     return to;
 }
 
-ENTRY(char*, UnTrim)(const char* text, int32_t width, const char* fill, char* dest) noexcept {
+char* VX_CALL vx_UnTrim(const char* text, int32_t width, const char* fill, char* dest) noexcept {
     if (!text) return const_cast<char*>(emptyText);
     std::size_t room = atLeastZero(width);
     std::string_view content = view(text).substr(0, room);
@@ -164,7 +164,7 @@ ENTRY(char*, UnTrim)(const char* text, int32_t width, const char* fill, char* de
     return to;
 }
 
-ENTRY(char*, Replicate)(const char* text, int32_t count, char* dest) noexcept {
+char* VX_CALL vx_Replicate(const char* text, int32_t count, char* dest) noexcept {
     if (!dest) return nullptr;
     std::string_view piece = view(text);
     char* end = dest;
@@ -175,7 +175,7 @@ ENTRY(char*, Replicate)(const char* text, int32_t count, char* dest) noexcept {
     return dest;
 }
 
-ENTRY(char*, StrnSet)(char* text, int32_t c, int32_t count) noexcept {
+char* VX_CALL vx_StrnSet(char* text, int32_t c, int32_t count) noexcept {
     if (!text || count < 0) return text;
     std::size_t size = atLeastZero(count);
     std::memset(text, static_cast<std::uint8_t>(c), size);
@@ -184,13 +184,13 @@ ENTRY(char*, StrnSet)(char* text, int32_t c, int32_t count) noexcept {
 }
 
 // A length form of its own: the pointer form's result is the terminator and would always give 0.
-ENTRY(uint32_t, StrnSet_length)(char* text, int32_t c, int32_t count) noexcept {
+uint32_t VX_CALL vx_StrnSet_length(char* text, int32_t c, int32_t count) noexcept {
     if (!text || count < 0) return 0;
     vx_StrnSet(text, c, count);
     return static_cast<std::uint32_t>(count);
 }
 
-ENTRY(int32_t, StrEmpty)(const char* text) noexcept {
+int32_t VX_CALL vx_StrEmpty(const char* text) noexcept {
     if (!text) return 0;
     while (*text == ' ' || *text == '\t') ++text;
     return *text == '\0';

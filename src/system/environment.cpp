@@ -110,16 +110,16 @@ std::int32_t countEntries() {
 
 using namespace vx;
 
-ENTRY(char*, Command)(char* dest) noexcept { return dest ? store(dest, commandTail()) : nullptr; }
-ENTRY(char*, Program)(char* dest) noexcept { return dest ? putProgram(dest) : nullptr; }
-ENTRY(char*, Arg)(int32_t n, char* dest) noexcept {
+char* VX_CALL vx_Command(char* dest) noexcept { return dest ? store(dest, commandTail()) : nullptr; }
+char* VX_CALL vx_Program(char* dest) noexcept { return dest ? putProgram(dest) : nullptr; }
+char* VX_CALL vx_Arg(int32_t n, char* dest) noexcept {
     if (!dest || n == 0) return dest ? putProgram(dest) : nullptr;
     return store(dest, n > 0 ? argument(n) : std::string_view());
 }
-ENTRY(int32_t, ArgCount)() noexcept { return countArguments(); }
-ENTRY(char*, Param)(const char* prefix, char* dest) noexcept {
+int32_t VX_CALL vx_ArgCount() noexcept { return countArguments(); }
+char* VX_CALL vx_Param(const char* prefix, char* dest) noexcept {
     return dest ? store(dest, parameter(view(prefix))) : nullptr;
 }
-ENTRY(char*, GetEnv)(const char* name, char* dest) noexcept { return dest ? putVariable(name, dest) : nullptr; }
-ENTRY(char*, Env)(int32_t n, char* dest) noexcept { return dest ? putEntry(n, dest) : nullptr; }
-ENTRY(int32_t, EnvCount)() noexcept { return countEntries(); }
+char* VX_CALL vx_GetEnv(const char* name, char* dest) noexcept { return dest ? putVariable(name, dest) : nullptr; }
+char* VX_CALL vx_Env(int32_t n, char* dest) noexcept { return dest ? putEntry(n, dest) : nullptr; }
+int32_t VX_CALL vx_EnvCount() noexcept { return countEntries(); }

@@ -79,13 +79,13 @@ std::int32_t shiftedRight(std::int32_t value, std::int32_t count) { return value
 
 using namespace vx;
 
-ENTRY(int32_t, WinVersion)() noexcept { return windowsVersion(); }
-ENTRY(uint32_t, ExtMem)(int32_t available) noexcept { return kilobytes(available != 0); }
-ENTRY(uint32_t, ExpMem)(int32_t available) noexcept { return kilobytes(available != 0); }
-ENTRY(int32_t, TimerTick)() noexcept { return timerTick(); }
-ENTRY(int32_t, CpuType)() noexcept { return static_cast<std::int32_t>(hardware().processorFamily()); }
+int32_t VX_CALL vx_WinVersion() noexcept { return windowsVersion(); }
+uint32_t VX_CALL vx_ExtMem(int32_t available) noexcept { return kilobytes(available != 0); }
+uint32_t VX_CALL vx_ExpMem(int32_t available) noexcept { return kilobytes(available != 0); }
+int32_t VX_CALL vx_TimerTick() noexcept { return timerTick(); }
+int32_t VX_CALL vx_CpuType() noexcept { return static_cast<std::int32_t>(hardware().processorFamily()); }
 
-ENTRY(int32_t, _sysinfo1)(int32_t selector) noexcept {
+int32_t VX_CALL vx__sysinfo1(int32_t selector) noexcept {
     switch (selector) {
         case 1:
             return vx_MonType();
@@ -108,22 +108,22 @@ ENTRY(int32_t, _sysinfo1)(int32_t selector) noexcept {
     }
 }
 
-ENTRY(char*, RomDate)(char* dest) noexcept {
+char* VX_CALL vx_RomDate(char* dest) noexcept {
     if (dest) *dest = '\0';
     return dest;
 }
 
-ENTRY(int32_t, Tone)(int32_t frequency, uint32_t ticks) noexcept {
+int32_t VX_CALL vx_Tone(int32_t frequency, uint32_t ticks) noexcept {
     startSound(frequency);
     sleepTimes(ticks, kMillisecondsOfTick);
     return stopSound();
 }
-ENTRY(void, Noise)(int32_t frequency) noexcept { startSound(frequency); }
-ENTRY(int32_t, Silence)() noexcept { return stopSound(); }
+void VX_CALL vx_Noise(int32_t frequency) noexcept { startSound(frequency); }
+int32_t VX_CALL vx_Silence() noexcept { return stopSound(); }
 
-ENTRY(int32_t, Test)(int32_t value, int32_t mask) noexcept { return (value & mask) == mask; }
-ENTRY(int32_t, Shr)(int32_t value, int32_t count) noexcept { return shiftedRight(value, count); }
-ENTRY(int32_t, Shl)(int32_t value, int32_t count) noexcept { return shiftedLeft(value, count); }
-ENTRY(int32_t, _LShr)(int32_t value, int32_t count) noexcept { return shiftedRight(value, count); }
-ENTRY(int32_t, _LShl)(int32_t value, int32_t count) noexcept { return shiftedLeft(value, count); }
-ENTRY(int32_t, Ior)(int32_t a, int32_t b) noexcept { return a | b; }
+int32_t VX_CALL vx_Test(int32_t value, int32_t mask) noexcept { return (value & mask) == mask; }
+int32_t VX_CALL vx_Shr(int32_t value, int32_t count) noexcept { return shiftedRight(value, count); }
+int32_t VX_CALL vx_Shl(int32_t value, int32_t count) noexcept { return shiftedLeft(value, count); }
+int32_t VX_CALL vx__LShr(int32_t value, int32_t count) noexcept { return shiftedRight(value, count); }
+int32_t VX_CALL vx__LShl(int32_t value, int32_t count) noexcept { return shiftedLeft(value, count); }
+int32_t VX_CALL vx_Ior(int32_t a, int32_t b) noexcept { return a | b; }
