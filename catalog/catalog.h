@@ -8,25 +8,9 @@
 #include <string_view>
 #include <vector>
 
-namespace vx::catalog {
+#include "catalog_kinds.h"  // Kind, Result, and what can be asked of them
 
-enum class Kind { kInt, kUint, kChar, kPos, kStr, kEdit, kDest, kOut, kBytes, kBlock, kHandle, kTable, kAny };
-enum class Result {
-    kInt,
-    kUint,
-    kBool,
-    kChar,
-    kPos,
-    kHandle,
-    kTable,
-    kDest,
-    kGiven,
-    kInside,
-    kConst,
-    kBlock,
-    kEnd,
-    kVoid
-};
+namespace vx::catalog {
 
 // A number of bytes; arithmetic stops at the ends of 64 bits instead of wrapping.
 struct Size {
@@ -81,6 +65,7 @@ struct Entry {
     int zeroTwin;     // of a 1-based entry: index of its 0-based twin, else -1
     bool remembers;   // keeps something from call to call that its result shows
     void (*invoke)(Function function, const Value* arguments, Value* result);
+    const char* declaration;  // in C, as the header has it
     const char* does;
     const char* returns;
     const char* notes;
@@ -103,11 +88,7 @@ const Entry* find(std::string_view name);
 // Names that a mistyped one may have meant, the likeliest first.
 std::vector<std::string> suggestions(std::string_view name, std::size_t count = 5);
 
-// C declaration as the header has it.
-std::string declaration(const Entry& entry);
-
-bool isDestination(Kind kind);  // text or block that the function fills: the host supplies it
-inline bool isText(Result r) { return r >= Result::kDest && r <= Result::kConst; }
-inline bool isNumber(Result r) { return r <= Result::kTable; }
+// A-Z as a-z.
+std::string lowerCase(std::string_view text);
 
 }  // namespace vx::catalog

@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <cstring>
-#include <iterator>
 #include <limits>
 
 #include "catalog/catalog.h"
@@ -10,24 +9,6 @@ namespace {
 
 constexpr std::int64_t kMost = std::numeric_limits<std::int64_t>::max();
 constexpr std::int64_t kLeast = std::numeric_limits<std::int64_t>::min();
-
-const char* const kArgumentTypes[] = {"int32_t ", "uint32_t ", "int32_t ",  "int32_t ",     "const char *",
-                                      "char *",   "char *",    "int32_t *", "const void *", "void *",
-                                      "int32_t ", "uint32_t ", "int32_t "};
-const char* const kResultTypes[] = {"int32_t ",     "uint32_t ", "int32_t ", "int32_t ", "int32_t ",
-                                    "int32_t ",     "uint32_t ", "char *",   "char *",   "char *",
-                                    "const char *", "void *",    "void *",   "void "};
-
-static_assert(std::size(kArgumentTypes) == static_cast<int>(Kind::kAny) + 1);
-static_assert(std::size(kResultTypes) == static_cast<int>(Result::kVoid) + 1);
-
-std::string lowerCase(std::string_view text) {
-    std::string result(text);
-    for (char& c : result) {
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-    }
-    return result;
-}
 
 // Edits (insert, delete, replace, swap of neighbours) that turn one name into the other.
 int distance(std::string_view a, std::string_view b) {
@@ -74,6 +55,14 @@ const Entry* find(std::string_view name) {
     return nullptr;
 }
 
+std::string lowerCase(std::string_view text) {
+    std::string result(text);
+    for (char& c : result) {
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+    }
+    return result;
+}
+
 std::vector<std::string> suggestions(std::string_view name, std::size_t count) {
     std::string wanted = lowerCase(name);
     std::vector<std::pair<int, std::string>> ranked;
@@ -93,17 +82,5 @@ std::vector<std::string> suggestions(std::string_view name, std::size_t count) {
     for (std::size_t i = 0; i < ranked.size() && i < count; ++i) result.push_back(ranked[i].second);
     return result;
 }
-
-std::string declaration(const Entry& entry) {
-    std::string text = kResultTypes[static_cast<int>(entry.result)] + std::string(entry.main()) + "(";
-    const char* gap = "";
-    for (const Argument& argument : entry.arguments) {
-        text += gap + std::string(kArgumentTypes[static_cast<int>(argument.kind)]) + argument.name;
-        gap = ", ";
-    }
-    return text + (entry.arguments.empty() ? "void);" : ");");
-}
-
-bool isDestination(Kind kind) { return kind == Kind::kDest || kind == Kind::kOut; }
 
 }  // namespace vx::catalog

@@ -66,8 +66,6 @@ void Typed::write(std::string_view line, std::string& text) const {
     for (std::size_t i = 1; i < pieces_.size(); ++i) text.append(line).append(pieces_[i]);
 }
 
-bool isSupplied(Kind kind) { return catalog::isDestination(kind) || kind == Kind::kBlock; }
-
 std::int64_t numberOf(const catalog::Argument& argument, const std::string& text) {
     bool character = argument.kind == Kind::kChar;
     std::optional<std::int64_t> number = character ? parseCharacter(text) : parseNumber(text);
@@ -78,8 +76,7 @@ std::int64_t numberOf(const catalog::Argument& argument, const std::string& text
                                     : "a 32-bit number, decimal or 0x hexadecimal") +
                          ", not " + inQuotes(text) + "\n  " + argument.name + "  " + argument.meaning);
     }
-    bool isUnsigned = argument.kind == Kind::kUint || argument.kind == Kind::kTable;
-    if (isUnsigned) return static_cast<std::uint32_t>(*number);
+    if (isUnsigned(argument.kind)) return static_cast<std::uint32_t>(*number);
     return static_cast<std::int32_t>(*number);
 }
 
@@ -111,8 +108,7 @@ std::string wrongCount(const catalog::Entry& entry, const std::string& name, std
     std::size_t wanted = 0;
     for (const catalog::Argument& argument : entry.arguments) wanted += !isSupplied(argument.kind);
     std::string message = name + " takes " + counted(wanted, "argument") + ", not " + std::to_string(count) + "\n  " +
-                          catalog::declaration(entry) + "\n  " + synopsis(entry, name) + "\n" +
-                          argumentHelp(entry, true);
+                          entry.declaration + "\n  " + synopsis(entry, name) + "\n" + argumentHelp(entry, true);
     message.pop_back();
     return message;
 }

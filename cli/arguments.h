@@ -26,13 +26,6 @@ class Typed {
     bool null_ = false;
 };
 
-// Destinations and memory blocks, for which the user gives nothing.
-bool isSupplied(catalog::Kind kind);
-
-inline bool takesText(catalog::Kind kind) {
-    return kind == catalog::Kind::kStr || kind == catalog::Kind::kEdit || kind == catalog::Kind::kBytes;
-}
-
 // The number or character code that `text` stands for; UsageError names the argument and what it expects.
 std::int64_t numberOf(const catalog::Argument& argument, const std::string& text);
 

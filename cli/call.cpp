@@ -15,7 +15,7 @@ using catalog::Result;
 constexpr std::int64_t kMostRoom = std::int64_t{1} << 30;
 constexpr std::size_t kSpare = 16;  // behind each room, so that every text in it has an end
 
-bool hasMemory(Kind kind) { return takesText(kind) || kind == Kind::kDest || kind == Kind::kBlock; }
+bool hasMemory(Kind kind) { return isPointer(kind) && kind != Kind::kOut; }
 
 bool hasInPlaceForm(const catalog::Entry& entry) {
     auto isInPlace = [](const Argument& a) { return a.inPlace >= 0 || a.kind == Kind::kEdit; };
@@ -59,8 +59,7 @@ Call::Call(const catalog::Entry& entry, const std::string& name, catalog::Functi
 
 void Call::addSlot(const Argument& argument, const std::string* given, const CallOptions& options) {
     Slot slot{.argument = &argument, .typed = Typed(given ? *given : "", options.escapes, options.lines)};
-    bool canBeNull = takesText(argument.kind) || isSupplied(argument.kind);
-    slot.isNull = (canBeNull && slot.typed.isNull()) || (options.inPlace && argument.inPlace >= 0);
+    slot.isNull = (isPointer(argument.kind) && slot.typed.isNull()) || (options.inPlace && argument.inPlace >= 0);
     slot.isOutput = isSupplied(argument.kind) || argument.kind == Kind::kEdit;
     slot.isNumber = given && !slot.isNull && !hasMemory(argument.kind);
     if (!slot.typed.takesLine()) read(slot, {});

@@ -1,7 +1,6 @@
 #include "cli/explain.h"
 
 #include <algorithm>
-#include <iterator>
 #include <string_view>
 #include <vector>
 
@@ -16,13 +15,7 @@ namespace {
 using catalog::Argument;
 using catalog::Entry;
 using catalog::Family;
-
-constexpr const char* kKinds[] = {"int", "uint",  "char",  "pos",    "str",   "edit", "dest",
-                                  "out", "bytes", "block", "handle", "table", "any"};
-constexpr const char* kResults[] = {"int",  "uint",  "bool",   "char",  "pos",   "handle", "table",
-                                    "dest", "given", "inside", "const", "block", "end",    "void"};
-static_assert(std::size(kKinds) == static_cast<int>(catalog::Kind::kAny) + 1);
-static_assert(std::size(kResults) == static_cast<int>(catalog::Result::kVoid) + 1);
+using catalog::lowerCase;
 
 // A function's other forms: by what each entry's index says about another one.
 struct Relatives {
@@ -57,7 +50,7 @@ std::string joined(std::span<const char* const> names) {
 
 Json argumentJson(const Entry& entry, const Argument& argument) {
     Json object = {{"name", argument.name},
-                   {"kind", kKinds[static_cast<int>(argument.kind)]},
+                   {"kind", nameOf(argument.kind)},
                    {"meaning", argument.meaning},
                    {"supplied", isSupplied(argument.kind)}};
     if (argument.inPlace >= 0) object["inPlaceOf"] = entry.arguments[argument.inPlace].name;
@@ -68,11 +61,11 @@ Json entryJson(const Entry& entry) {
     Json object = {{"name", entry.main()}, {"family", entry.family}};
     object["names"] = std::vector<std::string>(entry.names.begin(), entry.names.end());
     object["does"] = entry.does;
-    object["declaration"] = catalog::declaration(entry);
+    object["declaration"] = entry.declaration;
     object["synopsis"] = synopsis(entry, entry.main());
     object["arguments"] = Json::array();
     for (const Argument& argument : entry.arguments) object["arguments"].push_back(argumentJson(entry, argument));
-    object["result"] = {{"kind", kResults[static_cast<int>(entry.result)]}, {"meaning", entry.returns}};
+    object["result"] = {{"kind", nameOf(entry.result)}, {"meaning", entry.returns}};
     object["notes"] = entry.notes;
     object["examples"] = entry.examples;
     object["base"] = entry.base >= 0 ? Json(entry.base) : Json(nullptr);
@@ -145,7 +138,7 @@ std::string indented(std::string_view lines) {
 }
 
 std::string explainText(const Entry& entry) {
-    std::string text = std::string(entry.main()) + ": " + entry.does + "\n\n  " + catalog::declaration(entry) + "\n  " +
+    std::string text = std::string(entry.main()) + ": " + entry.does + "\n\n  " + entry.declaration + "\n  " +
                        synopsis(entry, entry.main()) + "\n";
     if (!entry.arguments.empty()) text += "\nArguments\n" + argumentHelp(entry, false);
     text += "\nResult\n  " + std::string(entry.returns) + "\n";

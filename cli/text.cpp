@@ -153,12 +153,4 @@ std::string hexDump(std::string_view bytes) {
     return result;
 }
 
-std::string lowerCase(std::string_view text) {
-    std::string result(text);
-    for (char& c : result) {
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-    }
-    return result;
-}
-
 }  // namespace vx::cli

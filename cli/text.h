@@ -24,7 +24,4 @@ std::string latin1ToUtf8(std::string_view bytes);
 // words.
 std::string hexDump(std::string_view bytes);
 
-// A-Z as a-z.
-std::string lowerCase(std::string_view text);
-
 }  // namespace vx::cli

@@ -20,28 +20,13 @@ using catalog::Kind;
 using catalog::Result;
 using catalog::Value;
 
-bool isPointer(Kind kind) {
-    switch (kind) {
-        case Kind::kStr:
-        case Kind::kEdit:
-        case Kind::kDest:
-        case Kind::kOut:
-        case Kind::kBytes:
-        case Kind::kBlock:
-            return true;
-        default:
-            return false;
-    }
-}
-
 std::vector<Need> needsOf(const Plan& plan) {
     std::span<const Argument> arguments = plan.entry->arguments;
     // Room formulas look at numbers and at the lengths of texts.
     std::vector<Value> values(arguments.size());
     for (std::size_t i = 0; i < values.size(); ++i) {
         values[i].number = isPointer(arguments[i].kind) ? 0 : plan.inputs[i].number;
-        bool isText = arguments[i].kind == Kind::kStr || arguments[i].kind == Kind::kEdit;
-        if (isText && !plan.inputs[i].null) values[i].constant = plan.inputs[i].bytes.c_str();
+        if (isText(arguments[i].kind) && !plan.inputs[i].null) values[i].constant = plan.inputs[i].bytes.c_str();
     }
     auto roomOf = [&](std::size_t i) {
         return arguments[i].room ? arguments[i].room(values.data()).value : std::int64_t{0};
@@ -59,7 +44,7 @@ std::vector<Need> needsOf(const Plan& plan) {
         std::int64_t room = kind == Kind::kOut ? std::int64_t{sizeof(std::int32_t)} : roomOf(i);
         if (plan.room && (kind == Kind::kDest || kind == Kind::kBytes)) room = *plan.room;
         std::int64_t least = 1;
-        if (kind == Kind::kStr || kind == Kind::kEdit) least += static_cast<std::int64_t>(plan.inputs[i].bytes.size());
+        if (isText(kind)) least += static_cast<std::int64_t>(plan.inputs[i].bytes.size());
         // Where nothing may be written, the room tells nothing; some bytes show whether they have been left alone.
         if (kind == Kind::kDest && leftAlone(plan)) room = kLeftAloneRoom;
         bool text = kind != Kind::kOut && kind != Kind::kBlock && !(kind == Kind::kDest && plan.unterminated);

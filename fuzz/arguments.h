@@ -41,8 +41,6 @@ struct Need {
 // In-place work turns a text into a destination, so an argument's need depends on the others.
 std::vector<Need> needsOf(const Plan& plan);
 
-bool isPointer(catalog::Kind kind);
-
 // Handles, tables and blocks that earlier calls gave: some calls go on with them.
 class Recall {
  public:

@@ -34,7 +34,7 @@ const Argument kCounting[] = {{"text", Kind::kStr, nullptr, -1, -1, -1, 0, -1, f
                               {"at", Kind::kPos, nullptr, -1, -1, -1, 0, -1, false, false, false, ""}};
 
 Entry entryOf(Invoke invoke, Result result, std::span<const Argument> arguments, int base = -1) {
-    return {"made", kNames, arguments, result, base, -1, -1, false, invoke, "", "", "", ""};
+    return {"made", kNames, arguments, result, base, -1, -1, false, invoke, "", "", "", "", ""};
 }
 
 char* target(const Value* a) { return a[1].text ? a[1].text : a[0].text; }

@@ -23,11 +23,6 @@ GuardedBuffer& bufferAt(std::size_t i) {
     return buffers.at(i);
 }
 
-bool isSupplied(Kind kind) { return catalog::isDestination(kind) || kind == Kind::kBlock; }
-bool isMemory(Kind kind) {
-    return isSupplied(kind) || kind == Kind::kStr || kind == Kind::kEdit || kind == Kind::kBytes;
-}
-
 std::string differs(const std::string& what, const std::string& wanted, const std::string& got) {
     return what + "wanted " + wanted + ", got " + got;
 }
@@ -90,14 +85,13 @@ void Call::takeOne(std::size_t i, const Value& value, Variables& variables) {
         throw "`" + shown(value) + "` is no argument";
     }
     slot.isNull = value.kind == Wanted::kNull;
-    if (!isMemory(argument.kind)) {
+    if (!isPointer(argument.kind)) {
         bool isCode = argument.kind == Kind::kChar && !isNumber && text.size() == 1;
         if (!isNumber && !isCode) throw std::string("`") + argument.name + "` takes a number, not " + shown(value);
         if (isCode) number = static_cast<unsigned char>(text[0]);
         if (form_.zeroBased && argument.kind == Kind::kPos) number = std::max<std::int64_t>(number - 1, kLowest);
-        bool isUnsigned = argument.kind == Kind::kUint || argument.kind == Kind::kTable;
-        values_[i].number = isUnsigned ? static_cast<std::int64_t>(static_cast<std::uint32_t>(number))
-                                       : static_cast<std::int64_t>(static_cast<std::int32_t>(number));
+        values_[i].number = isUnsigned(argument.kind) ? static_cast<std::int64_t>(static_cast<std::uint32_t>(number))
+                                                      : static_cast<std::int64_t>(static_cast<std::int32_t>(number));
         return;
     }
     if (argument.kind == Kind::kOut) {
@@ -109,8 +103,7 @@ void Call::takeOne(std::size_t i, const Value& value, Variables& variables) {
     if (isNumber) throw std::string("`") + argument.name + "` takes a text, not " + shown(value);
     slot.bytes = std::move(text);
     // What rooms are computed from.
-    if (argument.kind == Kind::kStr || argument.kind == Kind::kEdit)
-        values_[i].constant = slot.isNull ? nullptr : slot.bytes.c_str();
+    if (isText(argument.kind)) values_[i].constant = slot.isNull ? nullptr : slot.bytes.c_str();
 }
 
 void Call::place() {
@@ -118,10 +111,10 @@ void Call::place() {
     for (std::size_t i = 0; i < slots_.size(); ++i) {
         const Argument& argument = entry_.arguments[i];
         Slot& slot = slots_[i];
-        if (!isMemory(argument.kind)) continue;
+        if (!isPointer(argument.kind)) continue;
         std::int64_t room = argument.room ? std::max<std::int64_t>(argument.room(values_.data()).value, 0) : 0;
         if (room > std::int64_t{1} << 28) throw std::string("the call needs too much memory");
-        std::size_t own = slot.bytes.size() + (argument.kind == Kind::kStr || argument.kind == Kind::kEdit);
+        std::size_t own = slot.bytes.size() + isText(argument.kind);
         if (argument.kind == Kind::kOut) own = sizeof(std::int32_t);
         if (argument.before >= 0) {
             std::int64_t front = -values_[static_cast<std::size_t>(argument.before)].number;
@@ -145,7 +138,7 @@ void Call::place() {
     for (std::size_t i = 0; i < slots_.size(); ++i) {
         const Argument& argument = entry_.arguments[i];
         Slot& slot = slots_[i];
-        if (!isMemory(argument.kind)) continue;
+        if (!isPointer(argument.kind)) continue;
         values_[i].text = nullptr;
         if (slot.isNull) continue;
         if (slot.memory) {
@@ -159,8 +152,7 @@ void Call::place() {
         if (argument.kind == Kind::kBytes) std::memset(start, 0, sizes[i]);
         if (argument.kind == Kind::kDest && argument.terminated) start[sizes[i] - 1] = '\0';
         std::memcpy(start, slot.bytes.data(), std::min(slot.bytes.size(), sizes[i]));
-        bool isText = argument.kind == Kind::kStr || argument.kind == Kind::kEdit;
-        if ((isText || (argument.kind == Kind::kDest && slot.given)) && slot.bytes.size() < sizes[i])
+        if ((isText(argument.kind) || (argument.kind == Kind::kDest && slot.given)) && slot.bytes.size() < sizes[i])
             start[slot.bytes.size()] = '\0';
         slot.before.assign(start, sizes[i]);
         values_[i].text = start + slot.front;

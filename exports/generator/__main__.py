@@ -54,6 +54,7 @@ def build_products(families, root):
         "versions-link.map": "VEXLOR32_1 { global: *; };\n",
         "link_stub.s": library.link_stub(families, clashing_names(lambda heading: heading in LINUX)),
         "catalog.cpp": catalog.catalog(families),
+        "catalog_kinds.h": catalog.kinds_header(),
         "calls.h": catalog.calls(families),
         "listing.txt": catalog.listing(families),
     }

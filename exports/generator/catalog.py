@@ -1,11 +1,8 @@
 """The table as C++ data: what the command-line host, the random caller and the tests know about each entry."""
 from examples import block_text
-from library import parameters, stack_bytes
+from kinds import ARGUMENTS, RESULTS
+from library import parameters, prototype, stack_bytes, types
 from wording import argument_words, result_words, summary
-
-VALUE_FIELD = {"str": "text", "edit": "text", "dest": "text", "out": "numbers", "bytes": "block", "block": "block"}
-UNSIGNED = {"uint", "table"}
-RESULT_FIELD = {"dest": "text", "given": "text", "inside": "text", "const": "constant", "block": "block", "end": "block"}
 
 
 def quoted(text):
@@ -17,27 +14,54 @@ def enumerator(word):
 
 
 def shape_of(entry):
-    return (entry.result_type.strip(), entry.returns, tuple(a.kind for a in entry.arguments))
-
-
-def call_types(entry):
-    return ", ".join(a.ctype.strip() for a in entry.arguments)
+    return (entry.result_type, types(entry))
 
 
 def passed(argument, index):
-    field = VALUE_FIELD.get(argument.kind)
-    if field:
-        return f"a[{index}].{field}"
-    return f"static_cast<{argument.ctype}>(a[{index}].number)"
+    value = f"a[{index}].{argument.of_kind.field}"
+    return f"static_cast<{argument.ctype}>({value})" if argument.of_kind.is_number else value
 
 
 def invoker(name, entry):
-    call = f"reinterpret_cast<{entry.result_type.strip()}(VX_CALL*)({call_types(entry)})>(f)"
+    call = f"reinterpret_cast<{entry.result_type}(VX_CALL*)({types(entry)})>(f)"
     call += f"({', '.join(passed(a, i) for i, a in enumerate(entry.arguments))})"
-    field = RESULT_FIELD.get(entry.returns)
-    body = f"{call};" if entry.returns == "void" else f"r->{field or 'number'} = {call};"
-    unused = "".join(s for s, needed in (("(void)a; ", not entry.arguments), ("(void)r; ", entry.returns == "void")) if needed)
+    field = RESULTS[entry.returns].field
+    body = f"r->{field} = {call};" if field else f"{call};"
+    unused = "".join(s for s, needed in (("(void)a; ", not entry.arguments), ("(void)r; ", not field)) if needed)
     return f"void {name}(Function f, const Value* a, Value* r) {{ {unused}{body} }}"
+
+
+def enumeration(name, kinds):
+    return [f"enum class {name} {{"] + [f"    {enumerator(k)}," for k in kinds] + ["};"]
+
+
+def predicate(name, enum, kinds, holds):
+    cases = " || ".join(f"k == {enum}::{enumerator(k.name)}" for k in kinds.values() if holds(k))
+    return f"constexpr bool {name}({enum} k) {{ return {cases}; }}"
+
+
+def names(enum, kinds):
+    return [f"constexpr const char* nameOf({enum} k) {{",
+            f"    constexpr const char* names[] = {{{', '.join(quoted(k) for k in kinds)}}};",
+            "    return names[static_cast<int>(k)];", "}"]
+
+
+def kinds_header():
+    lines = ["// Made from exports/generator/kinds.py.", "#pragma once", "", "namespace vx::catalog {", ""]
+    lines += enumeration("Kind", ARGUMENTS) + enumeration("Result", RESULTS) + [""]
+    lines += names("Kind", ARGUMENTS) + names("Result", RESULTS) + [
+        "",
+        "// Addresses, in contrast to numbers.",
+        predicate("isPointer", "Kind", ARGUMENTS, lambda k: k.is_pointer),
+        "// Texts that the caller gives, with a length.",
+        predicate("isText", "Kind", ARGUMENTS, lambda k: k.is_text),
+        "// What the function fills: a host has the memory for it, nobody types it.",
+        predicate("isSupplied", "Kind", ARGUMENTS, lambda k: k.supplied),
+        predicate("isUnsigned", "Kind", ARGUMENTS, lambda k: k.is_unsigned),
+        predicate("isText", "Result", RESULTS, lambda k: k.is_text),
+        predicate("isNumber", "Result", RESULTS, lambda k: k.is_number),
+        "", "}  // namespace vx::catalog"]
+    return "\n".join(lines) + "\n"
 
 
 def index_of(entry, name):
@@ -74,7 +98,7 @@ def catalog(families):
         pointer = order[id(entry.source)] if entry.making == "length" else -1
         zero = order[id(entry.source)] if entry.making == "one" else -1
         lines.append(f"    {{{quoted(entry.family)}, names{i}, {arguments}, Result::{enumerator(entry.returns)}, {entry.base}, "
-                     f"{pointer}, {zero}, {str(entry.remembers).lower()}, {shapes[shape_of(entry)]}, {quoted(summary(entry))}, {quoted(result_words(entry))}, {quoted(entry.notes)}, {quoted(block_text(setups[entry.family], entry.examples))}}},")
+                     f"{pointer}, {zero}, {str(entry.remembers).lower()}, {shapes[shape_of(entry)]}, {quoted(prototype(entry, entry.main) + ';')}, {quoted(summary(entry))}, {quoted(result_words(entry))}, {quoted(entry.notes)}, {quoted(block_text(setups[entry.family], entry.examples))}}},")
     lines += ["};", "", "const Family families[] = {"]
     lines += [f"    {{{quoted(f.stem)}, {quoted(f.title)}}}," for f in families]
     lines += ["};", "", "}  // namespace", "",
@@ -90,7 +114,7 @@ def calls(families):
     lines = ["// Made from the export table.", "#pragma once", '#include "frame/entry.h"', "", "namespace vx {", "",
              "// Every entry point of a loaded library, under its main name.", "struct Calls {"]
     for e in entries:
-        lines.append(f"    {e.result_type.strip()}(VX_CALL* {e.main})({parameters(e)}) = nullptr;")
+        lines.append(f"    {e.result_type}(VX_CALL* {e.main})({parameters(e)}) = nullptr;")
     lines += ["", "    // `find` turns an exported name into its address, or null.", "    template <class Find>", "    void load(Find find) {"]
     lines += [f"        {e.main} = reinterpret_cast<decltype({e.main})>(find(\"{e.main}\"));" for e in entries]
     lines += ["    }", "};", "", "}  // namespace vx"]

@@ -1,7 +1,7 @@
 """The public C header."""
 import textwrap
 
-from library import parameters
+from library import prototype
 from wording import argument_words, is_length, result_words, summary
 
 HEAD = """\
@@ -59,8 +59,7 @@ def wrapped(text, first, rest):
 
 
 def declaration(entry, name):
-    gap = "" if entry.result_type.endswith("*") else " "
-    return f"VEXLOR32_API {entry.result_type}{gap}VEXLOR32_CALL {name}({parameters(entry)});"
+    return f"VEXLOR32_API {prototype(entry, f'VEXLOR32_CALL {name}')};"
 
 
 def comment(entry):

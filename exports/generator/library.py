@@ -1,14 +1,25 @@
 """What the two libraries are built from: entry declarations, mechanical entries, and the lists of exported names."""
 
-PARAMETER_GAP = {True: "", False: " "}
+
+def declared(c_type, name):
+    return f"{c_type}{'' if c_type.endswith('*') else ' '}{name}"
 
 
 def parameters(entry):
-    return ", ".join(f"{a.ctype}{PARAMETER_GAP[a.ctype.endswith('*')]}{a.name}" for a in entry.arguments) or "void"
+    return ", ".join(declared(a.ctype, a.name) for a in entry.arguments) or "void"
+
+
+def types(entry):
+    return ", ".join(a.ctype for a in entry.arguments)
+
+
+def prototype(entry, name):
+    """The C declaration; a calling convention may stand before the name."""
+    return f"{declared(entry.result_type, name)}({parameters(entry)})"
 
 
 def definition(entry, arguments):
-    return f"{entry.result_type.strip()} VX_CALL vx_{entry.symbol}({arguments}) noexcept"
+    return f"{declared(entry.result_type, 'VX_CALL')} vx_{entry.symbol}({arguments}) noexcept"
 
 
 def declarations(family):
@@ -50,7 +61,7 @@ def mechanical(families):
             if entry.making in BODIES:
                 unnamed = parameters(entry)
                 if entry.making == "stub":
-                    unnamed = ", ".join(a.ctype.strip() for a in entry.arguments) or "void"
+                    unnamed = types(entry) or "void"
                 lines.append(f"{definition(entry, unnamed)} {{ {BODIES[entry.making](entry)} }}")
     return "\n".join(lines) + "\n"
 

@@ -1,6 +1,6 @@
 """The reference pages: a family's handwritten introduction, then each entry's synopsis from the table."""
 from constants import in_markdown
-from library import parameters
+from library import prototype
 from wording import argument_words, is_length, result_words, summary
 
 
@@ -17,8 +17,7 @@ def other_forms(entry, family):
 
 
 def section(entry, family):
-    gap = "" if entry.result_type.endswith("*") else " "
-    lines = [f"## {entry.main}", "", summary(entry), "", "```c", f"{entry.result_type}{gap}{entry.main}({parameters(entry)});", "```", ""]
+    lines = [f"## {entry.main}", "", summary(entry), "", "```c", f"{prototype(entry, entry.main)};", "```", ""]
     if entry.arguments:
         lines += ["| Argument | Meaning |", "|---|---|"]
         lines += [f"| `{a.name}` | {argument_words(entry, a)} |".replace("||", "\\|\\|") for a in entry.arguments]

@@ -11,8 +11,8 @@ What stands behind a colon is told to people instead of the formula:
 """
 import ast
 
-NUMBERS = {"int", "uint", "char", "pos", "handle", "table"}
-TEXTS = {"str", "edit"}
+from kinds import ARGUMENTS
+
 HOST = "host"
 FUNCTIONS = {"len", "max", "min"}
 OPERATORS = {ast.Add: "+", ast.Sub: "-", ast.Mult: "*", ast.FloorDiv: "/"}
@@ -66,7 +66,7 @@ def check(node, kinds):
     if isinstance(node, ast.Name) and node.id == HOST and HOST not in kinds:
         return
     if isinstance(node, ast.Name):
-        if kinds.get(node.id) not in NUMBERS:
+        if node.id not in kinds or not ARGUMENTS[kinds[node.id]].is_countable:
             raise RoomError(f"`{node.id}` is no number argument")
         return
     if isinstance(node, ast.BinOp) and type(node.op) in OPERATORS:
@@ -75,7 +75,8 @@ def check(node, kinds):
         return
     if isinstance(node, ast.Call) and isinstance(node.func, ast.Name) and node.func.id in FUNCTIONS and node.args:
         if node.func.id == "len":
-            if len(node.args) != 1 or not isinstance(node.args[0], ast.Name) or kinds.get(node.args[0].id) not in TEXTS:
+            named = node.args[0].id if len(node.args) == 1 and isinstance(node.args[0], ast.Name) else ""
+            if named not in kinds or not ARGUMENTS[kinds[named]].is_text:
                 raise RoomError("len() takes one text argument")
             return
         for argument in node.args:

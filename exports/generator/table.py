@@ -8,47 +8,11 @@ import re
 import tomllib
 
 from constants import ConstantError, Mentions, read_constants
+from kinds import ARGUMENTS, RESULTS
 from rooms import RoomError, parse_room
 
-# kind -> C type of the argument. `dest`, `block` and `bytes` carry a size in brackets.
-ARGUMENT_KINDS = {
-    "int": "int32_t",
-    "uint": "uint32_t",
-    "char": "int32_t",
-    "pos": "int32_t",
-    "str": "const char *",
-    "edit": "char *",
-    "dest": "char *",
-    "out": "int32_t *",
-    "bytes": "const void *",
-    "block": "void *",
-    "handle": "int32_t",
-    "table": "uint32_t",
-    "any": "int32_t",
-}
-SIZED_KINDS = {"dest", "bytes", "block"}
-OPTIONALLY_SIZED_KINDS = {"edit"}
-NUMBER_ARGUMENTS = {"int", "uint", "out"}
-NUMBER_RESULTS = {"int", "uint", "handle", "table"}
 ONE_CASE = re.compile(r"-?\d+ (on|if|when|without|too)\b[^,;:]*\Z")
 CONSTANTS = "constants.toml"
-TEXT_RESULTS = {"dest", "given", "inside", "const"}
-RESULT_KINDS = {
-    "int": "int32_t",
-    "uint": "uint32_t",
-    "bool": "int32_t",
-    "char": "int32_t",
-    "pos": "int32_t",
-    "handle": "int32_t",
-    "table": "uint32_t",
-    "dest": "char *",
-    "given": "char *",
-    "inside": "char *",
-    "const": "const char *",
-    "block": "void *",
-    "end": "void *",
-    "void": "void",
-}
 ENTRY_KEYS = {"names", "length", "zero", "zero-length", "args", "returns", "does", "notes",
               "unavailable", "unimplemented", "value", "length-by-hand", "length-returns", "remembers", "examples"}
 FAMILY_KEYS = {"title", "area"}
@@ -78,8 +42,12 @@ class Argument:
     meaning: str = ""
 
     @property
+    def of_kind(self):
+        return ARGUMENTS[self.kind]
+
+    @property
     def ctype(self):
-        return ARGUMENT_KINDS[self.kind]
+        return self.of_kind.c_type
 
 
 @dataclasses.dataclass
@@ -108,7 +76,7 @@ class Entry:
 
     @property
     def result_type(self):
-        return RESULT_KINDS[self.returns]
+        return RESULTS[self.returns].c_type
 
     def argument(self, name):
         return next((a for a in self.arguments if a.name == name), None)
@@ -197,15 +165,15 @@ class FamilyReader:
         if not match:
             self.fail(entry, "args", f"cannot read the argument `{text}` (form: name: kind[room] flags - meaning)")
         name, kind = match["name"], match["kind"]
-        if kind not in ARGUMENT_KINDS:
-            self.fail(entry, "args", f"unknown kind `{kind}` of argument `{name}` (known: {', '.join(ARGUMENT_KINDS)})")
+        if kind not in ARGUMENTS:
+            self.fail(entry, "args", f"unknown kind `{kind}` of argument `{name}` (known: {', '.join(ARGUMENTS)})")
         if name in known:
             self.fail(entry, "args", f"two arguments are called `{name}`")
-        if kind in SIZED_KINDS and match["room"] is None:
+        if ARGUMENTS[kind].room == "needed" and match["room"] is None:
             self.fail(entry, "args", f"`{name}` is a {kind} and needs its room in brackets")
-        if kind not in SIZED_KINDS | OPTIONALLY_SIZED_KINDS and match["room"] is not None:
+        if not ARGUMENTS[kind].room and match["room"] is not None:
             self.fail(entry, "args", f"`{name}` is a {kind}, which has no room")
-        if kind in NUMBER_ARGUMENTS and not meaning.strip():
+        if ARGUMENTS[kind].needs_meaning and not meaning.strip():
             self.fail(entry, "args", f"`{name}` is a number without a meaning: say what it counts or selects, and from where (name: kind - meaning)")
         argument = Argument(name, kind, meaning=self.said(entry, "args", meaning))
         for flag in match["flags"].split():
@@ -256,15 +224,15 @@ class FamilyReader:
         if not fields.get("does"):
             self.fail(key, "does", "`does` is missing: say in a line what the function does")
         returns, _, result_meaning = (part.strip() for part in fields.get("returns", "").partition(" - "))
-        if returns not in RESULT_KINDS:
-            self.fail(key, "returns", f"unknown result `{returns}` (known: {', '.join(RESULT_KINDS)})")
-        if returns in NUMBER_RESULTS and (not result_meaning or ONE_CASE.match(result_meaning)):
+        if returns not in RESULTS:
+            self.fail(key, "returns", f"unknown result `{returns}` (known: {', '.join(RESULTS)})")
+        if RESULTS[returns].needs_meaning and (not result_meaning or ONE_CASE.match(result_meaning)):
             self.fail(key, "returns", f"`returns` says no more than {result_meaning or returns}: say what the number is, and what it is on failure")
         result_meaning = self.said(key, "returns", result_meaning)
         arguments = self.arguments_of(key, fields)
         names = list(dict.fromkeys([key] + self.names_of(key, "names", fields)))
         zero, length, zero_length = (self.names_of(key, k, fields) for k in ("zero", "length", "zero-length"))
-        if length and returns not in TEXT_RESULTS:
+        if length and not RESULTS[returns].is_text:
             self.fail(key, "length", f"a length form needs a text result, and this one returns {returns}")
         if zero and returns != "pos" and not any(a.kind == "pos" for a in arguments):
             self.fail(key, "zero", "a 0-based twin needs a position, as an argument or as the result")

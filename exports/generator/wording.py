@@ -1,34 +1,5 @@
 """The words that the header, the reference pages and `vexlor --explain` share."""
-
-KIND_WORDS = {
-    "int": "signed number",
-    "uint": "unsigned number",
-    "char": "character; only the low byte counts",
-    "pos": "position",
-    "str": "text; NULL counts as empty",
-    "edit": "text, changed in place; NULL: nothing happens",
-    "dest": "destination",
-    "out": "receives a number; NULL is skipped",
-    "bytes": "bytes, read only",
-    "block": "memory block of the caller",
-    "handle": "file handle",
-    "table": "table handle",
-    "any": "ignored",
-}
-RESULT_WORDS = {
-    "int": "a signed number",
-    "uint": "an unsigned number",
-    "bool": "1 if so, else 0",
-    "char": "a character code, 0 to 255",
-    "handle": "a file handle, -1 on failure",
-    "table": "a table handle, 0 on failure",
-    "given": "dest as it was given",
-    "inside": "a pointer into the result",
-    "const": "a constant text of the library; never write to it",
-    "block": "the block",
-    "end": "just past the last byte written to the block",
-    "void": "nothing",
-}
+from kinds import RESULTS
 
 
 def is_length(entry):
@@ -36,13 +7,12 @@ def is_length(entry):
 
 
 def argument_words(entry, argument):
-    words = argument.meaning or KIND_WORDS[argument.kind]
+    kind = argument.of_kind
+    words = argument.meaning or kind.words
     if argument.kind == "pos" and entry.base >= 0:
         words = f"{words} (the first character is {entry.base})"
-    if argument.kind == "str" and argument.meaning and "NULL" not in argument.meaning:
-        words += "; NULL counts as empty"
-    if argument.kind == "out" and "NULL" not in words:
-        words += "; NULL is skipped"
+    if kind.null and "NULL" not in words:
+        words += f"; {kind.null}"
     if argument.room is not None:
         words += f"; room: {argument.room.text}"
     if argument.before:
@@ -78,7 +48,7 @@ def result_words(entry):
         if dest is None:
             return text
         return f"{dest.name}, or {text} when {dest.name} is NULL" if text else dest.name
-    return RESULT_WORDS[entry.returns]
+    return RESULTS[entry.returns].words
 
 
 def summary(entry):
