@@ -22,6 +22,7 @@
 #include "cli/lines.h"
 #include "cli/print.h"
 #include "cli/table.h"
+#include "version.h"
 
 namespace vx::cli {
 namespace {
@@ -85,7 +86,7 @@ std::optional<int> parse(int argc, char** argv, CommandLine& line) {
     app.formatter(std::make_shared<HelpFormat>());
     app.prefix_command();
     app.footer(kFooter);
-    app.set_version_flag("--version", "vexlor " VEXLOR_VERSION);
+    app.set_version_flag("--version", "vexlor " VX_VERSION);
     app.add_flag("--json", line.json, "Print one JSON object (a line each with --lines)");
     app.add_flag("--raw", line.raw, "Print the text or number alone, for scripts");
     app.add_flag("--in-place", line.call.inPlace, "Pass NULL for the destination, so that the text itself is changed");

@@ -7,12 +7,11 @@
 #include "frame/notices.h"
 #include "frame/text.h"
 #include "platform/platform.h"
+#include "version.h"
 
 using namespace vx;
 
 namespace {
-
-constexpr std::int32_t kVersion = 199;
 
 bool paste(std::string_view text) {
     platform::Desktop& desktop = *platform::current().desktop;
@@ -36,9 +35,11 @@ bool paste(std::string_view text) {
 
 }  // namespace
 
+int32_t VX_CALL vx_VEXVERSION() noexcept { return VX_VERSION_BUILD; }
+
 int32_t VX_CALL vx_DLLVERSION() noexcept {
     notices::about();
-    return kVersion;
+    return vx_VEXVERSION();
 }
 
 // kept: logs the user off and does not power the machine down, whatever its name says.
