@@ -12,6 +12,7 @@ import examples
 import header
 import library
 import pages
+from languages import python
 from table import TableError, read_table
 from writing import write_if_changed
 
@@ -62,6 +63,14 @@ def build_products(families, root):
     return products
 
 
+def bindings(families, groups):
+    """Declarations for other languages; each goes beside what bindings/ has for it by hand."""
+    products = {}
+    for language in (python,):
+        products |= {f"bindings/{name}": text for name, text in language.products(families, groups).items()}
+    return products
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--out", type=pathlib.Path)
@@ -80,7 +89,7 @@ def main():
         print("\n".join(f"{n}: differs from the table" for n in stale) or "all products agree with the table")
         return 1 if stale else 0
     if options.out:
-        for name, text in build_products(families, options.root).items():
+        for name, text in (build_products(families, options.root) | bindings(families, groups)).items():
             write_if_changed(options.out / name, text)
         for name, text in committed.items():
             write_if_changed(options.root / name, text)
