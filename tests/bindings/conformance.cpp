@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <set>
 
 #include "rows/runner.h"
 #include "tests/bindings/caller_process.h"
@@ -37,7 +38,7 @@ std::vector<rows::Block> allRows(const std::filesystem::path& folder) {
 
 // Whether nobody can make the call by friendly functions: they have no length forms, make destinations themselves, and
 // take open tables and files only.
-bool isForExactOnly(const rows::Row& row) {
+bool isForExactOnly(const rows::Row& row, std::set<std::string>& closed) {
     const catalog::Entry* entry = catalog::find(row.name);
     if (!entry || entry->pointerForm >= 0) return entry;
     std::size_t next = 0;
@@ -46,11 +47,13 @@ bool isForExactOnly(const rows::Row& row) {
         if (catalog::isDestination(argument.kind)) {
             if (std::any_of(row.given.begin(), row.given.end(), isGiven)) return true;
         } else if (argument.kind != catalog::Kind::kBlock && next < row.arguments.size()) {
+            const rows::Value& value = row.arguments[next];
             bool isObject = argument.kind == catalog::Kind::kTable || argument.kind == catalog::Kind::kHandle;
-            if (isObject && row.arguments[next].kind != rows::Value::Kind::kVariable) return true;
+            if (isObject && (value.kind != rows::Value::Kind::kVariable || closed.contains(value.text))) return true;
             ++next;
         }
     }
+    if (row.name == "DbfClose" || row.name == "FClose") closed.insert(row.arguments[0].text);
     return false;
 }
 
@@ -58,7 +61,8 @@ std::vector<rows::Block> allExamples() {
     std::vector<rows::Block> all;
     for (const catalog::Entry& entry : catalog::allEntries()) {
         for (rows::Block& block : rows::parse("example", entry.examples)) {
-            std::erase_if(block.rows, isForExactOnly);
+            std::set<std::string> closed;
+            std::erase_if(block.rows, [&](const rows::Row& row) { return isForExactOnly(row, closed); });
             all.push_back(std::move(block));
         }
     }

@@ -217,7 +217,7 @@ def friendly(families):
     return "\n".join(lines)
 
 
-def products(families, groups):
+def products(families, groups, clashes):
     constants = [HEAD.format(more=" Modes, flags and error numbers, by name.")]
     for group in groups:
         constants += ["", f"# {group.title}: {model.in_braces(group.does)}"]

@@ -50,8 +50,7 @@ def shown(result, kind, memories):
 
 def friendly_argument(word, kind, base):
     if kind in ("table", "handle"):
-        number = int(word[1:])
-        return opened.get((kind, number)) or {"table": vexlor32.Table, "handle": vexlor32.File}[kind](number)
+        return opened[kind, int(word[1:])]
     if word[0] == "n":
         return int(word[1:]) - (1 if kind == "pos" and base == 1 else 0)
     if word == "z":
