@@ -8,6 +8,8 @@
 #include <cstring>
 #include <sstream>
 
+#include "tests/bindings/hex.h"
+
 extern char** environ;
 
 namespace vx::test {
@@ -17,20 +19,6 @@ using catalog::Argument;
 using catalog::Entry;
 using catalog::Kind;
 using rows::Passed;
-
-std::string hex(std::string_view bytes) {
-    static constexpr char kDigits[] = "0123456789abcdef";
-    std::string text;
-    for (unsigned char c : bytes) text += {kDigits[c >> 4], kDigits[c & 15]};
-    return text;
-}
-
-std::string bytesOf(std::string_view digits) {
-    std::string bytes;
-    for (std::size_t i = 0; i + 1 < digits.size(); i += 2)
-        bytes += static_cast<char>(std::stoi(std::string(digits.substr(i, 2)), nullptr, 16));
-    return bytes;
-}
 
 std::string exactWord(const Passed& argument) {
     switch (argument.how) {

@@ -11,27 +11,15 @@
 #include <vexlor32.hpp>
 
 #include "catalog/catalog.h"
+#include "tests/bindings/hex.h"
 
 namespace {
 
+using vx::test::bytesOf;
+using vx::test::hex;
+
 std::map<std::string, vexlor32::Table> tables;
 std::map<std::string, vexlor32::File> files;
-
-std::string hex(const std::string& bytes) {
-    std::string text;
-    for (unsigned char c : bytes) {
-        text += "0123456789abcdef"[c >> 4];
-        text += "0123456789abcdef"[c & 15];
-    }
-    return text;
-}
-
-std::string bytesOf(const std::string& digits) {
-    std::string bytes;
-    for (std::size_t i = 0; i + 1 < digits.size(); i += 2)
-        bytes += static_cast<char>(std::stoi(digits.substr(i, 2), nullptr, 16));
-    return bytes;
-}
 
 // A friendly call: its words as what the functions take, and what they gave as words.
 class Friendly {
