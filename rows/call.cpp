@@ -166,6 +166,30 @@ void Call::place() {
 
 void Call::make(catalog::Function function) { entry_.invoke(function, values_.data(), &result_); }
 
+void Call::make(Remote& remote) {
+    std::vector<Passed> passed(slots_.size());
+    for (std::size_t i = 0; i < slots_.size(); ++i) {
+        const Slot& slot = slots_[i];
+        if (!isMemory(entry_.arguments[i].kind)) {
+            passed[i].number = values_[i].number;
+        } else if (slot.memory && !slot.isNull) {
+            passed[i] = {.how = Passed::How::kMemory,
+                         .memory = slot.memory->data(),
+                         .size = slot.memory->size(),
+                         .offset = slot.front};
+        } else {
+            passed[i].how = Passed::How::kNull;
+        }
+    }
+    if (form_.onto >= 0) {
+        auto text = static_cast<std::size_t>(form_.onto);
+        for (std::size_t i = 0; i < slots_.size(); ++i) {
+            if (entry_.arguments[i].kind == Kind::kDest) passed[i] = {.how = Passed::How::kSame, .sameAs = text};
+        }
+    }
+    remote.call(entry_, form_.name, passed, result_);
+}
+
 std::string Call::memoryFault() const {
     for (std::size_t i = 0; i < slots_.size(); ++i) {
         const Slot& slot = slots_[i];

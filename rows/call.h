@@ -9,6 +9,7 @@
 
 #include "catalog/catalog.h"
 #include "rows/guarded_memory.h"
+#include "rows/remote.h"
 #include "rows/script.h"
 
 namespace vx::rows {
@@ -40,6 +41,9 @@ class Call {
     Call(const Row& row, const Form& form, Variables& variables);
 
     void make(catalog::Function function);
+
+    // The same by another process. Throws a text that says why it could not.
+    void make(Remote& remote);
 
     // What differs from the row, a line each.
     std::vector<std::string> differences(const Row& row, Variables& variables) const;

@@ -72,14 +72,9 @@ class Runner {
 
     // A call in a form of its own; null if it could not be made. The number or text that it gave.
     std::unique_ptr<Call> make(const Row& row, const Form& form) {
-        catalog::Function function = host_.find(form.name.c_str());
-        if (!function) {
-            fail(row, form.label, "the library has no " + form.name);
-            return nullptr;
-        }
         try {
             auto call = std::make_unique<Call>(row, form, variables_);
-            call->make(function);
+            makeBy(host_, *call, form);
             ++report_.calls;
             return call;
         } catch (const std::string& what) {
@@ -109,7 +104,7 @@ class Runner {
         auto call = check(row, {.label = "", .entry = entry, .name = row.name});
         if (!call) return;
         checkMachine(row, *call);
-        if (once || entry->remembers) return;
+        if (once || entry->remembers || host_.onlyRows) return;
         const char* other = entry->names[static_cast<std::size_t>(report_.rows) % entry->names.size()];
         check(row, {.label = std::string("as ") + other + ", in buffers behind inaccessible pages",
                     .entry = entry,
@@ -198,6 +193,13 @@ class Runner {
 }  // namespace
 
 const Row* current() { return running; }
+
+void makeBy(const Host& host, Call& call, const Form& form) {
+    if (host.remote) return call.make(*host.remote);
+    catalog::Function function = host.find(form.name.c_str());
+    if (!function) throw "the library has no " + form.name;
+    call.make(function);
+}
 
 Report run(const std::vector<Block>& blocks, const Host& host) {
     Runner runner(host);

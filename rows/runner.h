@@ -8,6 +8,8 @@
 #include <vector>
 
 #include "catalog/catalog.h"
+#include "rows/call.h"
+#include "rows/remote.h"
 #include "rows/script.h"
 
 namespace vx::rows {
@@ -29,6 +31,8 @@ class Machine {
 struct Host {
     std::function<catalog::Function(const char* name)> find;
     Machine* machine = nullptr;
+    Remote* remote = nullptr;  // makes the calls instead
+    bool onlyRows = false;     // as they stand, without the further forms that the table implies
 };
 
 struct Report {
@@ -37,6 +41,9 @@ struct Report {
     int left = 0;  // blocks for another system, or for a host with or without a made-up machine
     std::vector<std::string> failures;
 };
+
+// Makes a call by the host's library, or by the process that calls for it. Throws a text that says why it could not.
+void makeBy(const Host& host, Call& call, const Form& form);
 
 // The row that is being run, for whoever tells of a crash; null between rows.
 const Row* current();

@@ -82,6 +82,7 @@ void Surroundings::makeDirectory() {
     std::filesystem::create_directories(directory_);
     before_ = std::filesystem::current_path();
     std::filesystem::current_path(directory_);
+    if (host_.remote) host_.remote->enter(directory_);
 }
 
 void Surroundings::makeTable(const Setup& setup) {
@@ -117,7 +118,7 @@ std::int64_t Surroundings::makeCall(const Row& row) {
     Form form{.label = "", .entry = entry, .name = row.name};
     try {
         Call call(row, form, none);
-        call.make(host_.find(row.name.c_str()));
+        makeBy(host_, call, form);
         return call.number();
     } catch (const std::string& what) {
         throw ScriptError(row.file, row.line, what);
@@ -137,6 +138,7 @@ void Surroundings::takeBack() {
     if (directory_.empty()) return;
     std::error_code ignored;
     std::filesystem::current_path(before_, ignored);
+    if (host_.remote) host_.remote->enter(before_);
     std::filesystem::remove_all(directory_, ignored);
 }
 

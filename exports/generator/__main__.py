@@ -12,6 +12,7 @@ import examples
 import header
 import library
 import pages
+from languages import cpp, python
 from table import TableError, read_table
 from writing import write_if_changed
 
@@ -63,6 +64,17 @@ def build_products(families, root):
     return products
 
 
+def bindings(families, groups):
+    """Declarations for other languages, beside what bindings/ has by hand: together they are what a language's programs use."""
+    clashes = clashing_names(lambda heading: True)
+    folder = ROOT / "bindings"
+    products = {f"bindings/{p.relative_to(folder)}": p.read_text(encoding="utf-8")
+                for p in sorted(folder.rglob("*")) if p.is_file() and "__pycache__" not in p.parts}
+    for language in (cpp, python):
+        products |= {f"bindings/{name}": text for name, text in language.products(families, groups, clashes).items()}
+    return products
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--out", type=pathlib.Path)
@@ -81,7 +93,7 @@ def main():
         print("\n".join(f"{n}: differs from the table" for n in stale) or "all products agree with the table")
         return 1 if stale else 0
     if options.out:
-        for name, text in build_products(families, options.root).items():
+        for name, text in (build_products(families, options.root) | bindings(families, groups)).items():
             write_if_changed(options.out / name, text)
         for name, text in committed.items():
             write_if_changed(options.root / name, text)
