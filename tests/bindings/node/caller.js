@@ -39,9 +39,12 @@ function shown(result, memories) {
   if (result === undefined) return 'v';
   if (typeof result === 'number') return `n${result}`;
   if (result === null || result === 0n) return 'z';
-  for (const [i, bytes] of memories) {
-    const offset = Number(result - koffi.address(bytes));
-    if (offset >= 0 && offset <= bytes.length) return `p${i}@${offset}`;
+  // The end of one may be the beginning of another.
+  for (const beyond of [0, 1]) {
+    for (const [i, bytes] of memories) {
+      const offset = Number(result - koffi.address(bytes));
+      if (offset >= 0 && offset < bytes.length + beyond) return `p${i}@${offset}`;
+    }
   }
   return `t${Buffer.from(koffi.decode(result, 'char', -1), 'latin1').toString('hex')}`;
 }

@@ -41,10 +41,11 @@ def shown(result, kind, memories):
         return f"n{result}"
     if result is None:
         return "z"
-    for i, memory in memories:
-        offset = result - ctypes.addressof(memory)
-        if 0 <= offset <= len(memory):
-            return f"p{i}@{offset}"
+    for beyond in (0, 1):  # the end of one may be the beginning of another
+        for i, memory in memories:
+            offset = result - ctypes.addressof(memory)
+            if 0 <= offset < len(memory) + beyond:
+                return f"p{i}@{offset}"
     return "t" + ctypes.string_at(result).hex()
 
 
