@@ -109,7 +109,7 @@ char* putToken(const Date& date, char letter, int length, char* to) {
 }
 
 std::int32_t setToday(const Date& date) {
-    platform::Clock& clock = *platform::current().clock;
+    platform::Clock& clock = platform::clock();
     platform::Moment moment = clock.localTime();
     setDate(moment, date);
     return clock.setLocalTime(moment);
@@ -137,7 +137,7 @@ char* putDate(const Date& date, const char* picture, char* dest) {
 }
 
 Date today() {
-    platform::Moment now = platform::current().clock->localTime();
+    platform::Moment now = platform::clock().localTime();
     return {now.year, now.month, now.day};
 }
 
@@ -182,7 +182,7 @@ char* VX_CALL vx_NumToDay(int32_t day, char* dest) noexcept {
 }
 
 int32_t VX_CALL vx_GetJDate() noexcept { return dayNumber(today()); }
-int32_t VX_CALL vx_Dow() noexcept { return platform::current().clock->localTime().dayOfWeek + 1; }
+int32_t VX_CALL vx_Dow() noexcept { return platform::clock().localTime().dayOfWeek + 1; }
 void VX_CALL vx_DosGetDate(int32_t* year, int32_t* month, int32_t* day) noexcept {
     storeDate(today(), year, month, day);
 }
