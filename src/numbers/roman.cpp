@@ -46,7 +46,7 @@ char* putRoman(char* to, std::int32_t value) {
 constexpr char kKeys[] = "22233344455566671778889991";
 
 char keyOf(char c) {
-    char letter = c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+    char letter = asciiUpper(c);
     return letter >= 'A' && letter <= 'Z' ? kKeys[letter - 'A'] : c;
 }
 
