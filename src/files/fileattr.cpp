@@ -105,7 +105,8 @@ char* getDateText(File file, char* dest) {
 
 template <typename File>
 char* getDateText(File file, const char* picture, char* dest) {
-    return getText(file, dest, [=](const Written& written, char* to) { return putDate(written.date(), picture, to); });
+    return getText(file, dest,
+                   [=](const Written& written, char* to) { return putPicturedDate(written.date(), picture, to); });
 }
 
 template <typename File>

@@ -343,7 +343,7 @@ char* VX_CALL vx_FindDate(const void* block, char* dest) noexcept {
 char* VX_CALL vx_FindDatef(const void* block, const char* picture, char* dest) noexcept {
     if (!dest) return nullptr;
     std::optional<Date> date = writtenDate(block);
-    return date ? putDate(*date, picture, dest) : putEmpty(dest);
+    return date ? putPicturedDate(*date, picture, dest) : putEmpty(dest);
 }
 
 char* VX_CALL vx_FindTime(const void* block, char* dest) noexcept {
