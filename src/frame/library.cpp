@@ -104,17 +104,15 @@ PlatformClass platformClass() {
     return library.platformClass;
 }
 
-void attach(void* module) {
-    library.module = module;
+void attach() {
     std::fill(std::begin(library.handles), std::end(library.handles), kNoHandle);
     buildTables();
     platform::process().programPath(library.programPath, kPathRoom);
 }
 
 void detach() {
-    for (std::int32_t& handle : library.handles) {
-        // kept: a handle that closes stays in the table, one that does not leaves it; nobody reads it any more.
-        if (handle != kNoHandle && !platform::files().close(handle)) handle = kNoHandle;
+    for (std::int32_t handle : library.handles) {
+        if (handle != kNoHandle) platform::files().close(handle);
     }
 }
 
