@@ -105,21 +105,28 @@ class OuterLevels {
     explicit OuterLevels(const char* expression) {
         constexpr std::size_t kMost = PTRDIFF_MAX / sizeof(Level);
         std::string_view text = view(expression);
-        most_ = static_cast<std::size_t>(std::count(text.begin(), text.end(), '('));
-        if (most_ > 0 && most_ <= kMost) levels_.reset(new (std::nothrow) Level[most_]);
+        const auto most = static_cast<std::size_t>(std::count(text.begin(), text.end(), '('));
+        if (most <= kUsual) return;
+        if (most <= kMost) large_.reset(new (std::nothrow) Level[most]);
+        levels_ = large_.get();
     }
+    OuterLevels(const OuterLevels&) = delete;
+    OuterLevels& operator=(const OuterLevels&) = delete;
 
     // Whether there is memory for them.
-    explicit operator bool() const { return most_ == 0 || levels_; }
+    explicit operator bool() const { return levels_ != nullptr; }
 
     bool empty() const { return count_ == 0; }
     void push(const Level& level) { levels_[count_++] = level; }
     const Level& pop() { return levels_[--count_]; }
 
  private:
-    std::size_t most_;
+    static constexpr std::size_t kUsual = 8;
+
     std::size_t count_ = 0;
-    std::unique_ptr<Level[]> levels_;
+    Level usual_[kUsual];
+    std::unique_ptr<Level[]> large_;
+    Level* levels_ = usual_;
 };
 
 }  // namespace
