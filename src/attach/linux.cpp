@@ -2,7 +2,7 @@
 
 namespace {
 
-__attribute__((constructor)) void onLoad() { vx::attach(nullptr); }
+__attribute__((constructor)) void onLoad() { vx::attach(); }
 // At the process's end, too, where other libraries may call on: nothing but the open files goes here.
 __attribute__((destructor)) void onUnload() { vx::detach(); }
 

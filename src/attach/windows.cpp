@@ -10,10 +10,10 @@ extern "C" {
 void _lock(int) {}
 void _unlock(int) {}
 
-BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID processEnds) {
+BOOL WINAPI DllMain(HINSTANCE, DWORD reason, LPVOID processEnds) {
     if (reason == DLL_PROCESS_ATTACH) {
         vx::platform::makeLocks();
-        vx::attach(instance);
+        vx::attach();
     }
     if (reason == DLL_PROCESS_DETACH) {
         vx::detach();

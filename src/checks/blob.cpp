@@ -46,7 +46,9 @@ void copyForward(char* to, const char* from, std::size_t size) {
         for (std::size_t known = distance; size > 0;) {
             std::size_t piece = std::min(known, size);
             std::memcpy(to, from, piece);
-            to += piece, size -= piece, known += piece;
+            to += piece;
+            size -= piece;
+            known += piece;
         }
     }
 }

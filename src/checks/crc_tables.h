@@ -29,19 +29,21 @@ inline constexpr std::uint32_t kCrc32Polynomial = 0xEDB88320;
 inline constexpr CrcTables<std::uint32_t> kCrc32Tables = makeCrcTables<std::uint32_t>(
     [](unsigned byte) {
         std::uint32_t value = byte;
-        for (int bit = 0; bit < 8; ++bit) value = value >> 1 ^ (value & 1 ? kCrc32Polynomial : 0);
+        for (int bit = 0; bit < 8; ++bit) value = (value >> 1) ^ (value & 1 ? kCrc32Polynomial : 0);
         return value;
     },
-    [](const auto& first, std::uint32_t value) { return first[value & 0xFF] ^ value >> 8; });
+    [](const auto& first, std::uint32_t value) { return first[value & 0xFF] ^ (value >> 8); });
 
 // CRC-16 CCITT, not reflected: the value's high byte meets the next byte.
 inline constexpr std::uint16_t kCrc16Polynomial = 0x1021;
 inline constexpr CrcTables<std::uint16_t> kCrc16Tables = makeCrcTables<std::uint16_t>(
     [](unsigned byte) {
         unsigned value = byte << 8;
-        for (int bit = 0; bit < 8; ++bit) value = value << 1 ^ (value & 0x8000 ? kCrc16Polynomial : 0);
+        for (int bit = 0; bit < 8; ++bit) value = (value << 1) ^ (value & 0x8000 ? kCrc16Polynomial : 0);
         return static_cast<std::uint16_t>(value);
     },
-    [](const auto& first, std::uint16_t value) { return static_cast<std::uint16_t>(first[value >> 8] ^ value << 8); });
+    [](const auto& first, std::uint16_t value) {
+        return static_cast<std::uint16_t>(first[value >> 8] ^ (value << 8));
+    });
 
 }  // namespace vx

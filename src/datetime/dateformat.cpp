@@ -1,18 +1,20 @@
 // Dates as texts by the library's pictures and the system's, and the system's date.
 #include "datetime/dateformat.h"
 
-#include <cstring>
-
 #include "datetime/numbers.h"
 #include "datetime/systemdate.h"
 #include "entries/dateformat.h"
+#include "frame/text.h"
 #include "platform/platform.h"
 
 namespace vx {
 namespace {
 
-constexpr char kDatePicture[] = "MM/dd/yyyy";
+// Of this library.
 constexpr char kWordsPicture[] = "MMMM dd, YYYY";
+
+// Of the system.
+constexpr char kDatePicture[] = "MM/dd/yyyy";
 constexpr char kShortMonth[] = "MMM";
 constexpr char kFullMonth[] = "MMMM";
 constexpr char kFullDay[] = "dddd";
@@ -39,7 +41,7 @@ void putDayOfWeek(std::int32_t day, char* to) {
     putSystemDate(moment, kFullDay, to);
 }
 
-const char* ordinalSuffix(std::int32_t number) {
+std::string_view ordinalSuffix(std::int32_t number) {
     std::int32_t ofHundred = number % 100;
     if (ofHundred >= 4 && ofHundred <= 20) return "th";
     switch (number % 10) {
@@ -54,18 +56,12 @@ const char* ordinalSuffix(std::int32_t number) {
     }
 }
 
-char* putOrdinal(char* to, std::int32_t number) {
-    to = putNumber(to, number);
-    std::memcpy(to, ordinalSuffix(number), 2);
-    return to + 2;
-}
+char* putOrdinal(char* to, std::int32_t number) { return putText(putNumber(to, number), ordinalSuffix(number)); }
 
 // A name is made aside: the destination need not have room for more than what is in it.
 char* appendMonth(char* to, std::int32_t month, const char* picture) {
     char name[kSystemTextRoom];
-    std::size_t size = static_cast<std::size_t>(putMonth(month, picture, name) - name);
-    std::memcpy(to, name, size);
-    return to + size;
+    return putText(to, {name, static_cast<std::size_t>(putMonth(month, picture, name) - name)});
 }
 
 int runLength(const char* text, int most) {
@@ -109,7 +105,7 @@ char* putToken(const Date& date, char letter, int length, char* to) {
 }
 
 std::int32_t setToday(const Date& date) {
-    platform::Clock& clock = *platform::current().clock;
+    platform::Clock& clock = platform::clock();
     platform::Moment moment = clock.localTime();
     setDate(moment, date);
     return clock.setLocalTime(moment);
@@ -122,7 +118,7 @@ char* putDate(const Date& date, char* dest) {
     return dest;
 }
 
-char* putDate(const Date& date, const char* picture, char* dest) {
+char* putPicturedDate(const Date& date, const char* picture, char* dest) {
     char* to = dest;
     for (int length; picture && *picture; picture += length) {
         length = tokenLength(picture);
@@ -137,7 +133,7 @@ char* putDate(const Date& date, const char* picture, char* dest) {
 }
 
 Date today() {
-    platform::Moment now = platform::current().clock->localTime();
+    platform::Moment now = platform::clock().localTime();
     return {now.year, now.month, now.day};
 }
 
@@ -146,16 +142,16 @@ Date today() {
 using namespace vx;
 
 char* VX_CALL vx_IntToDatef(int32_t year, int32_t month, int32_t day, const char* picture, char* dest) noexcept {
-    return dest ? putDate({year, month, day}, picture, dest) : nullptr;
+    return dest ? putPicturedDate({year, month, day}, picture, dest) : nullptr;
 }
 char* VX_CALL vx_GetJDatef(int32_t jd, const char* picture, char* dest) noexcept {
-    return dest ? putDate(dateOfDay(jd), picture, dest) : nullptr;
+    return dest ? putPicturedDate(dateOfDay(jd), picture, dest) : nullptr;
 }
 char* VX_CALL vx_GetDatef(const char* picture, char* dest) noexcept {
-    return dest ? putDate(today(), picture, dest) : nullptr;
+    return dest ? putPicturedDate(today(), picture, dest) : nullptr;
 }
 char* VX_CALL vx_Dtow(int32_t jd, char* dest) noexcept {
-    return dest ? putDate(dateOfDay(jd), kWordsPicture, dest) : nullptr;
+    return dest ? putPicturedDate(dateOfDay(jd), kWordsPicture, dest) : nullptr;
 }
 
 char* VX_CALL vx_IntToDate(int32_t year, int32_t month, int32_t day, char* dest) noexcept {
@@ -182,7 +178,7 @@ char* VX_CALL vx_NumToDay(int32_t day, char* dest) noexcept {
 }
 
 int32_t VX_CALL vx_GetJDate() noexcept { return dayNumber(today()); }
-int32_t VX_CALL vx_Dow() noexcept { return platform::current().clock->localTime().dayOfWeek + 1; }
+int32_t VX_CALL vx_Dow() noexcept { return platform::clock().localTime().dayOfWeek + 1; }
 void VX_CALL vx_DosGetDate(int32_t* year, int32_t* month, int32_t* day) noexcept {
     storeDate(today(), year, month, day);
 }

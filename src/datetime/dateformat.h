@@ -9,8 +9,9 @@ namespace vx {
 // needs 32 bytes.
 char* putDate(const Date& date, char* dest);
 
-// Puts a date by a picture at `dest`; NULL is an empty picture. Returns `dest`, which needs 11 bytes a character.
-char* putDate(const Date& date, const char* picture, char* dest);
+// Puts a date by a picture of this library at `dest`; NULL is an empty picture. Returns `dest`, which needs 11 bytes a
+// character. (The system's pictures have other letters: systemdate.h.)
+char* putPicturedDate(const Date& date, const char* picture, char* dest);
 
 Date today();
 

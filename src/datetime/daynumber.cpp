@@ -29,7 +29,7 @@ constexpr std::uint8_t kMonthLengths[2][kMonthsOfYear + 1] = {
     {0, 31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31},
 };
 
-std::uint32_t bits(std::int32_t value) { return static_cast<std::uint32_t>(value); }
+std::uint32_t unsignedOf(std::int32_t value) { return static_cast<std::uint32_t>(value); }
 std::int32_t wrapped(std::uint32_t value) { return static_cast<std::int32_t>(value); }
 
 // A multiple of 100 and of 16 is one of 400.
@@ -39,23 +39,32 @@ std::int32_t monthLength(std::int32_t year, std::int32_t month) {
     return month >= 0 && month <= kMonthsOfYear ? kMonthLengths[isLeap(year)][month] : 0;
 }
 
-// Dates are found from quarter days, counted from the end of the first one of 1 March of year 0, where a year has 1461
-// of them. Divisions by 1461 and 30.6, the days of a month, are multiplications, exact for all quarters of a century
-// and all days of a year; the fraction of such a product holds the remainder.
+// The date of a day, in the way of Neri and Schneider ("Euclidean affine functions and their application to calendar
+// algorithms", 2023), without a loop or a table: the row JulianToInt of the benchmark.
+//
+// Time is counted in quarter days from the end of the first one of 1 March of year 0. A century, of 36524.25 days, then
+// has 146097 of them and a year, of 365.25 days, has 1461: whole numbers, so that leap days need no rule of their own.
+// And since years begin with March, the leap day is the last one of its year, and months have 30.6 days throughout.
+//
+// A division by 1461 is a multiplication by 2^32/1461: the product's upper half is the quotient, and its lower half,
+// divided by the factor, the remainder. The same holds for 30.6 with 2^16/30.6. The factors are rounded; they are exact
+// for all quarters of a century and all days of a year, which are all the values that get there.
 constexpr std::uint32_t kYearsPerQuarter = 2939745;  // in units of 2^-32
 constexpr std::uint32_t kMonthsPerDay = 2141;        // in units of 2^-16
 constexpr std::uint32_t kMarch = (3u << 16) + 1305;  // the same, with what rounds the first days of months up
 
 [[gnu::always_inline]] inline Date dateOfQuarters(std::uint32_t quarters) {
     std::uint32_t century = quarters / kQuartersOfCentury;
-    std::uint64_t years = std::uint64_t{kYearsPerQuarter} * (quarters % kQuartersOfCentury | 3);
+    std::uint32_t quarterOfCentury = (quarters % kQuartersOfCentury) | 3;  // the last one of its day
+    std::uint64_t years = std::uint64_t{kYearsPerQuarter} * quarterOfCentury;
     std::uint32_t yearOfCentury = static_cast<std::uint32_t>(years >> 32);
     std::uint32_t dayOfYear = static_cast<std::uint32_t>(years) / kYearsPerQuarter / 4;
     std::uint32_t months = kMonthsPerDay * dayOfYear + kMarch;
-    std::uint32_t month = months >> 16;  // January is 13
+    std::uint32_t month = months >> 16;  // 3 to 14: January and February end the year that began with March
+    std::uint32_t day = (months & 0xFFFF) / kMonthsPerDay + 1;
     bool nextYear = month > kMonthsOfYear;
     return {wrapped(century * 100 + yearOfCentury + nextYear), wrapped(nextYear ? month - kMonthsOfYear : month),
-            wrapped((months & 0xFFFF) / kMonthsPerDay + 1)};
+            wrapped(day)};
 }
 
 // kept: past day 538592031 the count has wrapped, and some date comes out.
@@ -69,19 +78,21 @@ Date dateOfWrappedQuarters(std::int32_t quarters) {
 // Inlined: a date that is returned goes through two registers that have to be packed and unpacked.
 [[gnu::always_inline]] inline Date dateOf(std::int32_t day) {
     if (day <= kLastNonDate) return {};
-    std::uint32_t quarters = 4 * (bits(day) - kDayBeforeMarch0) - 1;
+    std::uint32_t quarters = 4 * (unsignedOf(day) - kDayBeforeMarch0) - 1;
     return wrapped(quarters) < 0 ? dateOfWrappedQuarters(wrapped(quarters)) : dateOfQuarters(quarters);
 }
 
 // Days behind the latest Sunday. kept: negative before day -1, and for the very last day, whose sum wraps.
-std::int32_t daysFromSunday(std::int32_t day) { return wrapped(bits(day) + 1) % kDaysOfWeek; }
+std::int32_t daysFromSunday(std::int32_t day) { return wrapped(unsignedOf(day) + 1) % kDaysOfWeek; }
 
-std::int32_t dayOfYear(std::int32_t day) { return wrapped(bits(day) - bits(dayNumber({dateOf(day).year, 1, 1})) + 1); }
+std::int32_t dayOfYear(std::int32_t day) {
+    return wrapped(unsignedOf(day) - unsignedOf(dayNumber({dateOf(day).year, 1, 1})) + 1);
+}
 
 // Mondays to Fridays among the days 0 to `end` - 2, which stand in their weeks as 1 to `end` - 1.
 std::uint32_t weekdaysBefore(std::uint32_t end) {
-    std::uint32_t weeks = end / bits(kDaysOfWeek);
-    std::uint32_t rest = end % bits(kDaysOfWeek);  // a Sunday, then weekdays
+    std::uint32_t weeks = end / unsignedOf(kDaysOfWeek);
+    std::uint32_t rest = end % unsignedOf(kDaysOfWeek);  // a Sunday, then weekdays
     return weeks * 5 + rest - (rest != 0);
 }
 
@@ -89,8 +100,8 @@ std::int32_t weekdays(std::int32_t first, std::int32_t last) {
     if (first > last) std::swap(first, last);
     // kept: days before 0 and the very last one have no day of week that is one from Monday to Friday.
     constexpr std::uint32_t kEnd = 0x80000000;
-    std::uint32_t start = first < 0 ? 0 : bits(first) + 1;
-    std::uint32_t end = last < 0 ? 0 : std::min(bits(last) + 2, kEnd);
+    std::uint32_t start = first < 0 ? 0 : unsignedOf(first) + 1;
+    std::uint32_t end = last < 0 ? 0 : std::min(unsignedOf(last) + 2, kEnd);
     return wrapped(weekdaysBefore(end) - weekdaysBefore(start));
 }
 
@@ -141,10 +152,11 @@ Date dateOfAnsi(const char* text) {
 std::int32_t dayNumber(const Date& date) {
     if (date.year < kFirstYear) return 0;
     bool beforeMarch = date.month <= 2;
-    std::uint32_t year = bits(date.year) - beforeMarch;
+    std::uint32_t year = unsignedOf(date.year) - beforeMarch;
     std::int32_t month = beforeMarch ? date.month + 9 : date.month - 3;
-    return wrapped(bits(wrapped(kQuartersOfCentury * (year / 100)) / 4) + kQuartersOfYear * (year % 100) / 4 +
-                   bits(wrapped(kDaysOf5Months * bits(month) + 2) / 5) + bits(date.day) + kDayBeforeMarch0);
+    return wrapped(unsignedOf(wrapped(kQuartersOfCentury * (year / 100)) / 4) + kQuartersOfYear * (year % 100) / 4 +
+                   unsignedOf(wrapped(kDaysOf5Months * unsignedOf(month) + 2) / 5) + unsignedOf(date.day) +
+                   kDayBeforeMarch0);
 }
 
 Date dateOfDay(std::int32_t dayNumber) { return dateOf(dayNumber); }
@@ -183,7 +195,8 @@ int32_t VX_CALL vx_JWoy(int32_t jd) noexcept { return dayOfYear(jd) / kDaysOfWee
 
 int32_t VX_CALL vx_AtDow(int32_t jd, int32_t dow, int32_t weeks) noexcept {
     // kept: only the low three bits of the day count, so 0 is the Saturday before the week.
-    return wrapped(bits(jd) - bits(daysFromSunday(jd)) + (bits(dow) & 7) - 1 + bits(kDaysOfWeek) * bits(weeks));
+    return wrapped(unsignedOf(jd) - unsignedOf(daysFromSunday(jd)) + (unsignedOf(dow) & 7) - 1 +
+                   unsignedOf(kDaysOfWeek) * unsignedOf(weeks));
 }
 
 int32_t VX_CALL vx_Weekdays(int32_t from, int32_t to) noexcept { return weekdays(from, to); }

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <limits>
 
-#include "strings/search.h"
+#include "strings/fields.h"
 
 namespace vx {
 

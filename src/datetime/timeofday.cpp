@@ -16,21 +16,19 @@ constexpr std::int32_t kSecondsOfHour = 3600;
 constexpr std::int32_t kSecondsOfDay = 86400;
 constexpr std::size_t kPlainTimeSize = 8;
 
-platform::Clock& localClock() { return *platform::current().clock; }
-
 TimeOfDay timeOf(const platform::Moment& moment) { return {moment.hour, moment.minute, moment.second}; }
-TimeOfDay now() { return timeOf(localClock().localTime()); }
+TimeOfDay now() { return timeOf(platform::clock().localTime()); }
 
 // kept: the platform's record has 16 bits a field; what is above them is lost.
 platform::Moment nowWith(const TimeOfDay& time) {
-    platform::Moment moment = localClock().localTime();
+    platform::Moment moment = platform::clock().localTime();
     moment.hour = static_cast<std::uint16_t>(time.hour);
     moment.minute = static_cast<std::uint16_t>(time.minute);
     moment.second = static_cast<std::uint16_t>(time.second);
     return moment;
 }
 
-std::int32_t setNow(const TimeOfDay& time) { return localClock().setLocalTime(nowWith(time)); }
+std::int32_t setNow(const TimeOfDay& time) { return platform::clock().setLocalTime(nowWith(time)); }
 
 TimeOfDay timeOfSeconds(std::int32_t seconds) {
     seconds %= kSecondsOfDay;
@@ -73,7 +71,7 @@ void sleepFor(std::int32_t count, std::uint32_t millisecondsEach) {
 
 void sleepTimes(std::uint32_t count, std::uint32_t millisecondsEach) {
     constexpr std::uint64_t kLongest = 0xFFFFFFFE;  // one more would be for ever
-    localClock().sleep(static_cast<std::uint32_t>(std::min(std::uint64_t{count} * millisecondsEach, kLongest)));
+    platform::clock().sleep(static_cast<std::uint32_t>(std::min(std::uint64_t{count} * millisecondsEach, kLongest)));
 }
 
 TimeOfDay timeOfText(const char* text) {
@@ -87,7 +85,7 @@ std::int32_t secondsOfDay(const TimeOfDay& time) {
 }
 
 char* putTime(const TimeOfDay& time, char* dest) {
-    std::uint32_t size = platform::current().locale->formatTime(nowWith(time), dest, kTimeTextRoom);
+    std::uint32_t size = platform::locale().formatTime(nowWith(time), dest, kTimeTextRoom);
     return size > 0 ? dest : putPlainTime(time, dest);
 }
 
@@ -128,7 +126,7 @@ char* VX_CALL vx_GetTime(char* dest) noexcept { return dest ? putTime(now(), des
 
 char* VX_CALL vx_Timeh(char* dest) noexcept {
     if (!dest) return nullptr;
-    platform::Moment moment = localClock().localTime();
+    platform::Moment moment = platform::clock().localTime();
     char* end = putDigits(timeOf(moment), dest);
     *end++ = '.';
     *putTwoDigits(end, moment.milliseconds / 10) = '\0';

@@ -31,13 +31,13 @@ bool File::close() {
 std::uint32_t File::read(std::int64_t position, void* to, std::size_t count) const {
     if (position < 0 || position >= platform::kLastPosition || count == 0) return 0;
     if (!reaches(position, count)) count = static_cast<std::size_t>(platform::kLastPosition - position);
-    std::int32_t done = files().readAt(handle_, position, to, static_cast<std::uint32_t>(count));
+    std::int32_t done = platform::files().readAt(handle_, position, to, static_cast<std::uint32_t>(count));
     return done > 0 ? static_cast<std::uint32_t>(done) : 0;
 }
 
 bool File::write(std::int64_t position, const void* from, std::size_t count) const {
     if (!reaches(position, count)) return false;
-    std::int32_t done = files().writeAt(handle_, position, from, static_cast<std::uint32_t>(count));
+    std::int32_t done = platform::files().writeAt(handle_, position, from, static_cast<std::uint32_t>(count));
     return done >= 0 && static_cast<std::size_t>(done) == count;
 }
 
@@ -46,8 +46,8 @@ bool File::cutBack(std::int64_t end, std::int64_t most) const {
     std::int64_t now = size();
     if (now < 0) return false;
     if (now <= end || now > most) return true;
-    return files().seek(handle_, static_cast<std::int32_t>(end), platform::kFromStart) >= 0 &&
-           files().truncate(handle_);
+    return platform::files().seek(handle_, static_cast<std::int32_t>(end), platform::kFromStart) >= 0 &&
+           platform::files().truncate(handle_);
 }
 
 }  // namespace vx::dbf

@@ -40,18 +40,20 @@ class File {
     }
     bool write(std::int64_t position, const void* from, std::size_t count) const;
 
-    std::int64_t size() const { return files().size(handle_); }
-    bool commit() const { return files().flush(handle_); }
-    bool lock(std::uint32_t offset, std::uint32_t length) const { return files().lock(handle_, offset, length); }
-    bool unlock(std::uint32_t offset, std::uint32_t length) const { return files().unlock(handle_, offset, length); }
+    std::int64_t size() const { return platform::files().size(handle_); }
+    bool commit() const { return platform::files().flush(handle_); }
+    bool lock(std::uint32_t offset, std::uint32_t length) const {
+        return platform::files().lock(handle_, offset, length);
+    }
+    bool unlock(std::uint32_t offset, std::uint32_t length) const {
+        return platform::files().unlock(handle_, offset, length);
+    }
 
     // After a write that failed: ends the file at `end` again if it grew, unless it reaches beyond `most`. The error
     // code stays the failure's. Whether nothing is left behind.
     bool cutBack(std::int64_t end, std::int64_t most) const;
 
  private:
-    static platform::Files& files() { return *platform::current().files; }
-
     std::int32_t handle_ = kNoHandle;
 };
 

@@ -20,7 +20,7 @@ bool insist(Try once) {
     std::uint32_t slept = 0;
     for (std::uint32_t nap = 1; !once(); nap = std::min(nap * 2, kLongestNap)) {
         if (slept >= kPatience) return false;
-        platform::current().clock->sleep(nap);
+        platform::clock().sleep(nap);
         slept += nap;
     }
     return true;

@@ -38,9 +38,9 @@ std::optional<std::int32_t> lastDriveOf(std::string_view line) {
 
 std::optional<std::int32_t> configuredLastDrive() {
     // The system may have been started from a diskette that is out by now.
-    platform::SilentErrors silent(*platform::current().process);
+    platform::SilentErrors silent(platform::process());
     char shell[platform::kVariableRoom];
-    std::uint32_t length = platform::current().process->variable("COMSPEC", shell, sizeof shell);
+    std::uint32_t length = platform::process().variable("COMSPEC", shell, sizeof shell);
     char path[kJoinedSize];
     joinPath(splitPath(length > 0 && length < sizeof shell ? shell : "C:").drive, "\\", "CONFIG", ".SYS", path);
     OpenFile file = OpenFile::open(path, platform::kRead | platform::kDenyNone);

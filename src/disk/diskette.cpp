@@ -44,8 +44,8 @@ std::optional<std::uint32_t> sectorsByDos(std::int32_t drive, DisketteQuestion q
                                      .ecx = kGetDeviceParameters,
                                      .eax = kGenericRequest,
                                      .flags = platform::kCarryFlag};
-    platform::SilentErrors silent(*platform::current().process);
-    bool reached = platform::current().hardware->callDos(platform::kDosIoctl, registers, {.parameters = parameters});
+    platform::SilentErrors silent(platform::process());
+    bool reached = platform::hardware().callDos(platform::kDosIoctl, registers, {.parameters = parameters});
     if (!reached || (registers.flags & platform::kCarryFlag)) return std::nullopt;
     return parameters[kTotalSectors] | parameters[kTotalSectors + 1] << 8;
 }
@@ -53,8 +53,8 @@ std::optional<std::uint32_t> sectorsByDos(std::int32_t drive, DisketteQuestion q
 std::optional<std::uint32_t> sectorsByDevice(std::int32_t drive, DisketteQuestion question) {
     platform::DriveGeometry media[20];
     bool now = question == DisketteQuestion::kMediumNow;
-    platform::SilentErrors silent(*platform::current().process);
-    std::int32_t count = platform::current().hardware->queryDrive(
+    platform::SilentErrors silent(platform::process());
+    std::int32_t count = platform::hardware().queryDrive(
         driveLetter(drive), now ? platform::kMediumNow : platform::kMediaTypes, std::span(media, now ? 1 : 20));
     if (count < 0) return std::nullopt;
     std::uint32_t most = 0;

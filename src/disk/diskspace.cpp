@@ -19,10 +19,6 @@ namespace {
 constexpr std::uint32_t kLongestPath = 260;
 constexpr std::uint32_t kPathRoomHere = kLongestPath + 1;
 
-platform::Process& process() { return *platform::current().process; }
-platform::Volumes& volumes() { return *platform::current().volumes; }
-platform::Tree& tree() { return *platform::current().tree; }
-
 const char* orEmpty(const char* text) { return text ? text : emptyText; }
 
 // What `measure` makes of a drive's space, 0 if the drive does not tell; `bad` for what is no drive. Unsigned 32-bit
@@ -31,9 +27,9 @@ template <typename Measure>
 std::uint32_t measured(const char* driveText, Measure measure, std::uint32_t bad = 0) {
     std::int32_t number = driveNumber(driveText);
     if (number == kNoDrive) return bad;
-    platform::SilentErrors silent(process());
+    platform::SilentErrors silent(platform::process());
     platform::DiskSpace space;
-    return volumes().space(DriveRoot(number).get(), space) ? measure(space) : 0;
+    return platform::volumes().space(DriveRoot(number).get(), space) ? measure(space) : 0;
 }
 
 std::uint32_t clusterSize(const platform::DiskSpace& space) { return space.bytesPerSector * space.sectorsPerCluster; }
@@ -43,23 +39,23 @@ std::uint32_t clusterSize(const platform::DiskSpace& space) { return space.bytes
 bool setLabel(const char* driveText, const char* label) {
     std::int32_t number = driveNumber(driveText);
     if (number == kNoDrive) return false;
-    platform::SilentErrors silent(process());
-    return volumes().setLabel(DriveRoot(number).get(), label);
+    platform::SilentErrors silent(platform::process());
+    return platform::volumes().setLabel(DriveRoot(number).get(), label);
 }
 
 char* putLabel(const char* driveText, char* dest) {
     std::int32_t number = driveNumber(driveText);
     if (number == kNoDrive) return store(dest, {});
-    platform::SilentErrors silent(process());
+    platform::SilentErrors silent(platform::process());
     platform::VolumeInformation information;
-    return store(dest, volumes().information(DriveRoot(number).get(), information) ? information.label : "");
+    return store(dest, platform::volumes().information(DriveRoot(number).get(), information) ? information.label : "");
 }
 
 // Writes to the disk by changing its label and changing it back.
 bool isWritable(const char* root) {
     platform::VolumeInformation before;
-    return volumes().information(root, before) && volumes().setLabel(root, "F") &&
-           volumes().setLabel(root, *before.label ? before.label : nullptr);
+    return platform::volumes().information(root, before) && platform::volumes().setLabel(root, "F") &&
+           platform::volumes().setLabel(root, *before.label ? before.label : nullptr);
 }
 
 std::int32_t statusOf(std::uint32_t error) {
@@ -86,9 +82,9 @@ std::int32_t statusOf(std::uint32_t error) {
 
 std::int32_t diskStatus(std::int32_t drive) {
     if (!driveExists(drive)) return -1;
-    platform::SilentErrors silent(process());
-    process().setLastError(platform::kNoError);
-    return isWritable(DriveRoot(drive + 1).get()) ? 0 : statusOf(process().lastError());
+    platform::SilentErrors silent(platform::process());
+    platform::process().setLastError(platform::kNoError);
+    return isWritable(DriveRoot(drive + 1).get()) ? 0 : statusOf(platform::process().lastError());
 }
 
 // --- Current drive and directory -----------------------------------------------------------------------------------
@@ -97,8 +93,8 @@ char* putCurrentDirectory(const char* driveText, char* dest) {
     std::int32_t number = driveNumber(driveText);
     *dest = '\0';
     if (number == kNoDrive) return dest;
-    platform::SilentErrors silent(process());
-    if (!volumes().currentDirectory(number, dest, kPathRoomHere)) *dest = '\0';
+    platform::SilentErrors silent(platform::process());
+    if (!platform::volumes().currentDirectory(number, dest, kPathRoomHere)) *dest = '\0';
     return dest;
 }
 
@@ -106,22 +102,22 @@ bool setDrive(const char* text) {
     if (!text || !*text) return false;
     std::int32_t number = driveNumber(text);
     if (number == kNoDrive) return false;
-    platform::SilentErrors silent(process());
-    return volumes().setCurrentDrive(number);
+    platform::SilentErrors silent(platform::process());
+    return platform::volumes().setCurrentDrive(number);
 }
 
 // Going back by the directory: by its drive alone, a directory that the process was started in would be lost.
 void goBack(std::int32_t drive, const char* directory) {
-    if (!*directory || !volumes().changeDirectory(directory)) volumes().setCurrentDrive(drive);
+    if (!*directory || !platform::volumes().changeDirectory(directory)) platform::volumes().setCurrentDrive(drive);
 }
 
 bool changeDirectory(const char* path) {
-    platform::SilentErrors silent(process());
-    std::int32_t drive = volumes().currentDrive();
+    platform::SilentErrors silent(platform::process());
+    std::int32_t drive = platform::volumes().currentDrive();
     char directory[kPathRoomHere];
-    if (!volumes().currentDirectory(0, directory, sizeof directory)) *directory = '\0';
-    if (!volumes().changeDirectory(orEmpty(path))) return false;
-    if (volumes().currentDrive() != drive) goBack(drive, directory);
+    if (!platform::volumes().currentDirectory(0, directory, sizeof directory)) *directory = '\0';
+    if (!platform::volumes().changeDirectory(orEmpty(path))) return false;
+    if (platform::volumes().currentDrive() != drive) goBack(drive, directory);
     return true;
 }
 
@@ -140,7 +136,7 @@ char* putDriveRoots(char* dest) {
 
 bool changeToListedDirectory(const char* name, const char* list) {
     if (!name || !*name) return false;
-    platform::SilentErrors silent(process());
+    platform::SilentErrors silent(platform::process());
     char roots[3 * kDriveLetters];
     char found[kPathRoomHere];
     if (findDirectoryInList(name, list && *list ? list : putDriveRoots(roots), found) == 0) return false;
@@ -154,34 +150,34 @@ bool changeToListedDirectory(const char* name, const char* list) {
 
 bool directoryMatches(const char* path) {
     platform::FoundEntry entry;
-    std::int32_t search = tree().findFirst(path, entry);
+    std::int32_t search = platform::tree().findFirst(path, entry);
     if (search == -1) return false;
     bool found;
     do {
         found = (entry.attributes & platform::kDirectoryEntry) != 0;
-    } while (!found && tree().findNext(search, entry));
-    std::uint32_t reason = process().lastError();
-    tree().findClose(search);
-    if (!found) process().setLastError(reason);
+    } while (!found && platform::tree().findNext(search, entry));
+    std::uint32_t reason = platform::process().lastError();
+    platform::tree().findClose(search);
+    if (!found) platform::process().setLastError(reason);
     return found;
 }
 
 bool renameDirectory(const char* old, const char* name) {
-    platform::SilentErrors silent(process());
+    platform::SilentErrors silent(platform::process());
     PathParts before = splitPath(old);
     bool isNamed = *before.name || *before.extension;
     if (!isNamed || !directoryMatches(old)) return false;
     PathParts after = splitPath(name);
     char path[kJoinedSize];
     joinPath(before.drive, before.directory, after.name, after.extension, path);
-    return tree().move(old, path);
+    return platform::tree().move(old, path);
 }
 
 std::int32_t bootDrive() {
     constexpr std::int32_t kAssumed = 2;
     for (const char* variable : {"SystemDrive", "ComSpec"}) {
         char value[platform::kVariableRoom];
-        std::uint32_t length = process().variable(variable, value, sizeof value);
+        std::uint32_t length = platform::process().variable(variable, value, sizeof value);
         if (length > 0 && length < sizeof value) return dosDriveNumber(value);
     }
     return kAssumed;
@@ -224,7 +220,7 @@ int32_t VX_CALL vx_DiskStatus(int32_t drive) noexcept { return diskStatus(drive)
 
 char* VX_CALL vx_CurDrive(char* dest) noexcept {
     if (!dest) return nullptr;
-    std::int32_t drive = volumes().currentDrive();
+    std::int32_t drive = platform::volumes().currentDrive();
     const char name[] = {driveLetter(drive - 1), ':'};
     return store(dest, drive > 0 ? std::string_view(name, sizeof name) : std::string_view());
 }
@@ -242,28 +238,28 @@ int32_t VX_CALL vx_ChangeDir(const char* path) noexcept { return changeDirectory
 int32_t VX_CALL vx_FChDir(const char* name, const char* list) noexcept { return changeToListedDirectory(name, list); }
 
 char* VX_CALL vx_SysDir(char* dest) noexcept {
-    if (dest && volumes().systemDirectory(dest, kPathRoomHere) == 0) *dest = '\0';
+    if (dest && platform::volumes().systemDirectory(dest, kPathRoomHere) == 0) *dest = '\0';
     return dest;
 }
 char* VX_CALL vx_WinDir(char* dest) noexcept {
-    if (dest && volumes().windowsDirectory(dest, kPathRoomHere) == 0) *dest = '\0';
+    if (dest && platform::volumes().windowsDirectory(dest, kPathRoomHere) == 0) *dest = '\0';
     return dest;
 }
 
 int32_t VX_CALL vx_MakeDir(const char* path) noexcept {
-    platform::SilentErrors silent(process());
-    return tree().createDirectory(orEmpty(path));
+    platform::SilentErrors silent(platform::process());
+    return platform::tree().createDirectory(orEmpty(path));
 }
 int32_t VX_CALL vx_RemoveDir(const char* path) noexcept {
-    platform::SilentErrors silent(process());
-    return tree().removeDirectory(orEmpty(path));
+    platform::SilentErrors silent(platform::process());
+    return platform::tree().removeDirectory(orEmpty(path));
 }
 int32_t VX_CALL vx_RenDir(const char* old, const char* name) noexcept { return renameDirectory(old, name); }
 
 // kept: a file counts, too.
 int32_t VX_CALL vx_IsDir(const char* path) noexcept {
-    platform::SilentErrors silent(process());
-    return tree().attributes(orEmpty(path)) != platform::kNoAttributes;
+    platform::SilentErrors silent(platform::process());
+    return platform::tree().attributes(orEmpty(path)) != platform::kNoAttributes;
 }
 
 int32_t VX_CALL vx__sysinfo2(int32_t selector) noexcept {

@@ -18,9 +18,6 @@ namespace {
 
 constexpr std::int32_t kBadKind = -1;
 
-platform::Volumes& volumes() { return *platform::current().volumes; }
-platform::Hardware& hardware() { return *platform::current().hardware; }
-
 bool hasBit(std::uint32_t mask, std::int32_t bit) { return (mask >> bit & 1) != 0; }
 
 // The 0-based number of a letter; nothing for a text without one.
@@ -31,8 +28,8 @@ std::optional<std::int32_t> namedDrive(std::string_view text) {
 }
 
 bool readVolume(const char* root, platform::VolumeInformation& information) {
-    platform::SilentErrors silent(*platform::current().process);
-    return volumes().information(root, information);
+    platform::SilentErrors silent(platform::process());
+    return platform::volumes().information(root, information);
 }
 
 // What a remote drive counts as.
@@ -50,8 +47,8 @@ std::int32_t kindOf(const char* driveText) {
     DriveRoot root(number);
     platform::DriveKind kind;
     {
-        platform::SilentErrors silent(*platform::current().process);
-        kind = volumes().driveKind(root.get());
+        platform::SilentErrors silent(platform::process());
+        kind = platform::volumes().driveKind(root.get());
     }
     return kind == platform::kRemoteDrive ? kindOfRemote(root.get()) : static_cast<std::int32_t>(kind);
 }
@@ -59,9 +56,9 @@ std::int32_t kindOf(const char* driveText) {
 bool isReady(const char* driveText) {
     std::int32_t number = driveNumber(driveText);
     if (number == kNoDrive) return false;
-    platform::SilentErrors silent(*platform::current().process);
+    platform::SilentErrors silent(platform::process());
     platform::DiskSpace space;
-    return volumes().space(DriveRoot(number).get(), space);
+    return platform::volumes().space(DriveRoot(number).get(), space);
 }
 
 bool hasMedium(const char* driveText) {
@@ -85,16 +82,16 @@ bool asksCmos() { return platformClass() == PlatformClass::kWindows95 || platfor
 std::int32_t countFloppies() {
     constexpr std::uint8_t kFloppyTypes = 0x10;
     if (!asksCmos()) return static_cast<std::int32_t>(driveMask() & 3);  // kept: a mask, 3 for two drives, 2 for B only
-    std::uint8_t types = hardware().readCmos(kFloppyTypes);
+    std::uint8_t types = platform::hardware().readCmos(kFloppyTypes);
     return ((types & 0xF0) != 0) + ((types & 0x0F) != 0);
 }
 
 std::int32_t countPhysicalDrives() {
     constexpr std::int32_t kMost = 8;
-    platform::SilentErrors silent(*platform::current().process);
+    platform::SilentErrors silent(platform::process());
     for (std::int32_t number = 0; number < kMost; ++number) {
-        if (!hardware().canOpenPhysicalDrive(static_cast<std::uint32_t>(number)) &&
-            platform::current().process->lastError() != platform::kAccessDenied) {
+        if (!platform::hardware().canOpenPhysicalDrive(static_cast<std::uint32_t>(number)) &&
+            platform::process().lastError() != platform::kAccessDenied) {
             return number;
         }
     }
@@ -105,7 +102,7 @@ std::int32_t countHardDisks() {
     constexpr std::uint8_t kFirstType = 0x19;
     constexpr std::uint8_t kSecondType = 0x1A;
     if (!asksCmos()) return countPhysicalDrives();
-    return (hardware().readCmos(kFirstType) != 0) + (hardware().readCmos(kSecondType) != 0);
+    return (platform::hardware().readCmos(kFirstType) != 0) + (platform::hardware().readCmos(kSecondType) != 0);
 }
 
 std::int32_t lastDrive() {
@@ -120,7 +117,7 @@ std::int32_t lastDrive() {
 std::int32_t driveNumber(const char* text) {
     std::string_view name = withoutLeadingBlanks(view(text));
     if (name.empty()) {
-        std::int32_t current = volumes().currentDrive();
+        std::int32_t current = platform::volumes().currentDrive();
         return current > 0 ? current : kNoDrive;
     }
     std::optional<std::int32_t> drive = namedDrive(name);
@@ -129,10 +126,10 @@ std::int32_t driveNumber(const char* text) {
 
 std::int32_t dosDriveNumber(const char* text) {
     std::string_view name = withoutLeadingBlanks(view(text));
-    return name.empty() ? volumes().currentDrive() - 1 : namedDrive(name).value_or(kNoDrive);
+    return name.empty() ? platform::volumes().currentDrive() - 1 : namedDrive(name).value_or(kNoDrive);
 }
 
-std::uint32_t driveMask() { return volumes().logicalDrives() & ((1u << kDriveLetters) - 1); }
+std::uint32_t driveMask() { return platform::volumes().logicalDrives() & ((1u << kDriveLetters) - 1); }
 
 bool driveExists(std::int32_t drive) {
     if (drive < 0 || drive >= kDriveLetters) return false;

@@ -15,8 +15,8 @@ bool transferByDos(platform::DosService service, std::int32_t drive, std::uint32
     platform::DiskPacket packet{first, count, 0};
     platform::DosRegisters registers{
         .ecx = kByPacket, .eax = static_cast<std::uint32_t>(drive), .flags = platform::kCarryFlag};
-    platform::SilentErrors silent(*platform::current().process);
-    bool reached = platform::current().hardware->callDos(service, registers, {.packet = &packet, .sectors = buffer});
+    platform::SilentErrors silent(platform::process());
+    bool reached = platform::hardware().callDos(service, registers, {.packet = &packet, .sectors = buffer});
     return reached && !(registers.flags & platform::kCarryFlag);
 }
 

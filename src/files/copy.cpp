@@ -14,9 +14,6 @@
 namespace vx {
 namespace {
 
-platform::Tree& tree() { return *platform::current().tree; }
-platform::Process& process() { return *platform::current().process; }
-
 // As StrEmpty tells: NULL is no blank text.
 bool isBlank(const char* text) { return text && text[std::strspn(text, " \t")] == '\0'; }
 
@@ -28,10 +25,10 @@ std::optional<std::int32_t> copyBytes(std::int32_t from, std::int32_t to, std::i
     std::int32_t done = 0;
     while (done < most) {
         std::uint32_t wanted = std::min(buffer.size(), static_cast<std::uint32_t>(most - done));
-        std::int32_t got = files().read(from, buffer.data(), wanted);
+        std::int32_t got = platform::files().read(from, buffer.data(), wanted);
         if (got < 0) return std::nullopt;
         if (got == 0) break;
-        if (files().write(to, buffer.data(), static_cast<std::uint32_t>(got)) != got) return std::nullopt;
+        if (platform::files().write(to, buffer.data(), static_cast<std::uint32_t>(got)) != got) return std::nullopt;
         done += got;
     }
     return done;
@@ -39,7 +36,7 @@ std::optional<std::int32_t> copyBytes(std::int32_t from, std::int32_t to, std::i
 
 // An open file to be read as a whole. Those with positions that cannot be told are refused.
 bool inspect(const OpenFile& file, platform::FileInformation& information) {
-    if (!files().information(file.handle(), information)) return false;
+    if (!platform::files().information(file.handle(), information)) return false;
     return information.size <= std::uint64_t{kMostBytes} || refuse(false, platform::kFileTooLarge);
 }
 
@@ -48,7 +45,7 @@ enum class Target { kOther, kSource, kUnknown };
 Target relationOfPaths(const char* a, const char* b) {
     char paths[2][platform::kPathSize];
     for (int i : {0, 1}) {
-        std::uint32_t size = tree().fullPath(textOf(i == 0 ? a : b), paths[i], platform::kPathSize);
+        std::uint32_t size = platform::tree().fullPath(textOf(i == 0 ? a : b), paths[i], platform::kPathSize);
         if (size == 0) return Target::kUnknown;
         if (size >= platform::kPathSize) return refuse(Target::kUnknown, platform::kFilenameTooLong);
     }
@@ -60,15 +57,16 @@ Target relationOfPaths(const char* a, const char* b) {
 // Whether a target that would be emptied is the source by another name or another spelling. Unknown, with the reason,
 // where that cannot be told: a target that is there and does not open could not be written either.
 Target relationOf(const platform::FileInformation& source, const char* sourceName, const char* targetName) {
-    std::uint32_t before = process().lastError();
+    std::uint32_t before = platform::process().lastError();
     OpenFile target = OpenFile::open(targetName, kReading);
     if (!target) {
-        std::uint32_t reason = process().lastError();
+        std::uint32_t reason = platform::process().lastError();
         bool isNew = reason == platform::kFileNotFound || reason == platform::kPathNotFound;
         return isNew ? refuse(Target::kOther, before) : Target::kUnknown;
     }
     platform::FileInformation found;
-    bool known = files().information(target.handle(), found) && found.identity.index != 0 && source.identity.index != 0;
+    bool known = platform::files().information(target.handle(), found) && found.identity.index != 0 &&
+                 source.identity.index != 0;
     if (!known) return relationOfPaths(sourceName, targetName);
     return found.identity == source.identity ? Target::kSource : Target::kOther;
 }
@@ -77,7 +75,7 @@ Target relationOf(const platform::FileInformation& source, const char* sourceNam
 void discard(OpenFile& file, const char* name) {
     KeptError cause;
     file.close();
-    tree().erase(name);
+    platform::tree().erase(name);
 }
 
 // --- Encrypting ---
@@ -89,7 +87,7 @@ constexpr std::uint32_t kCipherBlock = 32768;
 std::int32_t readBlock(std::int32_t handle, char* to, std::uint32_t size) {
     std::uint32_t done = 0;
     while (done < size) {
-        std::int32_t got = files().read(handle, to + done, size - done);
+        std::int32_t got = platform::files().read(handle, to + done, size - done);
         if (got < 0) return -1;
         if (got == 0) break;
         done += static_cast<std::uint32_t>(got);
@@ -102,7 +100,7 @@ bool encryptBytes(std::int32_t from, std::int32_t to, TransferBuffer& buffer) {
         std::int32_t got = readBlock(from, buffer.data(), std::min(buffer.size(), static_cast<std::uint32_t>(left)));
         if (got <= 0) return got == 0;
         applyBufferCipher(buffer.data(), static_cast<std::size_t>(got));
-        if (files().write(to, buffer.data(), static_cast<std::uint32_t>(got)) != got) return false;
+        if (platform::files().write(to, buffer.data(), static_cast<std::uint32_t>(got)) != got) return false;
         left -= got;
     }
     return true;
@@ -110,7 +108,7 @@ bool encryptBytes(std::int32_t from, std::int32_t to, TransferBuffer& buffer) {
 
 bool encrypt(const char* sourceName, const char* targetName) {
     TransferBuffer buffer(kCipherBlock);
-    process().setLastError(platform::kNoError);
+    platform::process().setLastError(platform::kNoError);
     OpenFile source = OpenFile::open(sourceName, kReading);
     platform::FileInformation information;
     if (!source || !inspect(source, information)) return false;
@@ -145,7 +143,7 @@ std::int32_t copyFile(const char* sourceName, const char* targetName) {
     std::optional<std::int32_t> copied = copyBytes(source.handle(), target.handle(), kMostBytes);
     {
         KeptError cause;
-        files().setTimes(target.handle(), information.times);
+        platform::files().setTimes(target.handle(), information.times);
     }
     if (copied && target.close()) return *copied;
     discard(target, targetName);

@@ -24,7 +24,7 @@ class FileBlocks {
           position_(position),
           mostKept_(mostKept),
           memory_(new (std::nothrow) char[mostKept + kLargest]) {
-        if (!memory_) platform::current().process->setLastError(platform::kNotEnoughMemory);
+        if (!memory_) platform::process().setLastError(platform::kNotEnoughMemory);
     }
 
     explicit operator bool() const { return memory_ != nullptr; }
@@ -35,7 +35,7 @@ class FileBlocks {
         char* fresh = memory_.get() + mostKept_;
         if (kept > 0) std::memmove(fresh - kept, bytes_.data() + bytes_.size() - kept, kept);
         size = std::min(size, kLargest);
-        std::int32_t read = files().readAt(handle_, position_, fresh, static_cast<std::uint32_t>(size));
+        std::int32_t read = platform::files().readAt(handle_, position_, fresh, static_cast<std::uint32_t>(size));
         position_ += std::max(read, 0);
         bytes_ = {fresh - kept, kept + static_cast<std::size_t>(std::max(read, 0))};
         return read;

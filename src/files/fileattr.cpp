@@ -30,18 +30,18 @@ std::uint32_t platformAttributes(std::int32_t bits) {
 }
 
 std::int32_t attributesOf(const char* name) {
-    std::uint32_t attributes = platform::current().tree->attributes(name ? name : emptyText);
+    std::uint32_t attributes = platform::tree().attributes(name ? name : emptyText);
     return attributes != platform::kNoAttributes ? shownAttributes(attributes) : -1;
 }
 
 std::int32_t attributesOf(std::int32_t handle) {
     platform::FileInformation information;
-    return platform::current().files->information(handle, information) ? shownAttributes(information.attributes) : 0;
+    return platform::files().information(handle, information) ? shownAttributes(information.attributes) : 0;
 }
 
 bool changeAttributes(const char* name, std::uint32_t attributes, bool set) {
     if (!name) name = emptyText;
-    platform::Tree& tree = *platform::current().tree;
+    platform::Tree& tree = platform::tree();
     std::uint32_t now = tree.attributes(name);
     if (now == platform::kNoAttributes) return false;
     return tree.setAttributes(name, set ? now | attributes : now & ~attributes);
@@ -58,9 +58,9 @@ struct Written {
 
 std::optional<Written> writtenAt(std::int32_t handle) {
     platform::FileInformation information;
-    if (!platform::current().files->information(handle, information)) return std::nullopt;
+    if (!platform::files().information(handle, information)) return std::nullopt;
     Written written{information.times.written, {}};
-    if (!platform::current().clock->toLocalTime(written.stamp, written.local)) return std::nullopt;
+    if (!platform::clock().toLocalTime(written.stamp, written.local)) return std::nullopt;
     return written;
 }
 
@@ -105,7 +105,8 @@ char* getDateText(File file, char* dest) {
 
 template <typename File>
 char* getDateText(File file, const char* picture, char* dest) {
-    return getText(file, dest, [=](const Written& written, char* to) { return putDate(written.date(), picture, to); });
+    return getText(file, dest,
+                   [=](const Written& written, char* to) { return putPicturedDate(written.date(), picture, to); });
 }
 
 template <typename File>
@@ -133,7 +134,7 @@ bool changedStamp(const Written& written, const Date& date, const TimeOfDay& tim
         stamp = written.stamp;
         return true;
     }
-    if (!platform::current().clock->toFileTime(local, stamp)) return false;
+    if (!platform::clock().toFileTime(local, stamp)) return false;
     stamp += written.stamp % kStepsPerMillisecond;
     return true;
 }
@@ -146,7 +147,7 @@ bool setWritten(const char* name, const Date& date, const TimeOfDay& time) {
     FileTime stamp;
     if (!written || !changedStamp(*written, date, time, stamp)) return false;
     if (stamp == 0 && written->stamp != 0) return false;  // the first moment of 1601: the platform takes 0 for none
-    return platform::current().files->setTimes(file.handle(), {.written = stamp}) && file.close();
+    return platform::files().setTimes(file.handle(), {.written = stamp}) && file.close();
 }
 
 }  // namespace

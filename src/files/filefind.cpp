@@ -21,7 +21,7 @@ bool placeOf(std::string_view directory, WalkPath& place) {
     char full[platform::kPathSize];
     bool drive = directory.size() == 2 && directory[1] == ':';
     if (!given.append(directory) || (drive && !given.append("\\"))) return false;
-    std::uint32_t size = platform::current().tree->fullPath(given.text(), full, sizeof full);
+    std::uint32_t size = platform::tree().fullPath(given.text(), full, sizeof full);
     if (size == 0 || size >= sizeof full) return false;
     place.cut(0);
     return place.append({full, size}) && (endsInSeparator(place.view()) || place.append("\\"));
@@ -79,7 +79,7 @@ std::size_t findDirectoryInList(const char* name, const char* list, char* to) {
     if (!view(name).empty()) {
         anyOfList(list, [&](WalkPath& place) {
             if (!place.append(name) || !directoryExists(place.text())) return false;
-            size = platform::current().tree->fullPath(place.text(), to, platform::kPathSize);
+            size = platform::tree().fullPath(place.text(), to, platform::kPathSize);
             if (size >= platform::kPathSize) size = 0;
             return size != 0;
         });

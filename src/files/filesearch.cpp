@@ -98,11 +98,11 @@ bool SearchState::start() {
             return false;
         }
         if (item->length >= sizeof pattern) {
-            platform::current().process->setLastError(platform::kFilenameTooLong);
+            platform::process().setLastError(platform::kFilenameTooLong);
             continue;
         }
         store(pattern, item->in(list));
-        handle = platform::current().tree->findFirst(pattern, entry);
+        handle = platform::tree().findFirst(pattern, entry);
         if (handle != -1 && block) heldSearches.add(handle, block);
         if (handle != -1 && (takes(flags, entry) || step())) return true;
     }
@@ -118,7 +118,7 @@ bool SearchState::next() {
 
 // To the pattern's next entry that is taken; behind the last one the platform's search is closed.
 bool SearchState::step() {
-    platform::Tree& tree = *platform::current().tree;
+    platform::Tree& tree = platform::tree();
     while (tree.findNext(handle, entry)) {
         if (takes(flags, entry)) return true;
     }
@@ -129,7 +129,7 @@ bool SearchState::step() {
 void SearchState::close() {
     if (handle == -1) return;
     if (block) heldSearches.remove(handle);  // first: its number may be given out again at once
-    platform::current().tree->findClose(handle);
+    platform::tree().findClose(handle);
     handle = -1;
 }
 
@@ -153,7 +153,7 @@ bool isFile(const char* list, std::uint32_t flags) {
          item = nextToken(state.list, kListDelimiters, item->end())) {
         if (item->length >= sizeof state.pattern) return false;
         store(state.pattern, item->in(state.list));
-        state.handle = platform::current().tree->findFirst(state.pattern, state.entry);
+        state.handle = platform::tree().findFirst(state.pattern, state.entry);
         if (state.handle == -1) return false;
         state.close();
         if (state.putName(flags, name) == 0 || !takes(flags, state.entry)) return false;
@@ -239,7 +239,7 @@ std::optional<platform::Moment> written(const void* block) {
     if (!SearchBlock(block).loadEntry(state)) return std::nullopt;
     const std::uint32_t* halves = state.entry.written;
     platform::Moment moment;
-    bool known = platform::current().clock->toLocalTime(std::uint64_t{halves[1]} << 32 | halves[0], moment);
+    bool known = platform::clock().toLocalTime(std::uint64_t{halves[1]} << 32 | halves[0], moment);
     return known ? std::optional(moment) : std::nullopt;
 }
 
@@ -343,7 +343,7 @@ char* VX_CALL vx_FindDate(const void* block, char* dest) noexcept {
 char* VX_CALL vx_FindDatef(const void* block, const char* picture, char* dest) noexcept {
     if (!dest) return nullptr;
     std::optional<Date> date = writtenDate(block);
-    return date ? putDate(*date, picture, dest) : putEmpty(dest);
+    return date ? putPicturedDate(*date, picture, dest) : putEmpty(dest);
 }
 
 char* VX_CALL vx_FindTime(const void* block, char* dest) noexcept {
@@ -362,7 +362,7 @@ uint32_t VX_CALL vx_DirSize(const char* list, uint32_t flags) noexcept {
 }
 
 int32_t VX_CALL vx_FileCount(const char* list, uint32_t flags) noexcept {
-    platform::Process& process = *platform::current().process;
+    platform::Process& process = platform::process();
     process.setLastError(platform::kNoError);
     FileSearch search(view(list), flags);
     std::int32_t count = 0;

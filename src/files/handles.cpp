@@ -52,7 +52,7 @@ std::int32_t readBytes(std::int32_t handle, void* to, std::uint32_t count) {
         if (position < 0) return -1;
         count = static_cast<std::uint32_t>(std::max(length - position, 0));
     }
-    return files().read(handle, to, count);
+    return platform::files().read(handle, to, count);
 }
 
 std::int32_t readBytes(std::int32_t handle, void* to, std::int32_t count) {
@@ -61,7 +61,7 @@ std::int32_t readBytes(std::int32_t handle, void* to, std::int32_t count) {
 
 std::int32_t writeBytes(std::int32_t handle, const void* from, std::int32_t count) {
     if (count < 1) return 0;
-    return from ? files().write(handle, from, static_cast<std::uint32_t>(count))
+    return from ? platform::files().write(handle, from, static_cast<std::uint32_t>(count))
                 : refuse(-1, platform::kInvalidParameter);
 }
 
@@ -82,10 +82,12 @@ void record(std::int32_t handle) {
     if (std::int32_t* slot = slotWith(kNoHandle)) *slot = handle;
 }
 
-std::int32_t openRecorded(const char* name, std::uint32_t mode) { return recorded(files().open(textOf(name), mode)); }
+std::int32_t openRecorded(const char* name, std::uint32_t mode) {
+    return recorded(platform::files().open(textOf(name), mode));
+}
 
 std::int32_t createRecorded(const char* name, std::uint32_t attributes) {
-    return recorded(files().create(textOf(name), attributes));
+    return recorded(platform::files().create(textOf(name), attributes));
 }
 
 std::int32_t createNewRecorded(const char* name, std::uint32_t attributes) {
@@ -93,13 +95,13 @@ std::int32_t createNewRecorded(const char* name, std::uint32_t attributes) {
 }
 
 bool closeRecorded(std::int32_t handle) {
-    if (!files().close(handle)) return false;
+    if (!platform::files().close(handle)) return false;
     if (std::int32_t* slot = slotWith(handle)) *slot = kNoHandle;
     return true;
 }
 
 std::int32_t lengthOf(std::int32_t handle) {
-    std::int64_t size = files().size(handle);
+    std::int64_t size = platform::files().size(handle);
     return size <= platform::kLastPosition ? static_cast<std::int32_t>(size) : refuse(-1, platform::kInvalidParameter);
 }
 
@@ -109,13 +111,13 @@ bool atEnd(std::int32_t handle) {
 }
 
 void putBack(std::int32_t handle, std::int32_t position) {
-    platform::Process& process = *platform::current().process;
+    platform::Process& process = platform::process();
     std::uint32_t code = process.lastError();
-    if (files().seek(handle, position, platform::kFromStart) != -1) process.setLastError(code);
+    if (platform::files().seek(handle, position, platform::kFromStart) != -1) process.setLastError(code);
 }
 
 bool readAll(std::int32_t handle, void* to, std::uint32_t size) {
-    return files().read(handle, to, size) == static_cast<std::int32_t>(size);
+    return platform::files().read(handle, to, size) == static_cast<std::int32_t>(size);
 }
 
 std::int32_t writeText(std::int32_t handle, std::string_view text) {
@@ -153,7 +155,7 @@ void VX_CALL vx_hwrite(int32_t handle, const void* buffer, int32_t count) noexce
 }
 
 int32_t VX_CALL vx_FSeek(int32_t handle, int32_t offset, int32_t origin) noexcept {
-    return files().seek(handle, offset, origin);
+    return platform::files().seek(handle, offset, origin);
 }
 
 int32_t VX_CALL vx_FTell(int32_t handle) noexcept { return positionOf(handle); }
@@ -164,10 +166,10 @@ int32_t VX_CALL vx_FBof(int32_t handle) noexcept { return positionOf(handle) == 
 
 int32_t VX_CALL vx_FEof(int32_t handle) noexcept { return atEnd(handle); }
 
-int32_t VX_CALL vx_FTruncate(int32_t handle) noexcept { return files().truncate(handle); }
+int32_t VX_CALL vx_FTruncate(int32_t handle) noexcept { return platform::files().truncate(handle); }
 
 int32_t VX_CALL vx_FCommit(int32_t handle) noexcept {
-    files().flush(handle);
+    platform::files().flush(handle);
     return 0;  // kept: the flush done, a descriptor of the C runtime is looked for, and a handle is none
 }
 
@@ -181,12 +183,12 @@ int32_t VX_CALL vx_FDupe(int32_t) noexcept { return -1; }
 
 int32_t VX_CALL vx_ValidHandle(int32_t handle) noexcept {
     platform::FileInformation information;
-    return files().information(handle, information);
+    return platform::files().information(handle, information);
 }
 
-uint32_t VX_CALL vx_FError() noexcept { return platform::current().process->lastError(); }
+uint32_t VX_CALL vx_FError() noexcept { return platform::process().lastError(); }
 
-void VX_CALL vx_SetFError(uint32_t code) noexcept { platform::current().process->setLastError(code); }
+void VX_CALL vx_SetFError(uint32_t code) noexcept { platform::process().setLastError(code); }
 
 uint32_t VX_CALL vx_FReadDword(int32_t handle) noexcept {
     return readNumber<std::uint32_t>(handle).value_or(0xFFFFFFFF);
@@ -229,7 +231,9 @@ int32_t VX_CALL vx_FReads(int32_t handle, void* buffer, int32_t count, int32_t d
     const void* found = std::memchr(text, delimiter & 0xFF, read);
     std::size_t consumed = found ? static_cast<std::size_t>(static_cast<const char*>(found) - text) + 1 : read;
     text[consumed] = '\0';
-    if (consumed < read) files().seek(handle, static_cast<std::int32_t>(consumed) - size, platform::kFromCurrent);
+    if (consumed < read) {
+        platform::files().seek(handle, static_cast<std::int32_t>(consumed) - size, platform::kFromCurrent);
+    }
     return static_cast<std::int32_t>(consumed);
 }
 

@@ -11,14 +11,12 @@
 
 namespace vx {
 
-inline platform::Files& files() { return *platform::current().files; }
-
 inline const char* textOf(const char* name) { return name ? name : emptyText; }
 
 // Gives a result back with the reason for it.
 template <typename Result>
 Result refuse(Result result, std::uint32_t code) {
-    platform::current().process->setLastError(code);
+    platform::process().setLastError(code);
     return result;
 }
 
@@ -30,7 +28,9 @@ std::int32_t createNewRecorded(const char* name, std::uint32_t attributes);  // 
 bool closeRecorded(std::int32_t handle);
 void record(std::int32_t handle);
 
-inline std::int32_t positionOf(std::int32_t handle) { return files().seek(handle, 0, platform::kFromCurrent); }
+inline std::int32_t positionOf(std::int32_t handle) {
+    return platform::files().seek(handle, 0, platform::kFromCurrent);
+}
 
 // -1 too when the end is no position that a handle can have.
 std::int32_t lengthOf(std::int32_t handle);

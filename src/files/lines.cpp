@@ -19,7 +19,7 @@ constexpr char kLineFeed = '\n';
 constexpr std::int64_t kBackOverEnd = 2;  // a line feed, and a carriage return before it
 
 std::int32_t seekTo(std::int32_t handle, std::int32_t position) {
-    return files().seek(handle, position, platform::kFromStart);
+    return platform::files().seek(handle, position, platform::kFromStart);
 }
 
 struct Line {
@@ -28,7 +28,7 @@ struct Line {
 };
 
 Line readAhead(std::int32_t handle, char (&bytes)[kLongestLine]) {
-    std::int32_t size = files().read(handle, bytes, kLongestLine);
+    std::int32_t size = platform::files().read(handle, bytes, kLongestLine);
     if (size < 1) return {};
     std::string_view text(bytes, static_cast<std::size_t>(size));
     const void* feed = std::memchr(bytes, kLineFeed, text.size());
@@ -68,7 +68,7 @@ class WayBack {
     std::int64_t toLineBefore() {
         if (toLineStart() < 0) return -1;
         if (position_ < kBackOverEnd) {
-            platform::current().process->setLastError(platform::kNegativeSeek);
+            platform::process().setLastError(platform::kNegativeSeek);
             return -1;
         }
         position_ -= kBackOverEnd;
@@ -107,7 +107,7 @@ class WayBack {
     bool look(std::int64_t from, std::int64_t to) {
         if (from >= start_ && to <= start_ + size_) return true;
         start_ = std::max<std::int64_t>(to - reach_, 0);
-        size_ = files().readAt(handle_, start_, bytes_, static_cast<std::uint32_t>(to - start_));
+        size_ = platform::files().readAt(handle_, start_, bytes_, static_cast<std::uint32_t>(to - start_));
         if (size_ >= 0 && size_ < to - start_) end_ = start_ + size_;
         return size_ >= 0;
     }
@@ -221,7 +221,7 @@ std::int32_t lineFromHere(std::int32_t handle, std::int32_t n) {
 }
 
 std::int32_t lineFromBottom(std::int32_t handle, std::int32_t n) {
-    bool there = files().seek(handle, 0, platform::kFromEnd) != -1;
+    bool there = platform::files().seek(handle, 0, platform::kFromEnd) != -1;
     if (n == 0) return there;  // kept: whether the seek went well, not a position
     if (!there) return -1;
     std::int64_t lines = std::abs(std::int64_t{n}) - 1;
@@ -234,7 +234,7 @@ std::int32_t lineFromBottom(std::int32_t handle, std::int32_t n) {
 
 std::optional<std::string_view> readLine(std::int32_t handle, char (&bytes)[kLongestLine]) {
     Line line = readAhead(handle, bytes);
-    if (line.ahead > 0) files().seek(handle, -line.ahead, platform::kFromCurrent);
+    if (line.ahead > 0) platform::files().seek(handle, -line.ahead, platform::kFromCurrent);
     return line.text.data() ? std::optional(line.text) : std::nullopt;
 }
 
@@ -251,7 +251,7 @@ char* VX_CALL vx_FReadLine(int32_t handle, char* buffer) noexcept {
 
 int32_t VX_CALL vx_FAdvance(int32_t handle) noexcept {
     char bytes[kLongestLine];
-    return files().seek(handle, -readAhead(handle, bytes).ahead, platform::kFromCurrent);
+    return platform::files().seek(handle, -readAhead(handle, bytes).ahead, platform::kFromCurrent);
 }
 
 int32_t VX_CALL vx_FBol(int32_t handle) noexcept {
@@ -266,7 +266,7 @@ int32_t VX_CALL vx_FRewind(int32_t handle) noexcept {
 
 int32_t VX_CALL vx_FTop(int32_t handle) noexcept { return seekTo(handle, 0) == 0; }
 
-int32_t VX_CALL vx_FBot(int32_t handle) noexcept { return files().seek(handle, 0, platform::kFromEnd) != -1; }
+int32_t VX_CALL vx_FBot(int32_t handle) noexcept { return platform::files().seek(handle, 0, platform::kFromEnd) != -1; }
 
 int32_t VX_CALL vx_FSeekLine(int32_t handle, int32_t n, int32_t origin) noexcept {
     switch (origin) {

@@ -24,7 +24,7 @@ class CaseMode {
         for (std::size_t c = 0; c < 256; ++c) table_[c] = static_cast<std::uint8_t>(c);
         char* bytes = reinterpret_cast<char*>(table_);
         if (systemMap(bytes, 256) != 256) std::memcpy(table_, upper_ ? library.upper : library.lower, 256);
-        for (std::size_t c = 0x80; c < 256; ++c) pairs_ |= locale().isLeadByte(static_cast<char>(c));
+        for (std::size_t c = 0x80; c < 256; ++c) pairs_ |= platform::locale().isLeadByte(static_cast<char>(c));
         maps_ = pairs_ || std::any_of(text.begin(), text.end(), [this](char c) { return isMapped(byteOf(c)); });
     }
 
@@ -38,10 +38,8 @@ class CaseMode {
     }
 
  private:
-    static platform::Locale& locale() { return *platform::current().locale; }
-
     std::uint32_t systemMap(char* bytes, std::uint32_t count) const {
-        return upper_ ? locale().upperCase(bytes, count) : locale().lowerCase(bytes, count);
+        return upper_ ? platform::locale().upperCase(bytes, count) : platform::locale().lowerCase(bytes, count);
     }
 
     // Whether another byte becomes this one, or this one another.
@@ -102,7 +100,9 @@ std::int32_t locate(std::int32_t handle, std::string_view text, std::int32_t mod
     FileBlocks blocks(handle, start, text.size() - 1);
     if (!blocks) return kNone;
     const Occurrences found = search(blocks, end, text, mode, true);
-    if (found.count > 0) return files().seek(handle, static_cast<std::int32_t>(found.last), platform::kFromStart);
+    if (found.count > 0) {
+        return platform::files().seek(handle, static_cast<std::int32_t>(found.last), platform::kFromStart);
+    }
     putBack(handle, found.failed ? static_cast<std::int32_t>(blocks.position()) : start);
     return found.failed ? -1 : kNone;
 }

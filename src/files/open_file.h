@@ -11,8 +11,8 @@ namespace vx {
 // Gives the last error back as it was, whatever happens until this goes.
 class KeptError {
  public:
-    KeptError() : code_(platform::current().process->lastError()) {}
-    ~KeptError() { platform::current().process->setLastError(code_); }
+    KeptError() : code_(platform::process().lastError()) {}
+    ~KeptError() { platform::process().setLastError(code_); }
     KeptError(const KeptError&) = delete;
     KeptError& operator=(const KeptError&) = delete;
 
@@ -27,8 +27,10 @@ class OpenFile {
     explicit OpenFile(std::int32_t handle) : handle_(handle) {}
 
     // A name that is NULL is an empty one, which no file has.
-    static OpenFile open(const char* name, std::uint32_t mode) { return OpenFile(files().open(textOf(name), mode)); }
-    static OpenFile create(const char* name) { return OpenFile(files().create(textOf(name), 0)); }
+    static OpenFile open(const char* name, std::uint32_t mode) {
+        return OpenFile(platform::files().open(textOf(name), mode));
+    }
+    static OpenFile create(const char* name) { return OpenFile(platform::files().create(textOf(name), 0)); }
 
     OpenFile(OpenFile&& other) noexcept : handle_(std::exchange(other.handle_, kNoHandle)) {}
     OpenFile& operator=(OpenFile&&) = delete;
@@ -40,9 +42,9 @@ class OpenFile {
     // The last error stays what it was, unless the system refuses.
     bool close() {
         if (handle_ == kNoHandle) return true;
-        platform::Process& process = *platform::current().process;
+        platform::Process& process = platform::process();
         std::uint32_t before = process.lastError();
-        bool closed = files().close(std::exchange(handle_, kNoHandle));
+        bool closed = platform::files().close(std::exchange(handle_, kNoHandle));
         if (closed) process.setLastError(before);
         return closed;
     }

@@ -19,7 +19,7 @@ constexpr std::size_t kLongestPath = platform::kPathSize;  // of an item that Ma
 
 bool isSeparator(char c) { return c == '\\' || c == '/'; }
 
-bool isLeadByte(char c) { return byteOf(c) >= 0x80 && platform::current().locale->isLeadByte(c); }
+bool isLeadByte(char c) { return byteOf(c) >= 0x80 && platform::locale().isLeadByte(c); }
 
 std::string_view cut(std::string_view piece) { return piece.substr(0, kPieceSize - 1); }
 
@@ -195,15 +195,15 @@ constexpr int kMostTries = 100;
 
 // Any existing name is refused, also one that FCreatef would not see; the handle is closed at detach like its.
 std::int32_t createNew(const char* name, std::uint32_t attributes) {
-    if (platform::current().tree->attributes(name) != platform::kNoAttributes) return kNoHandle;
+    if (platform::tree().attributes(name) != platform::kNoAttributes) return kNoHandle;
     return createRecorded(name, attributes);
 }
 
 // A file that has the name of a directory refuses to become one, with the system's reason. One that another process
 // makes between the two looks is there.
 bool ensureDirectory(const char* path) {
-    if (directoryExists(path) || platform::current().tree->createDirectory(path)) return true;
-    return platform::current().process->lastError() == platform::kAlreadyExists && directoryExists(path);
+    if (directoryExists(path) || platform::tree().createDirectory(path)) return true;
+    return platform::process().lastError() == platform::kAlreadyExists && directoryExists(path);
 }
 
 enum class Made { kNothing, kAll, kFailed };
@@ -230,7 +230,7 @@ Made makeDirectories(std::string_view item) {
 }  // namespace
 
 bool directoryExists(const char* path) {
-    std::uint32_t attributes = platform::current().tree->attributes(path);
+    std::uint32_t attributes = platform::tree().attributes(path);
     return attributes != platform::kNoAttributes && (attributes & platform::kDirectoryEntry);
 }
 
@@ -238,7 +238,7 @@ bool makePath(const char* list) {
     std::string_view all = view(list);
     std::optional<Token> item = nextToken(all, kListDelimiters, 0);
     if (!item || item->length > kLongestPath) return false;
-    platform::Process& process = *platform::current().process;
+    platform::Process& process = platform::process();
     std::uint32_t before = process.setErrorMode(platform::kFailSilently);
     bool result = false;
     for (; item; item = nextToken(all, kListDelimiters, item->end())) {
@@ -316,7 +316,7 @@ char* VX_CALL vx_FParsef(const char* path, char* dest) noexcept {
 char* VX_CALL vx_TrueName(const char* path, char* dest) noexcept {
     if (!dest) return nullptr;
     char full[platform::kPathSize];
-    std::uint32_t size = platform::current().tree->fullPath(path ? path : emptyText, full, sizeof full);
+    std::uint32_t size = platform::tree().fullPath(path ? path : emptyText, full, sizeof full);
     return store(dest, {full, size < sizeof full ? size : 0});
 }
 

@@ -16,8 +16,6 @@ namespace {
 
 using platform::FoundEntry;
 
-platform::Tree& tree() { return *platform::current().tree; }
-
 std::int32_t result(bool good) { return good ? 0 : -1; }
 
 bool isLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
@@ -30,7 +28,7 @@ bool isPlainName(std::string_view name) {
 // Whether the platform takes a path exactly as it is written: by its end, `exact`, if it is a relative one.
 bool isTakenAs(const char* path, std::string_view exact) {
     char full[platform::kPathSize];
-    std::uint32_t size = tree().fullPath(path, full, sizeof full);
+    std::uint32_t size = platform::tree().fullPath(path, full, sizeof full);
     return size < sizeof full && std::string_view(full, size).ends_with(exact);
 }
 
@@ -53,7 +51,7 @@ class TopPath {
 
  private:
     bool addRoot(std::string_view drive) {
-        std::int32_t current = drive.empty() ? platform::current().volumes->currentDrive() : 0;
+        std::int32_t current = drive.empty() ? platform::volumes().currentDrive() : 0;
         char letter = drive.empty() ? static_cast<char>('A' + current - 1) : drive[0];
         char root[] = {static_cast<char>(letter & ~0x20), ':', '\\'};
         return isLetter(letter) && path_.append({root, sizeof root});
@@ -62,7 +60,7 @@ class TopPath {
     bool addCurrent(std::string_view drive) {
         char directory[platform::kPathSize];
         std::int32_t number = drive.empty() ? 0 : (drive[0] & 0x1F);
-        if (!platform::current().volumes->currentDirectory(number, directory, sizeof directory)) return false;
+        if (!platform::volumes().currentDirectory(number, directory, sizeof directory)) return false;
         std::string_view current = directory;
         if (current.size() < 3 || !isLetter(current[0]) || current[1] != ':') return false;
         return addRoot(current.substr(0, 2)) && addComponents(current.substr(2));
@@ -125,12 +123,12 @@ class TreeWalk {
     // What is there now, which need not be what a search has found.
     Place place() {
         std::size_t here = path_.size();
-        std::uint32_t attributes = tree().attributes(directory());
+        std::uint32_t attributes = platform::tree().attributes(directory());
         bool exact = attributes == platform::kNoAttributes || isTakenAs(path_.text(), path_.view());
         reenter(here);
         if (!exact) return Place::kUnknown;
         if (attributes == platform::kNoAttributes) {
-            std::uint32_t code = platform::current().process->lastError();
+            std::uint32_t code = platform::process().lastError();
             bool gone = code == platform::kFileNotFound || code == platform::kPathNotFound;
             return gone ? Place::kNothing : Place::kUnknown;
         }
@@ -167,7 +165,7 @@ class TreeWalk {
         bool sawAll = each(pattern, [&](const FoundEntry& entry) {
             if (isDirectory(entry) || !takes(kFullNames, entry)) return;
             bool whole = isPlainName(entry.name) && path_.append(entry.name);
-            if (!whole || !isTakenAs(path_.text(), path_.view()) || !tree().erase(path_.text())) good = false;
+            if (!whole || !isTakenAs(path_.text(), path_.view()) || !platform::tree().erase(path_.text())) good = false;
         });
         return good && sawAll;
     }
@@ -215,14 +213,14 @@ class Pruning : TreeWalk {
         std::size_t here = path_.size();
         const char* name = directory();
         leave(name);
-        bool removed = tree().removeDirectory(name);
+        bool removed = platform::tree().removeDirectory(name);
         reenter(here);
         return removed;
     }
 
     // A process does not stay in a directory that goes.
     static void leave(std::string_view name) {
-        platform::Volumes& volumes = *platform::current().volumes;
+        platform::Volumes& volumes = platform::volumes();
         char current[platform::kPathSize];
         if (!volumes.currentDirectory(0, current, sizeof current)) return;
         auto same = [](char a, char b) { return upper(a) == upper(b); };
@@ -295,20 +293,22 @@ int32_t VX_CALL vx_FEraseAll(const char* list) noexcept {
         WalkPath path;
         bool whole = isPlainName(entry.name) && path.append(pattern.substr(0, lastComponent(pattern))) &&
                      path.append(entry.name);
-        if (whole && !isDirectory(entry) && isTakenAs(path.text(), entry.name) && tree().erase(path.text())) ++count;
+        if (whole && !isDirectory(entry) && isTakenAs(path.text(), entry.name) && platform::tree().erase(path.text())) {
+            ++count;
+        }
     }
     return count;
 }
 
 int32_t VX_CALL vx_FPrune(const char* path, const char* list) noexcept {
-    platform::SilentErrors silent(*platform::current().process);
+    platform::SilentErrors silent(platform::process());
     TopPath top;
     if (!top.complete(path) || !stayInDirectory(view(list))) return -1;
     return result(FilePruning(top.path(), view(list)).run());
 }
 
 int32_t VX_CALL vx_Prune(const char* path, int32_t mode) noexcept {
-    platform::SilentErrors silent(*platform::current().process);
+    platform::SilentErrors silent(platform::process());
     TopPath top;
     if (mode < 0 || mode > 4 || !top.complete(path)) return -1;
     return result(Pruning(top.path(), mode).run());

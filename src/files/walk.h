@@ -20,11 +20,12 @@ inline bool isSubdirectory(const platform::FoundEntry& entry) { return isDirecto
 // The platform's search for one pattern, closed when this ends.
 class DirectorySearch {
  public:
-    explicit DirectorySearch(const char* pattern) : handle_(tree().findFirst(pattern, entry_)), found_(handle_ != -1) {
+    explicit DirectorySearch(const char* pattern)
+        : handle_(platform::tree().findFirst(pattern, entry_)), found_(handle_ != -1) {
         noteEnd();
     }
     ~DirectorySearch() {
-        if (handle_ != -1) tree().findClose(handle_);
+        if (handle_ != -1) platform::tree().findClose(handle_);
     }
     DirectorySearch(const DirectorySearch&) = delete;
     DirectorySearch& operator=(const DirectorySearch&) = delete;
@@ -33,7 +34,7 @@ class DirectorySearch {
     bool found() const { return found_; }
     const platform::FoundEntry& entry() const { return entry_; }
     void next() {
-        found_ = tree().findNext(handle_, entry_);
+        found_ = platform::tree().findNext(handle_, entry_);
         noteEnd();
     }
 
@@ -41,11 +42,9 @@ class DirectorySearch {
     bool sawAll() const { return sawAll_; }
 
  private:
-    static platform::Tree& tree() { return *platform::current().tree; }
-
     void noteEnd() {
         if (found_) return;
-        std::uint32_t code = platform::current().process->lastError();
+        std::uint32_t code = platform::process().lastError();
         bool nothing = code == platform::kFileNotFound || code == platform::kPathNotFound;
         sawAll_ = code == platform::kNoMoreFiles || (nothing && handle_ == -1);
     }

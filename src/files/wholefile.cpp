@@ -16,25 +16,24 @@
 namespace vx {
 namespace {
 
-platform::Tree& tree() { return *platform::current().tree; }
-platform::Process& process() { return *platform::current().process; }
-
 // --- Moves ---
 
 // kept: of a file that does not open, the search's size in 32 bits, of which the high word takes off.
 std::int32_t fileSize(const char* name) {
-    if (OpenFile file = OpenFile::open(name, kReading)) return files().seek(file.handle(), 0, platform::kFromEnd);
+    if (OpenFile file = OpenFile::open(name, kReading)) {
+        return platform::files().seek(file.handle(), 0, platform::kFromEnd);
+    }
     platform::FoundEntry entry;
-    std::int32_t search = tree().findFirst(textOf(name), entry);
+    std::int32_t search = platform::tree().findFirst(textOf(name), entry);
     if (search == -1) return -1;
-    tree().findClose(search);
+    platform::tree().findClose(search);
     return static_cast<std::int32_t>(entry.sizeLow - entry.sizeHigh);
 }
 
 // The free space where a file is to be: other volumes may be mounted below a drive's root. Of directories that are yet
 // to be made the nearest one that is there counts.
 bool freeBytesFor(const PathView& path, std::uint64_t& bytes) {
-    platform::Volumes& volumes = *platform::current().volumes;
+    platform::Volumes& volumes = platform::volumes();
     char text[kDriveSize + kPieceSize];
     joinPath({path.drive, path.directory, {}, {}}, text);
     for (std::size_t size = std::strlen(text); size > path.drive.size(); size = lastComponent({text, size - 1})) {
@@ -47,7 +46,7 @@ bool freeBytesFor(const PathView& path, std::uint64_t& bytes) {
 }
 
 bool hasRoom(const PathView& path, std::int32_t size) {
-    platform::SilentErrors silent(process());
+    platform::SilentErrors silent(platform::process());
     std::uint64_t bytes;
     if (!freeBytesFor(path, bytes)) return size <= 0;
     return size <= 0 || static_cast<std::uint64_t>(size) <= bytes || refuse(false, platform::kDiskFull);
@@ -57,7 +56,7 @@ bool hasRoom(const PathView& path, std::int32_t size) {
 bool ensureDirectoryOf(const PathView& path) {
     char text[kDriveSize + kPieceSize];
     std::size_t size = joinPath({path.drive, path.directory, {}, {}}, text);
-    platform::SilentErrors silent(process());
+    platform::SilentErrors silent(platform::process());
     return directoryExists(text) || makeDirectory({text, size});
 }
 
@@ -73,7 +72,7 @@ std::int32_t moveFile(const char* source, const char* directory, bool erases) {
     if (copyFile(source, target) < 0) return -1;
     std::int32_t size = fileSize(target);
     if (size < 0 || fileSize(source) != size) return -1;
-    return erases && !tree().erase(textOf(source)) ? 1 : 0;
+    return erases && !platform::tree().erase(textOf(source)) ? 1 : 0;
 }
 
 // --- Comparing, testing, wiping ---
@@ -81,7 +80,7 @@ std::int32_t moveFile(const char* source, const char* directory, bool erases) {
 constexpr std::uint32_t kCompareBlock = 64 << 10;
 
 std::int64_t readableSize(const OpenFile& file) {
-    std::int64_t size = files().size(file.handle());
+    std::int64_t size = platform::files().size(file.handle());
     return size <= kMostBytes ? size : refuse(std::int64_t{-1}, platform::kFileTooLarge);
 }
 
@@ -92,7 +91,7 @@ std::uint32_t commonLength(const char* a, const char* b, std::uint32_t size) {
 }
 
 std::int32_t compareFiles(const char* firstName, const char* secondName) {
-    process().setLastError(platform::kNoError);
+    platform::process().setLastError(platform::kNoError);
     std::unique_ptr<char[]> blocks(new (std::nothrow) char[2 * kCompareBlock]);
     if (!blocks) return refuse(-1, platform::kNotEnoughMemory);
     OpenFile first = OpenFile::open(firstName, kReading);
@@ -109,8 +108,8 @@ std::int32_t compareFiles(const char* firstName, const char* secondName) {
     for (std::int32_t done = 0; done < common;) {
         std::uint32_t count = std::min(kCompareBlock, static_cast<std::uint32_t>(common - done));
         auto isRead = [count](std::int32_t got) { return got == static_cast<std::int32_t>(count); };
-        if (!isRead(files().read(first.handle(), a, count))) return -1;
-        if (!isRead(files().read(second.handle(), b, count))) return -1;
+        if (!isRead(platform::files().read(first.handle(), a, count))) return -1;
+        if (!isRead(platform::files().read(second.handle(), b, count))) return -1;
         std::uint32_t equal = commonLength(a, b, count);
         done += static_cast<std::int32_t>(equal);
         if (equal < count) return done + 1;
@@ -123,32 +122,33 @@ bool canBeRead(const char* name) {
     OpenFile file = OpenFile::open(name, kReading);
     if (!file) return false;
     TransferBuffer buffer(kTestBlock);
-    process().setLastError(platform::kNoError);
+    platform::process().setLastError(platform::kNoError);
     std::int64_t position = 0;
     std::int32_t got;
     do {
-        got = files().readAt(file.handle(), position, buffer.data(), buffer.size());
+        got = platform::files().readAt(file.handle(), position, buffer.data(), buffer.size());
         position += got;
     } while (got > 0);
-    return got == 0 && process().lastError() == platform::kNoError;
+    return got == 0 && platform::process().lastError() == platform::kNoError;
 }
 
 // Writes a buffer over the whole length of a file, down to the disk, and goes back to the start.
 bool overwrite(const OpenFile& file, std::int64_t size, TransferBuffer& buffer) {
     for (std::int64_t left = size; left > 0;) {
         std::uint32_t count = static_cast<std::uint32_t>(std::min<std::int64_t>(buffer.size(), left));
-        std::int32_t written = files().write(file.handle(), buffer.data(), count);
+        std::int32_t written = platform::files().write(file.handle(), buffer.data(), count);
         if (written != static_cast<std::int32_t>(count)) return false;
         left -= count;
     }
-    return files().flush(file.handle()) && files().seek(file.handle(), 0, platform::kFromStart) == 0;
+    return platform::files().flush(file.handle()) &&
+           platform::files().seek(file.handle(), 0, platform::kFromStart) == 0;
 }
 
 // A link is removed, and what it leads to is left alone.
 bool wipe(const char* name) {
     constexpr int kPasses = 6;
     constexpr std::uint32_t kWipeBlock = 64 << 10;
-    std::uint32_t attributes = tree().attributes(textOf(name));
+    std::uint32_t attributes = platform::tree().attributes(textOf(name));
     if (attributes == platform::kNoAttributes) return false;
     // What is behind it would be wiped, or would stay while the caller is told that it is gone.
     if (attributes & platform::kLink) return refuse(false, platform::kAccessDenied);
@@ -162,7 +162,7 @@ bool wipe(const char* name) {
         if (!overwrite(file, size, buffer)) return false;
     }
     file.close();
-    return tree().erase(name);
+    return platform::tree().erase(name);
 }
 
 // --- Texts and names ---
@@ -173,7 +173,7 @@ std::int32_t replicate(std::int32_t handle, std::string_view text, std::int32_t 
     std::int32_t done = 0;
     while (done < count) {
         ++done;
-        if (files().write(handle, text.data(), size) != static_cast<std::int32_t>(size)) break;
+        if (platform::files().write(handle, text.data(), size) != static_cast<std::int32_t>(size)) break;
     }
     return done;
 }
@@ -197,10 +197,10 @@ std::size_t mergePaths(const char* pattern, const char* name, char* to) {
 // The drive, from 0 for A, of the volume that a file is on. The first one, often for diskettes, is asked last.
 std::int32_t driveOf(std::int32_t handle) {
     constexpr std::uint32_t kLetters = 26;
-    platform::SilentErrors silent(process());
+    platform::SilentErrors silent(platform::process());
     platform::FileInformation file;
-    if (!files().information(handle, file)) return -1;
-    platform::Volumes& volumes = *platform::current().volumes;
+    if (!platform::files().information(handle, file)) return -1;
+    platform::Volumes& volumes = platform::volumes();
     auto isOn = [&](int drive) {
         const char root[] = {static_cast<char>('A' + drive), ':', '\\', '\0'};
         platform::VolumeInformation volume;
@@ -229,9 +229,9 @@ int32_t VX_CALL vx_FCompare(const char* first, const char* second) noexcept { re
 int32_t VX_CALL vx_WipeFile(const char* name) noexcept { return wipe(name); }
 int32_t VX_CALL vx_FileTest(const char* name) noexcept { return canBeRead(name); }
 int32_t VX_CALL vx_FRename(const char* from, const char* to) noexcept {
-    return zeroOr(tree().move(textOf(from), textOf(to)));
+    return zeroOr(platform::tree().move(textOf(from), textOf(to)));
 }
-int32_t VX_CALL vx_FErase(const char* name) noexcept { return zeroOr(tree().erase(textOf(name))); }
+int32_t VX_CALL vx_FErase(const char* name) noexcept { return zeroOr(platform::tree().erase(textOf(name))); }
 int32_t VX_CALL vx_FileSize(const char* name) noexcept { return fileSize(name); }
 int32_t VX_CALL vx_FReplicate(int32_t handle, const char* text, int32_t count) noexcept {
     return replicate(handle, view(text), count);

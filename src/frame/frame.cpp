@@ -14,7 +14,7 @@ using namespace vx;
 namespace {
 
 bool paste(std::string_view text) {
-    platform::Desktop& desktop = *platform::current().desktop;
+    platform::Desktop& desktop = platform::desktop();
     platform::Window owner = desktop.focusWindow();
     if (!owner) {
         desktop.showBox(0, "Cannot paste at this time", "Vexlor", platform::BoxIcon::kNone);
@@ -43,7 +43,7 @@ int32_t VX_CALL vx_DLLVERSION() noexcept {
 }
 
 // kept: logs the user off and does not power the machine down, whatever its name says.
-int32_t VX_CALL vx_ShutDown() noexcept { return platform::current().desktop->logOff(); }
+int32_t VX_CALL vx_ShutDown() noexcept { return platform::desktop().logOff(); }
 
 int32_t VX_CALL vx_SetFillChar(int32_t c) noexcept {
     std::uint8_t previous = byteOf(library.fill);

@@ -57,7 +57,7 @@ constexpr std::uint32_t builtInType(int c) {
 }
 
 void buildTables() {
-    platform::Locale& locale = *platform::current().locale;
+    platform::Locale& locale = platform::locale();
     char work[256];
     auto identity = [&work] { std::iota(std::begin(work), std::end(work), '\0'); };
 
@@ -99,22 +99,20 @@ const char emptyText[1] = "";
 
 PlatformClass platformClass() {
     if (library.platformClass == PlatformClass::kUnknown) {
-        library.platformClass = classOf(platform::current().process->platformId());
+        library.platformClass = classOf(platform::process().platformId());
     }
     return library.platformClass;
 }
 
-void attach(void* module) {
-    library.module = module;
+void attach() {
     std::fill(std::begin(library.handles), std::end(library.handles), kNoHandle);
     buildTables();
-    platform::current().process->programPath(library.programPath, kPathRoom);
+    platform::process().programPath(library.programPath, kPathRoom);
 }
 
 void detach() {
-    for (std::int32_t& handle : library.handles) {
-        // kept: a handle that closes stays in the table, one that does not leaves it; nobody reads it any more.
-        if (handle != kNoHandle && !platform::current().files->close(handle)) handle = kNoHandle;
+    for (std::int32_t handle : library.handles) {
+        if (handle != kNoHandle) platform::files().close(handle);
     }
 }
 

@@ -29,7 +29,6 @@ inline constexpr int kPathRoom = 260;
 enum class PlatformClass : std::int32_t { kUnknown = -1, kOther = 0, kWin32s = 1, kWindows95 = 2, kWindowsNt = 3 };
 
 struct Library {
-    void* module = nullptr;
     char programPath[kPathRoom] = {};
     std::int32_t handles[kHandleSlots];  // open files to be closed at detach
     std::uint8_t upper[256];
@@ -52,8 +51,8 @@ extern const char emptyText[1];
 // The system that the process runs on, asked for once.
 PlatformClass platformClass();
 
-// Library load: handle table, case tables from the system, host program's path. `module` is the system's handle.
-void attach(void* module);
+// Library load: handle table, case tables from the system, host program's path.
+void attach();
 
 // Library unload: closes the files that are still open.
 void detach();

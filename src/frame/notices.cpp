@@ -9,7 +9,7 @@ namespace vx::notices {
 namespace {
 
 std::int32_t show(const char* text, const char* title, platform::BoxIcon icon = platform::BoxIcon::kNone) {
-    platform::Desktop& desktop = *platform::current().desktop;
+    platform::Desktop& desktop = platform::desktop();
     return desktop.showBox(desktop.focusWindow(), text, title, icon);
 }
 

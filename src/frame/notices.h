@@ -6,7 +6,7 @@
 namespace vx::notices {
 
 // Show a box owned by the window that has the focus and return its result: 1 for its OK button, 0 if it could not be
-// shown. The first names a function of the 16-bit edition without its parentheses; the second takes the box's title.
+// shown. The first takes the name of a function that 32-bit systems cannot offer, the second the box's title.
 std::int32_t unavailable(const char* function);
 std::int32_t unimplemented(const char* title);
 

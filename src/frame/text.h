@@ -43,12 +43,18 @@ inline char* store(char* to, std::string_view content) {
     return to;
 }
 
+// The same without the terminator; returns the end, where the next piece goes.
+inline char* putText(char* to, std::string_view text) {
+    moveBytes(to, text.data(), text.size());
+    return to + text.size();
+}
+
 // Puts three pieces and a terminator at `to`, the last one first: `before` and `after` may lie there, parts of one text
 // from which only what stands between them goes.
 inline char* storeSpliced(char* to, std::string_view before, std::string_view between, std::string_view after) {
     store(to + before.size() + between.size(), after);
-    moveBytes(to + before.size(), between.data(), between.size());
-    moveBytes(to, before.data(), before.size());
+    putText(to + before.size(), between);
+    putText(to, before);
     return to;
 }
 
@@ -61,6 +67,10 @@ inline char fillOr(const char* fill, char otherwise) { return fill && *fill ? *f
 inline char fillOrDefault(const char* fill) { return fillOr(fill, library.fill); }
 
 inline std::uint8_t byteOf(char c) { return static_cast<std::uint8_t>(c); }
+
+// Letters of ASCII alone, whatever the case tables say.
+constexpr char asciiUpper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c; }
+constexpr char asciiLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
 
 inline char upper(char c) { return static_cast<char>(library.upper[byteOf(c)]); }
 inline char lower(char c) { return static_cast<char>(library.lower[byteOf(c)]); }

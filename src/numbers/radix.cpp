@@ -53,7 +53,7 @@ char* VX_CALL vx_IntToHex(uint32_t value, char* dest) noexcept {
     value &= 0xFFFF;
     if (value > 0xFF) return fixedDigits(dest, value, 4, 4);
     // kept: small values come with their digits reversed
-    return fixedDigits(dest, (value << 4 | value >> 4) & 0xFF, 2, 4);
+    return fixedDigits(dest, ((value << 4) | (value >> 4)) & 0xFF, 2, 4);
 }
 
 char* VX_CALL vx_DecToHex(uint32_t value, char* dest) noexcept { return fixedDigits(dest, value, 4, 4); }

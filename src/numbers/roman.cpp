@@ -46,7 +46,7 @@ char* putRoman(char* to, std::int32_t value) {
 constexpr char kKeys[] = "22233344455566671778889991";
 
 char keyOf(char c) {
-    char letter = c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+    char letter = asciiUpper(c);
     return letter >= 'A' && letter <= 'Z' ? kKeys[letter - 'A'] : c;
 }
 
@@ -88,6 +88,6 @@ char* VX_CALL vx_Comma(const char* number, char* dest) noexcept {
     char formatted[kFormattedRoom];
     std::string_view text = view(number);
     bool isNumber = text.size() < kFormattedRoom && text.find_first_of("0123456789") != text.npos;
-    std::uint32_t size = isNumber ? platform::current().locale->formatNumber(number, formatted, kFormattedRoom) : 0;
+    std::uint32_t size = isNumber ? platform::locale().formatNumber(number, formatted, kFormattedRoom) : 0;
     return store(dest, {formatted, size > 0 ? size - 1 : 0});
 }

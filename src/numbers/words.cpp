@@ -5,7 +5,7 @@
 #include <cstring>
 
 #include "frame/text.h"
-#include "strings/search.h"
+#include "strings/fields.h"
 
 using namespace vx;
 
@@ -43,8 +43,8 @@ class Writer {
     explicit Writer(char* to) : start_(to), end_(to) { *end_ = '\0'; }
 
     Writer& add(std::string_view text) {
-        store(end_, text);
-        end_ += text.size();
+        end_ = putText(end_, text);
+        *end_ = '\0';
         return *this;
     }
 

@@ -12,6 +12,8 @@ inline constexpr std::size_t kBlock = 16;
 
 inline __m128i load(const void* from) { return _mm_loadu_si128(static_cast<const __m128i*>(from)); }
 
+inline void storeBlock(void* to, __m128i block) { _mm_storeu_si128(static_cast<__m128i*>(to), block); }
+
 // One bit a byte whose sign is set.
 inline unsigned bits(__m128i signs) { return static_cast<unsigned>(_mm_movemask_epi8(signs)); }
 

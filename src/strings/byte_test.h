@@ -1,7 +1,6 @@
 // What the occurrence search compares with: single bytes at 16 places at once, and whole candidates.
 #pragma once
 
-#include <array>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -9,6 +8,7 @@
 
 #include "frame/text.h"
 #include "strings/blocks.h"
+#include "strings/case_map.h"
 #include "strings/find.h"
 
 namespace vx::scanning {
@@ -74,15 +74,6 @@ class ByteTest<Exact> {
     __m128i value_;
 };
 
-// The upper-case table's ASCII half, unless a caller has set it otherwise.
-inline constexpr std::size_t kHalf = 128;
-inline constexpr auto kUsualHalf = [] {
-    std::array<std::uint8_t, kHalf> half{};
-    for (std::size_t c = 0; c < kHalf; ++c)
-        half[c] = static_cast<std::uint8_t>(c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c);
-    return half;
-}();
-
 // Mostly two bytes share an upper-case value: a letter's two cases. Of larger classes, two ASCII members are compared
 // and all bytes from 0x80 on pass; with more ASCII members, every byte passes. Verification decides.
 template <>
@@ -91,8 +82,8 @@ class ByteTest<Blind> {
     // `strict` takes a closer look at the table, worth it for long texts only.
     ByteTest(char c, bool strict) {
         const char one = upper(c);
-        if (one >= 0 && std::memcmp(library.upper, kUsualHalf.data(), kHalf) == 0) {
-            const char other = one >= 'A' && one <= 'Z' ? static_cast<char>(one + ('a' - 'A')) : one;
+        if (one >= 0 && kAsciiUpper.agreesWith(library.upper)) {
+            const char other = asciiLower(one);
             set(one, other, strict && !inUpperHalf(one) ? kSmallest : 0);
         } else {
             collect(one);
@@ -112,7 +103,7 @@ class ByteTest<Blind> {
     static bool inUpperHalf(char value) {
         const __m128i wanted = _mm_set1_epi8(value);
         __m128i found = _mm_setzero_si128();
-        for (std::size_t i = kHalf; i < 2 * kHalf; i += kBlock) {
+        for (std::size_t i = kAsciiHalf; i < 256; i += kBlock) {
             found = _mm_or_si128(found, _mm_cmpeq_epi8(load(library.upper + i), wanted));
         }
         return bits(found) != 0;
@@ -127,7 +118,7 @@ class ByteTest<Blind> {
             for (unsigned mask = bits(_mm_cmpeq_epi8(load(library.upper + base), wanted)); mask; mask &= mask - 1) {
                 if (count < 2) found[count] = base + std::countr_zero(mask);
                 ++count;
-                ascii += base < static_cast<int>(kHalf);
+                ascii += base < static_cast<int>(kAsciiHalf);
             }
         }
         if (ascii > 2) {

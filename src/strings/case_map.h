@@ -15,21 +15,22 @@ namespace vx {
 
 using CaseTable = std::uint8_t[256];
 
-inline void storeBlock(void* to, __m128i block) { _mm_storeu_si128(static_cast<__m128i*>(to), block); }
-
 inline constexpr char kCaseBit = 'a' - 'A';
+
+inline constexpr std::size_t kAsciiHalf = 128;  // of a case table
 
 // The other case of the letters from `first` on, as a case table's ASCII half has it unless somebody sets it otherwise.
 struct AsciiCase {
     constexpr explicit AsciiCase(char firstLetter) : first(firstLetter) {
-        for (int c = 0; c < 128; ++c)
+        for (int c = 0; c < static_cast<int>(kAsciiHalf); ++c) {
             half[c] = static_cast<std::uint8_t>(c >= first && c < first + 26 ? c ^ kCaseBit : c);
+        }
     }
 
     bool agreesWith(const CaseTable& table) const { return std::memcmp(table, half, sizeof half) == 0; }
 
     char first;
-    std::uint8_t half[128];
+    std::uint8_t half[kAsciiHalf];
 };
 inline constexpr AsciiCase kAsciiUpper('a');
 inline constexpr AsciiCase kAsciiLower('A');

@@ -1,51 +1,57 @@
 // Texts as sets of characters: membership, counting, filtering, sorting, removing repeats.
 #include "entries/charset.h"
 
-#include <emmintrin.h>
-
 #include <algorithm>
 #include <cstring>
 
 #include "frame/byteset.h"
 #include "frame/text.h"
+#include "strings/blocks.h"
 
 namespace vx {
 namespace {
 
-constexpr std::size_t kBlock = sizeof(__m128i);
-// Up to this length, comparing all with all is cheaper than clearing and reading 256 counts.
-constexpr std::size_t kRankLimit = 4 * kBlock;
+// Two sorts, by the text's length, since either is the faster one on its side (rows ChrSort of the benchmark). Both
+// know the 256 values only; the descending order is the ascending one of the codes with their bits flipped.
+constexpr std::size_t kRankLimit = 4 * kBlock;  // beyond it, clearing and reading 256 counts is cheaper
 
-// Puts each character where as many lie below it; what is free behind it then belongs to its equals. No step branches
-// on the characters, which in short texts nothing predicts.
+// For short texts. A character's place is the number of those that lie below it, counted for 16 characters at once
+// against each one of the text. Equal characters get the same place, so the places behind it stay empty: the second
+// pass fills each of them with the character before. No step branches on the characters, which nothing predicts in
+// texts that short.
 void rankSort(char* text, std::size_t size, std::uint8_t flip) {
-    alignas(__m128i) char keys[kRankLimit];
-    alignas(__m128i) std::uint8_t ranks[kRankLimit];
+    char keys[kRankLimit];
+    std::uint8_t ranks[kRankLimit];
     char sorted[kRankLimit] = {};
     for (std::size_t i = 0; i < size; ++i) keys[i] = static_cast<char>(text[i] ^ flip ^ 0x80);  // for signed comparison
     for (std::size_t block = 0; block < size; block += kBlock) {
-        __m128i mine = _mm_load_si128(reinterpret_cast<const __m128i*>(keys + block));
+        const __m128i mine = load(keys + block);
         __m128i below = _mm_setzero_si128();
-        for (std::size_t i = 0; i < size; ++i)
+        for (std::size_t i = 0; i < size; ++i) {
             below = _mm_sub_epi8(below, _mm_cmpgt_epi8(mine, _mm_set1_epi8(keys[i])));
-        _mm_store_si128(reinterpret_cast<__m128i*>(ranks + block), below);
+        }
+        storeBlock(ranks + block, below);
     }
     for (std::size_t i = 0; i < size; ++i) sorted[ranks[i]] = text[i];
-    char c = '\0';
-    for (std::size_t i = 0; i < size; ++i) text[i] = c = sorted[i] ? sorted[i] : c;
+    char previous = '\0';
+    for (std::size_t i = 0; i < size; ++i) {
+        if (sorted[i]) previous = sorted[i];
+        text[i] = previous;
+    }
 }
 
+// For long texts: counts each code and writes the codes one behind the other. A run of up to 16 is one store of a
+// block as long as the text has room for it; what that writes too much, the codes that follow replace.
 void countingSort(char* text, std::size_t size, std::uint8_t flip) {
     std::uint32_t counts[256] = {};
     const char* end = text + size;
     for (std::size_t i = 0; i < size; ++i) ++counts[byteOf(text[i])];
     for (unsigned key = 0; key < 256; ++key) {
-        unsigned code = key ^ flip;
-        std::size_t count = counts[code];
+        const unsigned code = key ^ flip;
+        const std::size_t count = counts[code];
         if (count == 0) continue;
         if (count <= kBlock && static_cast<std::size_t>(end - text) >= kBlock) {
-            // What this stores too much, the codes that follow replace.
-            _mm_storeu_si128(reinterpret_cast<__m128i*>(text), _mm_set1_epi8(static_cast<char>(code)));
+            storeBlock(text, _mm_set1_epi8(static_cast<char>(code)));
         } else {
             std::memset(text, static_cast<int>(code), count);
         }

@@ -6,7 +6,7 @@
 
 #include "frame/text.h"
 #include "strings/difference.h"
-#include "strings/search.h"
+#include "strings/fields.h"
 
 namespace vx {
 namespace {

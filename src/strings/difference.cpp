@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 
+#include "frame/text.h"
 #include "strings/blocks.h"
 
 namespace vx {

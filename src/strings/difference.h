@@ -15,6 +15,4 @@ std::size_t firstDifference(const char* a, const char* b, std::size_t limit = kN
 // The same with A-Z counting as a-z, in plain ASCII, whatever the case tables say.
 std::size_t firstAsciiBlindDifference(const char* a, const char* b, std::size_t limit = kNoLimit);
 
-inline char asciiLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
-
 }  // namespace vx

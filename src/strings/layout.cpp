@@ -1,14 +1,13 @@
 // Lines of a text, tabs, and one line justified in a field.
 #include "strings/layout.h"
 
-#include <emmintrin.h>
-
 #include <algorithm>
 #include <cstring>
 #include <limits>
 
 #include "entries/layout.h"
 #include "frame/text.h"
+#include "strings/characters.h"
 #include "strings/trim.h"
 
 namespace vx {
@@ -64,27 +63,6 @@ void expandTabs(const char* text, std::size_t tabs, char fill, char* dest) {
 
 }  // namespace
 
-std::size_t countLineFeeds(std::string_view text) {
-    constexpr std::size_t kBlock = sizeof(__m128i);
-    constexpr std::size_t kBlocksPerSum = 255;  // a byte's counter holds no more
-    const __m128i wanted = _mm_set1_epi8('\n');
-    const char* at = text.data();
-    std::size_t blocks = text.size() / kBlock;
-    std::size_t total = 0;
-    while (blocks > 0) {
-        __m128i counts = _mm_setzero_si128();
-        std::size_t now = std::min(blocks, kBlocksPerSum);
-        blocks -= now;
-        for (; now > 0; --now, at += kBlock) {
-            __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
-            counts = _mm_sub_epi8(counts, _mm_cmpeq_epi8(bytes, wanted));
-        }
-        __m128i sums = _mm_sad_epu8(counts, _mm_setzero_si128());
-        total += static_cast<std::size_t>(_mm_cvtsi128_si32(sums) + _mm_extract_epi16(sums, 4));
-    }
-    return total + static_cast<std::size_t>(std::count(at, text.data() + text.size(), '\n'));
-}
-
 std::size_t tabWidthOf(std::int32_t argument) {
     return atLeastZero(argument == kUsualTabs ? 8 : std::clamp(argument, 1, kWidestTab));
 }
@@ -95,7 +73,7 @@ using namespace vx;
 
 int32_t VX_CALL vx_LineCount(const char* text) noexcept {
     std::string_view all = view(text);
-    return all.empty() ? 0 : static_cast<std::int32_t>(countLineFeeds(all) + 1);
+    return all.empty() ? 0 : static_cast<std::int32_t>(countCharacter('\n', all) + 1);
 }
 
 char* VX_CALL vx_ReadLine(const char* text, int32_t line, char* dest) noexcept {

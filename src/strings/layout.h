@@ -10,8 +10,6 @@ namespace vx {
 // Ends a line where a text was wrapped; a line feed follows it.
 inline constexpr char kSoftReturn = '\x8D';
 
-std::size_t countLineFeeds(std::string_view text);
-
 // The width between tab stops that a tab width argument selects: -2 is the usual 8, others are clipped to 1..255.
 std::size_t tabWidthOf(std::int32_t argument);
 

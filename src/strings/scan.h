@@ -1,6 +1,17 @@
-// The engine of the occurrence search. A vector filter compares the first and the last byte at 16 starts at once, and
-// candidates are verified. Verification is counted: where it exceeds a multiple of the text, the two-way search goes
-// on, so that the time stays linear whatever the texts are.
+// The engine of the occurrence search.
+//
+// What runs when, and which rows of the benchmark (bench/strings/search_bench.cpp) pay for it:
+//  - The filter compares the first and the last character of what is searched with 16 places of the text at once, with
+//    64 as long as there are so many (at/rare, StrCount/rare). Where both fit is a candidate, and candidates are
+//    verified. The last character and not the second one: of the two it depends less on the first, so that fewer
+//    candidates are false. From the end of a text it works in the same way (Rat/none).
+//  - A text with fewer than 16 starts is one step: loads that overlap or, below 16 characters, a loop.
+//  - Verifying is counted. Texts like aaaa... make a candidate of each place, and the product of both lengths of the
+//    work; so where the count outgrows the text that was passed, the two-way search (two_way.h) goes on, whose time is
+//    linear and whose memory constant (at/spiteful, StrCount/1000 a).
+//  - Case-blind searches take the same way: a character is compared with the two that its upper-case class mostly has
+//    (byte_test.h), and whatever the filter lets through too much, verifying by the table sorts out (Ati/rare).
+// Each way finds the same occurrences in the same order; they differ in time only.
 #pragma once
 
 #include <algorithm>
@@ -27,15 +38,15 @@ class Scan {
         if (search_.empty() || text_.size() < search_.size()) return;
         starts_ = text_.size() - search_.size() + 1;
         if (text_.size() < kBlock) {
-            few(candidatesOneByOne());
+            verifyAll(candidatesOneByOne());
             return;
         }
-        const bool strict = starts_ >= kLong;
+        const bool strict = starts_ >= kWorthStrictTests;
         const Filter filter{ByteTest<Fold>(search_.front(), strict), ByteTest<Fold>(search_.back(), strict),
                             text_.data(), search_.size() - 1};
         if (starts_ < kBlock) {  // the last bytes end with the text; shift them below their starts
             unsigned last = bits(filter.last(text_.data() + text_.size() - kBlock)) >> (kBlock - starts_);
-            few(bits(filter.first(text_.data())) & last);
+            verifyAll(bits(filter.first(text_.data())) & last);
             return;
         }
         if constexpr (kBackward) {
@@ -57,7 +68,8 @@ class Scan {
             const __m128i c = signs(at + 2 * kBlock);
             const __m128i d = signs(at + 3 * kBlock);
             if (bits(_mm_or_si128(_mm_or_si128(a, b), _mm_or_si128(c, d))) == 0) return 0;
-            return bits(a) | Mask{bits(b)} << kBlock | Mask{bits(c)} << 2 * kBlock | Mask{bits(d)} << 3 * kBlock;
+            return bits(a) | (Mask{bits(b)} << kBlock) | (Mask{bits(c)} << (2 * kBlock)) |
+                   (Mask{bits(d)} << (3 * kBlock));
         }
 
         ByteTest<Fold> first;
@@ -68,20 +80,20 @@ class Scan {
 
     void fromStart(const Filter& filter) {
         for (std::size_t at = 0; at < starts_;) {
-            const bool far = starts_ - at >= kStride;
-            const std::size_t base = far ? at : std::min(at, starts_ - kBlock);
-            const Mask mask = far ? filter.stride(at) : filter.block(base);
-            if (mask && !take(mask, base)) return;
-            at = std::max(base + (far ? kStride : kBlock), next_);
+            const bool wide = starts_ - at >= kStride;
+            const std::size_t base = wide ? at : std::min(at, starts_ - kBlock);
+            const Mask mask = wide ? filter.stride(at) : filter.block(base);
+            if (mask && !verify(mask, base)) return;
+            at = std::max(base + (wide ? kStride : kBlock), next_);
         }
     }
 
     void fromEnd(const Filter& filter) {
         for (std::size_t end = starts_; end > 0;) {
-            const bool far = end >= kStride;
-            const std::size_t base = far ? end - kStride : std::max(end, kBlock) - kBlock;
-            const Mask mask = far ? filter.stride(base) : filter.block(base) & (kAllStarts >> (base + kBlock - end));
-            if (mask && !take(mask, base)) return;
+            const bool wide = end >= kStride;
+            const std::size_t base = wide ? end - kStride : std::max(end, kBlock) - kBlock;
+            const Mask mask = wide ? filter.stride(base) : filter.block(base) & (kAllStarts >> (base + kBlock - end));
+            if (mask && !verify(mask, base)) return;
             end = base;
         }
     }
@@ -106,19 +118,19 @@ class Scan {
     bool occursAt(std::size_t at) { return equal(Fold{}, text_.data() + at, search_.data(), search_.size(), work_); }
 
     // All candidates of a text with fewer than 16 starts.
-    void few(Mask mask) {
+    void verifyAll(Mask mask) {
         while (mask) {
             std::size_t at = nextOf(mask);
-            if (at >= next_ && occursAt(at) && !accept(at)) return;
+            if (at >= next_ && occursAt(at) && !report(at)) return;
         }
     }
 
     // Hands on those candidates that are occurrences; false when the search has ended.
-    bool take(Mask mask, std::size_t base) {
+    bool verify(Mask mask, std::size_t base) {
         while (mask) {
             std::size_t at = base + nextOf(mask);
             if (at < next_) continue;
-            if (occursAt(at) && !accept(at)) return false;
+            if (occursAt(at) && !report(at)) return false;
             if (work_ > kFreeWork + (kBackward ? starts_ - at : at) / kBytesPerWork) {
                 goOnLinearly(at);
                 return false;
@@ -127,7 +139,7 @@ class Scan {
         return true;
     }
 
-    bool accept(std::size_t at) {
+    bool report(std::size_t at) {
         std::size_t next = visit_(at);
         if (next == kStop) return false;
         if (!kBackward) next_ = next;
@@ -140,12 +152,13 @@ class Scan {
         TwoWay<Bytes> search(Bytes{search_}, Bytes{text_});
         std::size_t from = kBackward ? lastStart - behind + 1 : std::max(behind + 1, next_);
         for (std::size_t at; (at = search.next(from)) != kNotFound; from = kBackward ? at + 1 : next_) {
-            if (!accept(kBackward ? lastStart - at : at)) return;
+            if (!report(kBackward ? lastStart - at : at)) return;
         }
     }
 
     static constexpr std::size_t kStride = 4 * kBlock;
-    static constexpr std::size_t kLong = 1024;
+    static constexpr std::size_t kWorthStrictTests = 1024;  // starts
+    // Work is blocks compared beyond the first of a candidate: so many are free, then one for so many bytes passed.
     static constexpr std::size_t kFreeWork = 64;
     static constexpr std::size_t kBytesPerWork = 4;
 

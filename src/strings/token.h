@@ -1,11 +1,10 @@
-// Tokens: the search for runs of characters between delimiters, and the copy of a piece of text, for all families.
+// Tokens: the search for runs of characters between delimiters, for all families.
 //
 // Delimiters in a row separate like one, so no token is ever empty.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <optional>
 #include <string_view>
 
@@ -62,10 +61,5 @@ inline std::optional<Token> nextToken(std::string_view text, const DelimiterSet&
 }
 
 std::size_t countTokens(std::string_view text, const DelimiterSet& delimiters);
-
-// Copies at most `count` characters, none if it is negative, and a terminator; returns `to`.
-inline char* copyAtMost(char* to, const char* from, std::int32_t count) {
-    return store(to, {from, from ? strnlen(from, atLeastZero(count)) : 0});
-}
 
 }  // namespace vx

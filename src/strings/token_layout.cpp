@@ -1,5 +1,6 @@
 // The tokens of a text set in columns, and justified in a line.
 #include <algorithm>
+#include <cstring>
 #include <limits>
 
 #include "entries/token.h"

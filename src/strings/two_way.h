@@ -1,5 +1,11 @@
 // Search in linear time without extra memory (Crochemore and Perrin's two-way algorithm): what the occurrence search
 // falls back to on texts that are full of near matches.
+//
+// What is searched is cut at a place where its period shows: the later of its two greatest suffixes, by the alphabet's
+// order and by the reverse, begins there. The part behind the cut is compared first, forwards; a character that differs
+// moves the search on by as many as matched, which the cut makes safe. If it all matches, the part before the cut is
+// compared, and the search moves on by the period. When the whole text has that period, what overlaps the next place is
+// known to match and not compared again.
 #pragma once
 
 #include <algorithm>

@@ -12,8 +12,6 @@ namespace {
 
 constexpr std::size_t kProgramRoom = 261;
 
-platform::Process& process() { return *platform::current().process; }
-
 bool isGap(char c) { return c == ' ' || c == '\t'; }
 
 const char* behindGap(const char* at) {
@@ -39,7 +37,7 @@ const char* behindArgument(const char* at) {
     return *at ? behindGap(at + 1) : at;
 }
 
-const char* commandTail() { return behindArgument(process().commandLine()); }
+const char* commandTail() { return behindArgument(platform::process().commandLine()); }
 
 // The argument at a place in the command tail, without its quotes.
 std::string_view argumentAt(const char* at) {
@@ -77,13 +75,13 @@ std::string_view parameter(std::string_view prefix) {
 }
 
 char* putProgram(char* dest) {
-    process().programPath(dest, kProgramRoom);
+    platform::process().programPath(dest, kProgramRoom);
     return dest;
 }
 
 char* putVariable(const char* name, char* dest) {
-    std::uint32_t room = name && *name ? process().variable(name, nullptr, 0) : 0;
-    std::uint32_t length = room > 0 ? process().variable(name, dest, room) : 0;
+    std::uint32_t room = name && *name ? platform::process().variable(name, nullptr, 0) : 0;
+    std::uint32_t length = room > 0 ? platform::process().variable(name, dest, room) : 0;
     if (length == 0 || length >= room) *dest = '\0';
     return dest;
 }
@@ -92,14 +90,14 @@ const char* behindEntry(const char* entry) { return entry + std::strlen(entry) +
 
 char* putEntry(std::int32_t n, char* dest) {
     if (n < 1) return store(dest, {});
-    platform::Environment environment(process());
+    platform::Environment environment(platform::process());
     const char* entry = environment.first();
     for (; n > 1 && *entry; --n) entry = behindEntry(entry);
     return store(dest, entry);
 }
 
 std::int32_t countEntries() {
-    platform::Environment environment(process());
+    platform::Environment environment(platform::process());
     std::int32_t count = 0;
     for (const char* entry = environment.first(); *entry; entry = behindEntry(entry)) ++count;
     return count;

@@ -12,21 +12,19 @@ namespace {
 
 constexpr std::uint32_t kMillisecondsOfTick = 55;
 
-platform::Hardware& hardware() { return *platform::current().hardware; }
-
 std::int32_t windowsVersion() {
-    std::uint32_t version = platform::current().process->systemVersion();
+    std::uint32_t version = platform::process().systemVersion();
     return static_cast<std::int32_t>((version & 0xFF) * 100 + (version >> 8 & 0xFF));
 }
 
 std::uint32_t kilobytes(bool available) {
-    platform::Memory memory = platform::current().process->physicalMemory();
+    platform::Memory memory = platform::process().physicalMemory();
     return static_cast<std::uint32_t>(
         std::min<std::uint64_t>((available ? memory.available : memory.total) >> 10, 0xFFFFFFFF));
 }
 
 std::int32_t timerTick() {
-    std::uint32_t milliseconds = platform::current().clock->localTime().milliseconds;
+    std::uint32_t milliseconds = platform::clock().localTime().milliseconds;
     // kept: 55, a whole tick, is none yet.
     return milliseconds < 56 ? 0 : static_cast<std::int32_t>(milliseconds / kMillisecondsOfTick);
 }
@@ -45,9 +43,9 @@ constexpr std::uint8_t kSpeakerOn = 3;
 bool hasBeep() { return platformClass() == PlatformClass::kWindowsNt; }
 
 std::int32_t stopSound() {
-    if (hasBeep()) return hardware().beep(kHighest, platform::kUntilNextBeep);
-    std::uint8_t control = static_cast<std::uint8_t>(hardware().readPort(kSpeakerControl) & ~kSpeakerOn);
-    hardware().writePort(kSpeakerControl, control);
+    if (hasBeep()) return platform::hardware().beep(kHighest, platform::kUntilNextBeep);
+    std::uint8_t control = static_cast<std::uint8_t>(platform::hardware().readPort(kSpeakerControl) & ~kSpeakerOn);
+    platform::hardware().writePort(kSpeakerControl, control);
     return control;
 }
 
@@ -56,14 +54,14 @@ void startSound(std::int32_t frequency) {
     constexpr std::uint32_t kTimerFrequency = 1188685;
     std::uint32_t hertz = static_cast<std::uint32_t>(std::clamp(frequency, kLowest, kHighest));
     if (hasBeep()) {
-        hardware().beep(hertz, platform::kUntilNextBeep);
+        platform::hardware().beep(hertz, platform::kUntilNextBeep);
         return;
     }
     std::uint32_t divisor = kTimerFrequency / hertz;
-    hardware().writePort(kTimerControl, kSquareWave);
-    hardware().writePort(kTimerChannel2, static_cast<std::uint8_t>(divisor));
-    hardware().writePort(kTimerChannel2, static_cast<std::uint8_t>(divisor >> 8));
-    hardware().writePort(kSpeakerControl, hardware().readPort(kSpeakerControl) | kSpeakerOn);
+    platform::hardware().writePort(kTimerControl, kSquareWave);
+    platform::hardware().writePort(kTimerChannel2, static_cast<std::uint8_t>(divisor));
+    platform::hardware().writePort(kTimerChannel2, static_cast<std::uint8_t>(divisor >> 8));
+    platform::hardware().writePort(kSpeakerControl, platform::hardware().readPort(kSpeakerControl) | kSpeakerOn);
 }
 
 // --- Bits ----------------------------------------------------------------------------------------------------------
@@ -83,7 +81,7 @@ int32_t VX_CALL vx_WinVersion() noexcept { return windowsVersion(); }
 uint32_t VX_CALL vx_ExtMem(int32_t available) noexcept { return kilobytes(available != 0); }
 uint32_t VX_CALL vx_ExpMem(int32_t available) noexcept { return kilobytes(available != 0); }
 int32_t VX_CALL vx_TimerTick() noexcept { return timerTick(); }
-int32_t VX_CALL vx_CpuType() noexcept { return static_cast<std::int32_t>(hardware().processorFamily()); }
+int32_t VX_CALL vx_CpuType() noexcept { return static_cast<std::int32_t>(platform::hardware().processorFamily()); }
 
 int32_t VX_CALL vx__sysinfo1(int32_t selector) noexcept {
     switch (selector) {

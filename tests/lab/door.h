@@ -10,7 +10,7 @@ namespace vx::lab {
 struct Door {
     platform::Platform* platform;
     Library* library;
-    void (*attach)(void* module);
+    void (*attach)();
     void (*detach)();
     bool* foldsCrc32;  // false: by tables, as on a processor without carry-less multiplication
 };

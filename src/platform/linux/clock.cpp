@@ -87,10 +87,10 @@ class LinuxClock final : public Clock {
     }
 };
 
-LinuxClock clock;
+LinuxClock linuxClock;
 
 }  // namespace
 
-Clock& systemClock() { return clock; }
+Clock& systemClock() { return linuxClock; }
 
 }  // namespace vx::platform

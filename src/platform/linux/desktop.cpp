@@ -87,10 +87,10 @@ class LinuxDesktop final : public Desktop {
     }
 };
 
-LinuxDesktop desktop;
+LinuxDesktop linuxDesktop;
 
 }  // namespace
 
-Desktop& systemDesktop() { return desktop; }
+Desktop& systemDesktop() { return linuxDesktop; }
 
 }  // namespace vx::platform

@@ -94,7 +94,7 @@ class LinuxFiles final : public Files {
     Registry<OpenFile> files_;
 };
 
-constinit LinuxFiles files;
+constinit LinuxFiles linuxFiles;
 
 std::int32_t LinuxFiles::handOut(Descriptor descriptor, bool reads, bool writes) {
     std::int32_t handle = files_.add([&](OpenFile& file) {
@@ -370,6 +370,6 @@ bool LinuxFiles::setTimes(std::int32_t handle, const FileTimes& times) {
 
 }  // namespace
 
-Files& systemFiles() { return files; }
+Files& systemFiles() { return linuxFiles; }
 
 }  // namespace vx::platform

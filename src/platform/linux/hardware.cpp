@@ -58,10 +58,10 @@ class LinuxHardware final : public Hardware {
     std::uint32_t processorFamily() override { return platform::processorFamily(); }
 };
 
-constinit LinuxHardware hardware;
+constinit LinuxHardware linuxHardware;
 
 }  // namespace
 
-Hardware& systemHardware() { return hardware; }
+Hardware& systemHardware() { return linuxHardware; }
 
 }  // namespace vx::platform

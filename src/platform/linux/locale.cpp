@@ -249,10 +249,10 @@ class LinuxLocale final : public Locale {
     }
 };
 
-LinuxLocale locale;
+LinuxLocale linuxLocale;
 
 }  // namespace
 
-Locale& systemLocale() { return locale; }
+Locale& systemLocale() { return linuxLocale; }
 
 }  // namespace vx::platform

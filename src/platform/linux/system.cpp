@@ -82,10 +82,10 @@ class LinuxProcess final : public Process {
     std::atomic<std::uint32_t> errorMode_ = 0;
 };
 
-LinuxProcess process;
+LinuxProcess linuxProcess;
 
 }  // namespace
 
-Process& systemProcess() { return process; }
+Process& systemProcess() { return linuxProcess; }
 
 }  // namespace vx::platform

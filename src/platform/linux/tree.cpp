@@ -109,7 +109,7 @@ class LinuxTree final : public Tree {
     bool findClose(std::int32_t search) override { return endSearch(search); }
 };
 
-constinit LinuxTree tree;
+constinit LinuxTree linuxTree;
 
 std::uint32_t LinuxTree::attributes(const char* name) {
     SystemName path(name);
@@ -199,6 +199,6 @@ std::uint32_t LinuxTree::fullPath(const char* name, char* path, std::uint32_t ro
 
 }  // namespace
 
-Tree& systemTree() { return tree; }
+Tree& systemTree() { return linuxTree; }
 
 }  // namespace vx::platform

@@ -117,7 +117,7 @@ class LinuxVolumes final : public Volumes {
     std::uint32_t windowsDirectory(char* path, std::uint32_t room) override { return systemPath("", path, room); }
 };
 
-constinit LinuxVolumes volumes;
+constinit LinuxVolumes linuxVolumes;
 
 bool LinuxVolumes::information(const char* root, VolumeInformation& information) {
     SystemName path(root ? root : ".");
@@ -150,6 +150,6 @@ bool LinuxVolumes::space(const char* root, DiskSpace& space) {
 
 }  // namespace
 
-Volumes& systemVolumes() { return volumes; }
+Volumes& systemVolumes() { return linuxVolumes; }
 
 }  // namespace vx::platform

@@ -41,10 +41,10 @@ class WindowsClock final : public Clock {
     void sleep(std::uint32_t milliseconds) override { Sleep(milliseconds); }
 };
 
-WindowsClock clock;
+WindowsClock windowsClock;
 
 }  // namespace
 
-Clock& systemClock() { return clock; }
+Clock& systemClock() { return windowsClock; }
 
 }  // namespace vx::platform

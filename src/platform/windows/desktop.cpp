@@ -42,10 +42,10 @@ class WindowsDesktop final : public Desktop {
     HGLOBAL memory_ = nullptr;
 };
 
-WindowsDesktop desktop;
+WindowsDesktop windowsDesktop;
 
 }  // namespace
 
-Desktop& systemDesktop() { return desktop; }
+Desktop& systemDesktop() { return windowsDesktop; }
 
 }  // namespace vx::platform

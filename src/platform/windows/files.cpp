@@ -182,10 +182,10 @@ class WindowsFiles final : public Files {
     }
 };
 
-WindowsFiles files;
+WindowsFiles windowsFiles;
 
 }  // namespace
 
-Files& systemFiles() { return files; }
+Files& systemFiles() { return windowsFiles; }
 
 }  // namespace vx::platform

@@ -98,10 +98,10 @@ class WindowsHardware final : public Hardware {
     std::uint32_t processorFamily() override { return platform::processorFamily(); }
 };
 
-WindowsHardware hardware;
+WindowsHardware windowsHardware;
 
 }  // namespace
 
-Hardware& systemHardware() { return hardware; }
+Hardware& systemHardware() { return windowsHardware; }
 
 }  // namespace vx::platform

@@ -42,10 +42,10 @@ class WindowsLocale final : public Locale {
     }
 };
 
-WindowsLocale locale;
+WindowsLocale windowsLocale;
 
 }  // namespace
 
-Locale& systemLocale() { return locale; }
+Locale& systemLocale() { return windowsLocale; }
 
 }  // namespace vx::platform

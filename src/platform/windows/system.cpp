@@ -41,10 +41,10 @@ class WindowsProcess final : public Process {
     }
 };
 
-WindowsProcess process;
+WindowsProcess windowsProcess;
 
 }  // namespace
 
-Process& systemProcess() { return process; }
+Process& systemProcess() { return windowsProcess; }
 
 }  // namespace vx::platform

@@ -80,10 +80,10 @@ class WindowsTree final : public Tree {
     Registry<HANDLE> searches_;
 };
 
-constinit WindowsTree tree;
+constinit WindowsTree windowsTree;
 
 }  // namespace
 
-Tree& systemTree() { return tree; }
+Tree& systemTree() { return windowsTree; }
 
 }  // namespace vx::platform

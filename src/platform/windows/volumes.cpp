@@ -70,10 +70,10 @@ class WindowsVolumes final : public Volumes {
     }
 };
 
-WindowsVolumes volumes;
+WindowsVolumes windowsVolumes;
 
 }  // namespace
 
-Volumes& systemVolumes() { return volumes; }
+Volumes& systemVolumes() { return windowsVolumes; }
 
 }  // namespace vx::platform

@@ -17,7 +17,7 @@ class SeedGenerator {
     explicit SeedGenerator(std::uint32_t seed) : state_(seed) {}
     std::uint16_t next() {
         state_ = state_ * 22695477 + 1;
-        return static_cast<std::uint16_t>(state_ >> 16 & 0x7FFF);
+        return static_cast<std::uint16_t>((state_ >> 16) & 0x7FFF);
     }
 
  private:
@@ -41,7 +41,7 @@ struct ShiftRegister {
         // A triangle of bits in sixteen words keeps the words linearly independent.
         for (unsigned k = 0; k < 16; ++k) {
             std::uint16_t& word = words[3 + 11 * k];
-            word = static_cast<std::uint16_t>((word & 0xFFFF >> k) | 0x8000 >> k);
+            word = static_cast<std::uint16_t>((word & (0xFFFF >> k)) | (0x8000 >> k));
         }
         next();
     }
@@ -58,9 +58,10 @@ struct ShiftRegister {
 
  private:
     std::uint16_t step() {
-        std::uint16_t value = words[index] ^= words[index >= kTap ? index - kTap : index + kWords - kTap];
+        std::uint16_t& word = words[index];
+        word ^= words[index >= kTap ? index - kTap : index + kWords - kTap];
         index = index + 1 < kWords ? index + 1 : 0;
-        return value;
+        return word;
     }
 };
 

@@ -1,4 +1,4 @@
-// Searching: what other families use beside the occurrence search of find.h.
+// The fields and sections of a delimited text, for all families.
 #pragma once
 
 #include <cstddef>
