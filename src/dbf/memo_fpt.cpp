@@ -1,4 +1,8 @@
 // Memo files of the FoxPro kind: blocks of any size, a text with its length before it.
+//
+// A text that fits into the blocks of the memo before is written over it, whole or not at all as far as the file
+// allows. A longer one goes to the next free block; then the file's header says what is free, then the field refers to
+// it. Blocks that are left are not used again.
 #include <algorithm>
 #include <cstring>
 
