@@ -1,14 +1,10 @@
 #include "platform/linux/names.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <sys/syscall.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cstring>
 
 #include "platform/linux/directory_reader.h"
+#include "platform/linux/file_state.h"
 #include "platform/linux/last_error.h"
 #include "platform/linux/short_names.h"
 
@@ -19,7 +15,7 @@ bool isLetter(char c) { return lowered(c) >= 'a' && lowered(c) <= 'z'; }
 
 bool isThere(const char* path) {
     struct stat state;
-    return ::fstatat(AT_FDCWD, path, &state, AT_SYMLINK_NOFOLLOW) == 0;
+    return ownState(path, state) == 0;
 }
 
 bool sameButForCase(std::string_view a, std::string_view b) {
@@ -27,7 +23,7 @@ bool sameButForCase(std::string_view a, std::string_view b) {
            std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) { return lowered(x) == lowered(y); });
 }
 
-// How well an entry of a directory answers to a name.
+// How well an entry of a directory answers to a name, the best last.
 enum class Match { kNone, kShortName, kWithoutEnd, kCase, kExact };
 
 Match matchOf(std::string_view wanted, std::string_view name, bool byShortName) {
@@ -140,7 +136,7 @@ bool SystemName::makeAbsolute() {
     std::memcpy(written, text_, length_ + 1);
     if (::syscall(SYS_getcwd, text_, sizeof text_) < 0 || text_[0] != '/') return failed(false, kPathNotFound);
     length_ = std::strlen(text_);
-    bool kept = asDirectory_;
+    bool kept = asDirectory_;  // addRest tells it of the part that it adds
     bool done = addRest(written, Wildcards::kAnywhere);
     asDirectory_ = kept;
     return done || failed(false, kFilenameTooLong);
@@ -164,6 +160,8 @@ SystemName::Found SystemName::look() {
     return isMissing(errno) ? lookFurther() : Found::kNowhere;
 }
 
+// Component by component from the start: what is there as written stays, the others are replaced by what answers to
+// them.
 SystemName::Found SystemName::lookFurther() {
     // As a rule no more than the last component is missing.
     Found found = findLast();
@@ -197,6 +195,7 @@ SystemName::Found SystemName::findLast() {
     char wanted[kPathSize];
     std::memcpy(wanted, text_ + start, length_ - start + 1);
 
+    // Cut for a moment to what names the directory.
     text_[start] = '\0';
     DirectoryReader directory(openDirectory(start == 0 ? "." : text_));
     std::memcpy(text_ + start, wanted, length_ - start + 1);

@@ -1,4 +1,9 @@
 // Names in drive form, and what the system has under them.
+//
+// A name is turned into a path of Linux by its text alone; `.` and `..` are worked out before any link is followed, as
+// Windows does. The system is then asked for the path as it is written, which as a rule is all: one call, no directory
+// read. Only where nothing is there, each component that is missing is looked for in its directory, in any letter case,
+// without dots and blanks at its end, and as a short name (callWith, look).
 #pragma once
 
 #include <cerrno>
