@@ -1,3 +1,4 @@
+// Load and unload on Windows.
 #include <windows.h>
 
 #include "frame/library.h"
