@@ -159,7 +159,7 @@ bool layOut(Table& table, const Structure& structure) {
     table.fieldCount = static_cast<std::int32_t>(count);
     table.fields.reset(new (std::nothrow) Field[static_cast<std::size_t>(count)]);
     if (!table.fields || !makeBuffer(table)) return false;
-    std::memset(table.buffer.get(), ' ', table.capacity * table.recordSize());
+    std::memset(table.buffer.get(), ' ', table.bufferCapacity * table.recordSize());
     for (std::int32_t i = 0; i < table.fieldCount; ++i) setDefault(table.fields[i], i);
     std::int32_t index = 0;
     structure.each([&](std::string_view entry) {

@@ -12,7 +12,7 @@ namespace {
 constexpr std::uint32_t kBufferSize = 2048;
 
 void standOn(Table& table, std::int64_t number) {
-    table.record = table.buffer.get() + (number - table.first) * table.recordSize();
+    table.record = table.buffer.get() + (number - table.bufferFirst) * table.recordSize();
     table.number = number;
     table.noRecord = table.forgotten = false;
 }
@@ -27,12 +27,12 @@ void standOnNone(Table& table, std::int64_t number) {
 // bytes are not shown for it, and nothing can be put over what could not be read.
 void load(Table& table, std::int64_t number) {
     if (!writeBuffer(table)) return standOnNone(table, number);
-    auto wanted = std::clamp<std::int64_t>(table.count() - number + 1, 0, table.capacity);
+    auto wanted = std::clamp<std::int64_t>(table.count() - number + 1, 0, table.bufferCapacity);
     std::uint32_t size = table.recordSize();
-    table.held =
+    table.bufferCount =
         table.file.read(table.positionOf(number), table.buffer.get(), static_cast<std::size_t>(wanted) * size) / size;
-    table.first = number;
-    if (table.held == 0) return standOnNone(table, number);
+    table.bufferFirst = number;
+    if (table.bufferCount == 0) return standOnNone(table, number);
     standOn(table, number);
 }
 
@@ -40,8 +40,8 @@ void load(Table& table, std::int64_t number) {
 
 bool makeBuffer(Table& table) {
     std::uint32_t size = table.recordSize();
-    table.capacity = table.shared || 2 * size >= kBufferSize ? 1 : kBufferSize / size + 1;
-    table.buffer.reset(new (std::nothrow) char[table.capacity * size]);
+    table.bufferCapacity = table.shared || 2 * size >= kBufferSize ? 1 : kBufferSize / size + 1;
+    table.buffer.reset(new (std::nothrow) char[table.bufferCapacity * size]);
     table.record = table.buffer.get();
     return table.buffer != nullptr;
 }
@@ -58,8 +58,8 @@ void goTo(Table& table, std::int64_t number) {
         table.atEnd = true;
         return standOnNone(table, std::int64_t{table.count()} + 1);
     }
-    bool isHeld = number >= table.first && number < table.first + table.held;
-    if (isHeld) {
+    bool isInBuffer = number >= table.bufferFirst && number < table.bufferFirst + table.bufferCount;
+    if (isInBuffer) {
         standOn(table, number);
     } else {
         load(table, number);
@@ -68,15 +68,15 @@ void goTo(Table& table, std::int64_t number) {
 
 void goToBlanks(Table& table, std::int64_t first, std::int64_t count) {
     table.atBegin = table.atEnd = false;
-    table.first = first;
-    table.held = static_cast<std::uint32_t>(std::min<std::int64_t>(table.capacity, count));
-    std::memset(table.buffer.get(), ' ', table.held * table.recordSize());
+    table.bufferFirst = first;
+    table.bufferCount = static_cast<std::uint32_t>(std::min<std::int64_t>(table.bufferCapacity, count));
+    std::memset(table.buffer.get(), ' ', table.bufferCount * table.recordSize());
     standOn(table, first);
 }
 
 void forget(Table& table) {
     if (table.bufferChanged) return;
-    table.held = 0;
+    table.bufferCount = 0;
     table.forgotten |= !table.noRecord;
     table.noRecord = true;
 }

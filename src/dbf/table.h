@@ -33,10 +33,10 @@ struct Table {
     bool writable = true;
 
     std::unique_ptr<char[]> buffer;
-    std::uint32_t capacity = 0;  // records that the buffer has room for
-    std::uint32_t held = 0;      // whole records in it
-    std::int64_t first = 0;      // number of the first of them
-    char* record = nullptr;      // the current record, from its deletion flag on
+    std::uint32_t bufferCapacity = 0;  // records that it has room for
+    std::uint32_t bufferCount = 0;     // whole records in it
+    std::int64_t bufferFirst = 0;      // number of the first of them
+    char* record = nullptr;            // the current record, from its deletion flag on
 
     std::int64_t number = 0;  // of the current record
     bool atBegin = false;

@@ -20,8 +20,8 @@ bool cutLeftover(Table& table) {
 bool writeBuffer(Table& table) {
     if (!table.bufferChanged) return true;
     // What cannot be kept is dropped: a table that is open for reading only was changed in memory alone.
-    bool done = !table.writable ||
-                table.file.write(table.positionOf(table.first), table.buffer.get(), table.held * table.recordSize());
+    bool done = !table.writable || table.file.write(table.positionOf(table.bufferFirst), table.buffer.get(),
+                                                    table.bufferCount * table.recordSize());
     table.bufferChanged = !done;
     return done;
 }

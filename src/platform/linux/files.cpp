@@ -3,6 +3,9 @@
 // A handle is a number of the registry. Each open file keeps its position itself, so that a read or write is one
 // positioned call and a seek none; the descriptor's own position means nothing. Sharing modes are marks (sharing.h),
 // which are placed after opening: where two programs claim a file at once, both step back and try again.
+//
+// Here and beside, calls whose names the library exports itself (exports/clashes.txt) are made in their forms with a
+// directory, or by number.
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>

@@ -11,10 +11,7 @@ namespace vx::platform {
 std::uint32_t lastError();
 void setLastError(std::uint32_t code);
 
-// The code that Windows gives for what went wrong here.
-std::uint32_t codeOf(int systemError);
-
-// Of the system call that has just failed.
+// The code that Windows gives for what went wrong in the system call that has just failed.
 std::uint32_t systemErrorCode();
 
 // Keep the reason of a failure; they return what the failed operation returns.

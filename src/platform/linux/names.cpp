@@ -7,6 +7,7 @@
 #include "platform/linux/file_state.h"
 #include "platform/linux/last_error.h"
 #include "platform/linux/short_names.h"
+#include "platform/linux/wildcards.h"
 
 namespace vx::platform {
 namespace {
@@ -61,7 +62,7 @@ std::string_view takeComponent(const char*& name) {
     return component;
 }
 
-SystemName::SystemName(const char* name, Wildcards wildcards) {
+SystemName::SystemName(const char* name, AllowWildcards wildcards) {
     text_[0] = '\0';
     std::size_t length = name ? std::strlen(name) : 0;
     if (length == 0 || length >= kPathSize) {
@@ -88,13 +89,13 @@ SystemName::SystemName(const char* name, Wildcards wildcards) {
     text_[length_] = '\0';
 }
 
-bool SystemName::addRest(const char* name, Wildcards wildcards) {
+bool SystemName::addRest(const char* name, AllowWildcards wildcards) {
     while (*name) {
         std::string_view component = takeComponent(name);
         asDirectory_ = isSeparator(name[-1]);
         bool isLast = !*name && !asDirectory_;
-        bool mayBeWild = wildcards == Wildcards::kAnywhere || (wildcards == Wildcards::kInLast && isLast);
-        if (!mayBeWild && component.find_first_of("?*") != std::string_view::npos) return false;
+        bool mayBeWild = wildcards == AllowWildcards::kAnywhere || (wildcards == AllowWildcards::kInLast && isLast);
+        if (!mayBeWild && hasWildcards(component)) return false;
         if (component == "..") {
             removeLast();
         } else if (component != "." && !add(component)) {
@@ -137,7 +138,7 @@ bool SystemName::makeAbsolute() {
     if (::syscall(SYS_getcwd, text_, sizeof text_) < 0 || text_[0] != '/') return failed(false, kPathNotFound);
     length_ = std::strlen(text_);
     bool kept = asDirectory_;  // addRest tells it of the part that it adds
-    bool done = addRest(written, Wildcards::kAnywhere);
+    bool done = addRest(written, AllowWildcards::kAnywhere);
     asDirectory_ = kept;
     return done || failed(false, kFilenameTooLong);
 }

@@ -41,14 +41,14 @@ std::string_view takeComponent(const char*& name);
 // A name for the system's calls. `.` and `..` are worked out by the text alone, as Windows does.
 class SystemName {
  public:
-    enum class Wildcards { kRefused, kInLast, kAnywhere };
+    enum class AllowWildcards { kNowhere, kInLast, kAnywhere };
     enum class Found {
         kThere,
         kOnlyDirectory,  // the last component is missing; the text names what could be made
         kNowhere,
     };
 
-    explicit SystemName(const char* name, Wildcards wildcards = Wildcards::kRefused);
+    explicit SystemName(const char* name, AllowWildcards wildcards = AllowWildcards::kNowhere);
 
     // False, with the reason as last error, if nothing can have that name.
     bool valid() const { return valid_; }
@@ -81,7 +81,7 @@ class SystemName {
 
  private:
     void removeLast();
-    bool addRest(const char* name, Wildcards wildcards);
+    bool addRest(const char* name, AllowWildcards wildcards);
     Found findLast();
 
     bool valid_ = false;

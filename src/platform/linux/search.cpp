@@ -142,7 +142,7 @@ constinit Registry<Search*> searches;
 }  // namespace
 
 std::int32_t startSearch(const char* pattern, FoundEntry& entry) try {
-    SystemName path(pattern, SystemName::Wildcards::kInLast);
+    SystemName path(pattern, SystemName::AllowWildcards::kInLast);
     if (!path.valid() || !path.makeAbsolute()) return -1;
     char last[kPathSize];
     if (path.asDirectory() || !path.splitLast(last)) return failed(-1, kFileNotFound);

@@ -171,7 +171,7 @@ std::uint32_t LinuxTree::fullPath(const char* name, char* path, std::uint32_t ro
         std::snprintf(rooted, sizeof rooted, "\\%s", isSeparator(name[2]) ? name + 3 : name + 2);
     }
     const char* given = start == Start::kServer ? name + 1 : start == Start::kOtherDrive ? rooted : name;
-    SystemName full(given, SystemName::Wildcards::kAnywhere);
+    SystemName full(given, SystemName::AllowWildcards::kAnywhere);
     if (!full.valid() || !full.makeAbsolute()) return 0;
     char text[PATH_MAX + 4];
     std::size_t length = toDriveForm(full.view(), text, sizeof text - 1);
