@@ -1,3 +1,5 @@
+// Fields that refer to memos and blobs, by decimal numbers in the record: a memo's block on the right of its field, a
+// blob's offset and size each on the left of ten characters.
 #include "dbf/companions.h"
 
 #include <algorithm>

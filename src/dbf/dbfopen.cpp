@@ -1,4 +1,6 @@
 // Opening and closing tables, moving about in them, whole records.
+//
+// A table that could not be written stays open under its handle, so that closing it can be tried again.
 #include "entries/dbfopen.h"
 
 #include <cstring>

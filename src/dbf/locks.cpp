@@ -50,10 +50,14 @@ void giveBackSurely(Region& region, const File& file) {
 }  // namespace
 
 bool unlock(Table& table) {
-    return !table.lock.held || (writeBack(table) && table.file.commit() && table.lock.giveBack(table.file));
+    if (!table.lock.held) return true;
+    return writeBack(table) && table.file.commit() && table.lock.giveBack(table.file);
 }
 
-bool lockTable(Table& table) { return !table.shared || (unlock(table) && holdAndForget(table, kTableRegion)); }
+bool lockTable(Table& table) {
+    if (!table.shared) return true;
+    return unlock(table) && holdAndForget(table, kTableRegion);
+}
 
 bool lockRecords(Table& table, std::uint32_t count) {
     if (!table.shared) return true;

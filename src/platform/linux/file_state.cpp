@@ -1,3 +1,6 @@
+// A file that becomes read-only loses write permissions that differ from file to file; they are kept with it, in an
+// extended attribute of the library's own, and given back when it becomes writable again. They count only as long as
+// nobody has changed the permissions since.
 #include "platform/linux/file_state.h"
 
 #include <sys/statfs.h>
