@@ -1,8 +1,8 @@
 // Fields: what a table's descriptors tell, looking fields up by name, and their values in the current record.
 //
 // The values of most fields stand in the record itself; a put changes them there, in memory, and the record is written
-// when the table moves on. Memos and blobs are in files of their own, and putting one writes both it and the record at
-// once (companions.h). A virtual field has no value: it reads as an empty text, and what is put into it is dropped.
+// when the table moves on. Memos and blobs are in files of their own and written at once (companions.h). A virtual
+// field has no value: it reads as an empty text, and what is put into it is dropped.
 #include "entries/dbffields.h"
 
 #include <algorithm>

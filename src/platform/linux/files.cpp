@@ -29,13 +29,13 @@ namespace {
 constexpr int kOpenFlags = O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
 
 struct OpenFile {
-    std::atomic<int> descriptor{-1};
+    std::atomic<int> current{-1};  // the descriptor
     std::atomic<std::int64_t> position{0};
     bool reads = false;
     bool writes = false;
     RegionLocks locks;
 
-    int number() const { return descriptor.load(std::memory_order_relaxed); }
+    int descriptor() const { return current.load(std::memory_order_relaxed); }
 };
 
 std::uint32_t allowed(std::int64_t position, std::uint32_t count) {
@@ -102,7 +102,7 @@ constinit LinuxFiles files;
 
 std::int32_t LinuxFiles::handOut(Descriptor descriptor, bool reads, bool writes) {
     std::int32_t handle = files_.add([&](OpenFile& file) {
-        file.descriptor.store(descriptor.get(), std::memory_order_relaxed);
+        file.current.store(descriptor.get(), std::memory_order_relaxed);
         file.position.store(0, std::memory_order_relaxed);
         file.reads = reads;
         file.writes = writes;
@@ -221,7 +221,7 @@ std::int32_t LinuxFiles::start(Descriptor descriptor, const char* path, std::uin
 bool LinuxFiles::close(std::int32_t handle) {
     bool closed = false;
     bool known = files_.remove(handle, [&](OpenFile& file) {
-        int descriptor = file.descriptor.exchange(-1, std::memory_order_relaxed);
+        int descriptor = file.current.exchange(-1, std::memory_order_relaxed);
         file.locks.clear(descriptor);
         // What an interrupted close closes is closed.
         closed = ::close(descriptor) == 0 || errno == EINTR;
@@ -254,7 +254,7 @@ std::int32_t LinuxFiles::readAt(std::int32_t handle, std::int64_t position, void
     if (!file) return -1;
     if (!file->reads) return failed(-1, kAccessDenied);
     if (position < 0) return failed(-1, kInvalidParameter);
-    ssize_t done = readFrom(file->number(), position, to, count);
+    ssize_t done = readFrom(file->descriptor(), position, to, count);
     return done >= 0 ? static_cast<std::int32_t>(done) : failedCall(-1);
 }
 
@@ -264,7 +264,7 @@ std::int32_t LinuxFiles::writeAt(std::int32_t handle, std::int64_t position, con
     if (!file->writes) return failed(-1, kAccessDenied);
     if (count == 0) return 0;
     if (position < 0 || position >= kLastPosition) return failed(-1, kInvalidParameter);
-    int descriptor = file->number();
+    int descriptor = file->descriptor();
     std::uint32_t wanted = allowed(position, count);
     std::uint32_t written = 0;
     // What falls short is tried on: the second call tells the reason.
@@ -303,7 +303,7 @@ std::int64_t LinuxFiles::size(std::int32_t handle) {
     OpenFile* file = opened(handle);
     if (!file) return -1;
     // The descriptor's own position serves nothing else, and finding its end is what costs least.
-    int descriptor = file->number();
+    int descriptor = file->descriptor();
     off_t end = ::lseek(descriptor, 0, SEEK_END);
     if (end >= 0) return end;
     struct stat state;
@@ -316,7 +316,7 @@ bool LinuxFiles::truncate(std::int32_t handle) {
     if (!file) return false;
     if (!file->writes) return failed(false, kAccessDenied);
     long done = uninterrupted(
-        [&] { return ::syscall(SYS_ftruncate, file->number(), file->position.load(std::memory_order_relaxed)); });
+        [&] { return ::syscall(SYS_ftruncate, file->descriptor(), file->position.load(std::memory_order_relaxed)); });
     return done == 0 || failedCall(false);
 }
 
@@ -324,25 +324,25 @@ bool LinuxFiles::flush(std::int32_t handle) {
     OpenFile* file = opened(handle);
     if (!file) return false;
     if (!file->writes) return failed(false, kAccessDenied);
-    int descriptor = file->number();
+    int descriptor = file->descriptor();
     // EINVAL is what a pipe or a terminal answers, which keep nothing back.
     return uninterrupted([&] { return ::fsync(descriptor); }) == 0 || errno == EINVAL || failedCall(false);
 }
 
 bool LinuxFiles::lock(std::int32_t handle, std::uint32_t offset, std::uint32_t length) {
     OpenFile* file = opened(handle);
-    return file && file->locks.lock(file->number(), offset, length);
+    return file && file->locks.lock(file->descriptor(), offset, length);
 }
 
 bool LinuxFiles::unlock(std::int32_t handle, std::uint32_t offset, std::uint32_t length) {
     OpenFile* file = opened(handle);
-    return file && file->locks.unlock(file->number(), offset, length);
+    return file && file->locks.unlock(file->descriptor(), offset, length);
 }
 
 bool LinuxFiles::information(std::int32_t handle, FileInformation& information) {
     OpenFile* file = opened(handle);
     if (!file) return false;
-    int descriptor = file->number();
+    int descriptor = file->descriptor();
     FileInformation found;
     if (!readState(descriptor, found)) return failedCall(false);
     found.volumeSerial = volumeSerial();
@@ -355,7 +355,7 @@ bool LinuxFiles::setTimes(std::int32_t handle, const FileTimes& times) {
     if (!file) return false;
     auto given = [](FileTime time) { return time == 0 ? timespec{0, UTIME_OMIT} : timespecOf(time); };
     timespec both[] = {given(times.accessed), given(times.written)};
-    int descriptor = file->number();
+    int descriptor = file->descriptor();
     bool mayBend = times.written != 0 && !isHeldEverywhere(times.written);
     struct stat before;
     struct stat after;

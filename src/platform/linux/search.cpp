@@ -146,7 +146,7 @@ std::int32_t startSearch(const char* pattern, FoundEntry& entry) try {
     if (!path.valid() || !path.makeAbsolute()) return -1;
     char last[kPathSize];
     if (path.asDirectory() || !path.splitLast(last)) return failed(-1, kFileNotFound);
-    auto search = std::make_unique<Search>();
+    std::unique_ptr<Search> search(new Search);
     bool collected = hasWildcards(last) ? collect(path, last, *search) : collectOne(path, last, *search);
     if (!collected) return -1;
     FoundEntry first;
