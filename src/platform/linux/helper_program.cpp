@@ -27,7 +27,7 @@ std::optional<int> runHelper(std::initializer_list<const char*> arguments, std::
     Descriptor in(::memfd_create("input", MFD_CLOEXEC));
     if (!in || !writeAll(in.get(), input) || ::lseek(in.get(), 0, SEEK_SET) != 0) return std::nullopt;
 
-    if (arguments.size() > kMostArguments) return std::nullopt;
+    if (arguments.size() == 0 || arguments.size() > kMostArguments) return std::nullopt;
     char* argv[kMostArguments + 1] = {};
     std::size_t count = 0;
     for (const char* argument : arguments) argv[count++] = const_cast<char*>(argument);

@@ -1,5 +1,5 @@
-// Drives of Linux: C: is the root of the file system and the only one. What is asked of its root is asked of a path, so
-// that each file system that is mounted somewhere tells of itself there.
+// Drives of Linux: C: is the root of the file system and the only one. Space and the name of the
+// file system are those of what is mounted where a path leads; the serial number is the root's.
 #include <fcntl.h>
 #include <sys/statfs.h>
 #include <sys/statvfs.h>
