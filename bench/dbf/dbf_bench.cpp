@@ -44,7 +44,10 @@ struct Place {
         files.put("T.DBF", content);
         if (!memos.empty()) files.put("T.DBT", memos);
         table = lib().DbfOpen(files.path("T").c_str(), kReadWrite);
-        if (!table) std::fprintf(stderr, "the table cannot be opened\n"), std::exit(1);
+        if (!table) {
+            std::fprintf(stderr, "the table cannot be opened\n");
+            std::exit(1);
+        }
         descriptor = ::open(files.native(memos.empty() ? "T.DBF" : "T.DBT").c_str(), O_RDWR);
     }
     ~Place() {

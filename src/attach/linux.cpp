@@ -1,3 +1,4 @@
+// Load and unload on Linux, by the loader's lists of functions.
 #include "frame/library.h"
 
 namespace {

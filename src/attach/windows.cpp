@@ -1,9 +1,15 @@
+// Load and unload on Windows.
 #include <windows.h>
 
 #include "frame/library.h"
 #include "platform/windows/lock.h"
 
 extern "C" {
+
+// No header declares what the runtime calls.
+void _lock(int);
+void _unlock(int);
+BOOL WINAPI DllMain(HINSTANCE, DWORD, LPVOID);
 
 // The C runtime's start-up code takes these for its list of exit functions. The MSVCRT.DLL of Windows NT 4.0 has
 // neither, and the list of a library changes only while it is loaded and unloaded, one thread at a time.

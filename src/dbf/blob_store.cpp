@@ -1,5 +1,9 @@
 // Blob files: a first-fit store with a doubly linked list of free blocks, whose last one is the end block.
 //
+// All blocks, free and in use, stand one behind the other, each with its own place in its trailer: from any block its
+// neighbours can be found, so that a block that is given back merges with free ones on both sides. Free blocks are
+// linked through their headers; the end block, which has no room, is where the file grows (layout: format.h).
+//
 // Nothing in a file is taken for granted: a block is handed out, or merged with another, only when its header, its
 // trailer and its links agree. When the list is damaged, new blocks go behind the end of the file. Each change is
 // made in an order in which, whenever it stops, no block in use is touched; at worst free room is lost.

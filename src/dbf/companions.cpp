@@ -1,9 +1,12 @@
+// Fields that refer to memos and blobs, by decimal numbers in the record: a memo's block on the right of its field, a
+// blob's offset and size each on the left of ten characters.
 #include "dbf/companions.h"
 
 #include <algorithm>
 #include <charconv>
 #include <cstring>
 
+#include "dbf/writing.h"
 #include "files/open_file.h"
 
 namespace vx::dbf {
@@ -24,7 +27,7 @@ std::string_view part(const Table& table, const Field& field, std::size_t from) 
     return all.substr(std::min(from, all.size()), kNumberWidth);
 }
 
-// `bytes` are no longer than the field is wide.
+// Has the field hold `bytes`, which are no longer than it is wide, in memory and in the file.
 bool refer(Table& table, const Field& field, std::string_view bytes, bool keeps = false) {
     char before[2 * kNumberWidth];
     char* to = table.at(field);

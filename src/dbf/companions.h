@@ -1,4 +1,7 @@
 // The memo and blob files of a table, and the fields that refer to what is in them.
+//
+// Order of writes: the value, then the field, in the record, in the table file; only then is what the field referred to
+// given up. So a field never refers to what is not there, and at worst room is lost.
 #pragma once
 
 #include <cstdint>

@@ -1,23 +1,25 @@
-// Making tables from a structure text, appending records, locks.
+// Making tables from a structure text; the entries of appending and locking.
+//
+// A structure text is laid out twice: once for the sizes of the record and the header, which count what every entry
+// asks for, then for the fields. The files come last, the table's own first: what fails half-way leaves files behind.
 #include "entries/dbfcreate.h"
 
 #include <algorithm>
 #include <charconv>
 #include <cstring>
-#include <limits>
+#include <new>
 
-#include "dbf/companions.h"
+#include "dbf/appending.h"
 #include "dbf/locks.h"
+#include "dbf/records.h"
 #include "dbf/registry.h"
-#include "dbf/table.h"
-#include "files/open_file.h"
+#include "dbf/table_path.h"
 
 namespace vx::dbf {
 namespace {
 
 constexpr char kEntryEnd = ':';
 constexpr char kPartEnd = ',';
-constexpr std::int32_t kAutomatic = -2;
 constexpr std::int64_t kMost16 = 0xFFFF;
 constexpr std::size_t kEmptyBlobFile = kFirstBlob + kBlobHeaderSize;
 constexpr std::size_t kEmptyDbtFile = kDbtBlockSize + 1;
@@ -128,7 +130,6 @@ void define(Table& table, std::int32_t index, const Definition& definition) {
     if (definition.name.size() >= kNameRoom || isTaken(table, index, definition.name)) return;
     bool isNumber = definition.type == 'N' || definition.type == 'F';
     std::int64_t width = isNumber ? definition.length & 0xFF : definition.length;
-    if (definition.type != 'V' && width + kAutomatic > table.dataSize()) return;
     setName(field, definition.name);
     field.type = definition.type;
     field.width = static_cast<std::uint8_t>(width);
@@ -158,7 +159,7 @@ bool layOut(Table& table, const Structure& structure) {
     table.fieldCount = static_cast<std::int32_t>(count);
     table.fields.reset(new (std::nothrow) Field[static_cast<std::size_t>(count)]);
     if (!table.fields || !makeBuffer(table)) return false;
-    std::memset(table.buffer.get(), ' ', table.capacity * table.recordSize());
+    std::memset(table.buffer.get(), ' ', table.bufferCapacity * table.recordSize());
     for (std::int32_t i = 0; i < table.fieldCount; ++i) setDefault(table.fields[i], i);
     std::int32_t index = 0;
     structure.each([&](std::string_view entry) {
@@ -196,9 +197,10 @@ bool createBlobFile(Table& table, const char* path) {
     char bytes[kEmptyBlobFile] = {};
     putLe16(bytes, kBlobMagic);
     putLe32(bytes + 2, kFirstBlob);
+    // kept: two numbers that nothing reads
     putLe32(bytes + 10, 60);
     putLe32(bytes + 14, 60);
-    putLe16(bytes + kFirstBlob, kBlobMagic);
+    putLe16(bytes + kFirstBlob, kBlobMagic);  // the end block, first in the free list
     table.blob = File::create(path);
     return table.blob.isOpen() && table.blob.write(0, bytes, sizeof bytes);
 }
@@ -222,75 +224,6 @@ std::unique_ptr<Table> createTable(const char* name, std::string_view text) {
     if (hasBlobs(version) && !createBlobFile(*table, path.with(".BLO").get())) return nullptr;
     if (hasMemos(version) && !createMemoFile(*table, path.with(".DBT").get())) return nullptr;
     return table;
-}
-
-// Writes so many blank records from a position on.
-bool writeBlanks(const File& file, std::int64_t position, std::size_t recordSize, std::int64_t count) {
-    Scratch scratch;
-    std::size_t atOnce = std::max<std::size_t>(Scratch::kAtHand / recordSize, 1);
-    atOnce = static_cast<std::size_t>(std::min<std::int64_t>(count, static_cast<std::int64_t>(atOnce)));
-    char* blanks = scratch.room(atOnce * recordSize);
-    if (!blanks) return false;
-    std::memset(blanks, ' ', atOnce * recordSize);
-    while (count > 0) {
-        std::size_t size = std::min<std::size_t>(atOnce, static_cast<std::size_t>(count)) * recordSize;
-        if (!file.write(position, blanks, size)) return false;
-        position += static_cast<std::int64_t>(size);
-        count -= static_cast<std::int64_t>(size / recordSize);
-    }
-    return true;
-}
-
-// Takes records back that could not be written or counted; what cannot be done now is done with the next write.
-void takeBack(Table& table, std::int64_t start, std::int64_t end) {
-    if (!table.writable) return;
-    KeptError cause;
-    table.leftoverStart = start;
-    table.leftoverEnd = end;
-    // Another handle may have counted them meanwhile.
-    if (table.shared) table.headerChanged = true;
-    writeBack(table);
-}
-
-// Counts the new records. Those of a shared table are there by the file's size alone, so a header that cannot be
-// written now is left for later; others are not counted at all.
-bool countRecords(Table& table, std::int64_t count) {
-    Header before = table.header;
-    table.header.setCount(static_cast<std::uint32_t>(count));
-    if (writeHeader(table) || table.shared) return true;
-    table.header = before;
-    KeptError cause;
-    table.headerChanged = !table.file.write(0, before.bytes, kHeaderSize);
-    return false;
-}
-
-bool addBlanks(Table& table, std::int64_t first, std::int64_t count) {
-    std::int64_t start = table.positionOf(first), end = table.positionOf(first + count);
-    if (end > platform::kLastPosition) return false;
-    if (writeBlanks(table.file, start, table.recordSize(), count) && countRecords(table, first + count - 1))
-        return true;
-    takeBack(table, start, end);
-    return false;
-}
-
-// The number of the first new record, 0 if they cannot be had.
-std::int64_t append(Table& table, std::uint32_t count) {
-    lockHeader(table);  // kept: given back when the table is closed, not before
-    if (!writeBack(table)) return 0;
-    if (count == 0) {
-        if (table.writable) writeHeader(table);
-        goTo(table, std::int64_t{table.count()} + 1);
-        return table.number;
-    }
-    if (!claimRecords(table, count)) return 0;
-    std::int64_t first = std::int64_t{table.count()} + 1;
-    if (!addBlanks(table, first, count)) {
-        // Others may have the numbers, unless something is left behind them.
-        if (table.leftoverEnd == 0) table.lock.giveBack(table.file);
-        return 0;
-    }
-    goToBlanks(table, first, count);
-    return first;
 }
 
 }  // namespace

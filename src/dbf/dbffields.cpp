@@ -1,12 +1,16 @@
 // Fields: what a table's descriptors tell, looking fields up by name, and their values in the current record.
+//
+// The values of most fields stand in the record itself; a put changes them there, in memory, and the record is written
+// when the table moves on. Memos and blobs are in files of their own and written at once (companions.h). A virtual
+// field has no value: it reads as an empty text, and what is put into it is dropped.
 #include "entries/dbffields.h"
 
 #include <algorithm>
 #include <cstring>
 
 #include "dbf/companions.h"
+#include "dbf/records.h"
 #include "dbf/registry.h"
-#include "dbf/table.h"
 #include "strings/trim.h"
 
 namespace vx::dbf {
@@ -61,31 +65,26 @@ std::uint32_t getStored(Table& table, const Field& field, char* to) {
     return static_cast<std::uint32_t>(size);
 }
 
-std::uint32_t getOther(Table& table, Field& field, char* to) {
-    std::uint32_t size = 0;
+// Memos, blobs and virtual fields. A blob has no terminator, but where there is none stands an empty text.
+std::uint32_t getOther(Table& table, const Field& field, char* to) {
     bool isThere = hasRecord(table);
     if (isThere && field.type == 'M') return getMemo(table, field, to);
-    if (isThere && field.type == 'B') size = readBlob(table, field, to);
-    if (isThere && field.type == 'V' && field.compute) size = field.compute(table, field, to);
+    std::uint32_t size = isThere && field.type == 'B' ? readBlob(table, field, to) : 0;
     if (size == 0) *to = '\0';
     return size;
 }
 
 // How many bytes the value has. Without a table and a field it is an empty text. Inlined, with the usual field first:
-// scanning a table is little else.
+// scanning a table ("DBF scan" in bench/dbf) is little else.
 [[gnu::always_inline]] inline std::uint32_t getValue(const Place& place, char* to) {
     if (!to) return 0;
     if (!place) {
         *to = '\0';
         return 0;
     }
-    Table& table = *place.table;
-    Field& field = *place.field;
-    if (field.isStored && !field.notify) [[likely]]
-        return getStored(table, field, to);
-    std::uint32_t size = field.isStored ? getStored(table, field, to) : getOther(table, field, to);
-    if (field.notify) field.notify(table, field, kFieldRead);
-    return size;
+    if (place.field->isStored) [[likely]]
+        return getStored(*place.table, *place.field, to);
+    return getOther(*place.table, *place.field, to);
 }
 
 // The same for texts up to a NUL that is in them.
@@ -124,7 +123,6 @@ bool putMemo(Table& table, Field& field, std::string_view text) {
 
 bool putValue(Table& table, Field& field, std::string_view value) {
     if (!hasRecord(table)) return false;
-    if (field.notify) field.notify(table, field, kFieldWritten);
     char* to = table.at(field);
     auto width = static_cast<std::size_t>(field.extent);
     switch (field.type) {
@@ -164,7 +162,7 @@ std::uint32_t sizeOfMemo(const Table& table, std::int64_t block) {
     return table.memoStyle == MemoStyle::kDbt ? sizeOfDbtMemo(table, block) : sizeOfFptMemo(table, block);
 }
 
-std::uint32_t sizeOfValue(Table& table, Field& field) {
+std::uint32_t sizeOfValue(Table& table, const Field& field) {
     switch (field.type) {
         case 'M':
             return hasRecord(table) ? sizeOfMemo(table, referenceIn(table, field)) : 0;
@@ -173,7 +171,7 @@ std::uint32_t sizeOfValue(Table& table, Field& field) {
         case 'N':
             return field.width;
         case 'V':
-            return field.compute ? field.compute(table, field, nullptr) : 0;
+            return 0;
         default:
             return static_cast<std::uint32_t>(field.lengthWord());  // kept: of F as well
     }
@@ -188,7 +186,6 @@ std::uint32_t putName(const Place& place, char* buffer) {
 }
 
 }  // namespace
-
 }  // namespace vx::dbf
 
 using namespace vx;

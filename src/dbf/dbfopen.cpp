@@ -1,10 +1,13 @@
 // Opening and closing tables, moving about in them, whole records.
+//
+// A table that could not be written stays open under its handle, so that closing it can be tried again.
 #include "entries/dbfopen.h"
 
 #include <cstring>
 
+#include "dbf/records.h"
 #include "dbf/registry.h"
-#include "dbf/table.h"
+#include "dbf/writing.h"
 
 using namespace vx;
 using namespace vx::dbf;
@@ -37,7 +40,6 @@ std::size_t getRecord(Table* table, char* buffer) {
         std::memset(buffer, ' ', size);
     } else {
         std::memcpy(buffer, table->data(), size);
-        if (table->recordCame) table->recordCame(*table);
     }
     return size;
 }
@@ -122,7 +124,6 @@ uint32_t VX_CALL vx_strdbfRecordGet(uint32_t handle, char* buffer) noexcept {
 int32_t VX_CALL vx_DbfRecordPut(uint32_t handle, const void* data) noexcept {
     Table* table = find(handle);
     if (!table || !data || !hasRecord(*table)) return 1;
-    if (table->recordGoing) table->recordGoing(*table);
     std::memcpy(table->data(), data, static_cast<std::size_t>(table->dataSize()));
     table->bufferChanged = true;
     return 1;

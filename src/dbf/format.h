@@ -1,4 +1,28 @@
 // The bytes of table, memo and blob files: where things are, and how numbers are stored.
+//
+// A table file, little-endian:
+//
+//   header, 32 bytes         0 version, 1 date of the last change (year - 1900, month, day), 4 number of records,
+//                            8 where the records begin, 10 size of a record, the rest is kept as it was read
+//   a descriptor a field,    0 name, filled up with NULs, 11 type, 12 offset in the record, 16 length; of numbers 16 is
+//   32 bytes                 the width and 17 the decimals, else both are the length. The offset, and at 18 the name's
+//                            length + 1, are written for others: readers add the lengths up
+//   end mark, 1 byte         how many fields there are follows from where the records begin, not from it
+//   records                  a deletion flag, then the fields; no end mark is needed behind the last
+//
+// A memo file of the dBASE kind, blocks of 512 bytes: block 0 begins with the next free block, which is not heeded; a
+// memo is the text from the begin of its block to the end mark.
+//
+// A memo file of the FoxPro kind, big-endian: 0 next free block, 6 size of a block. A memo: 0 type, 4 length of the
+// text, 8 the text.
+//
+// A blob file, little-endian: 0 the magic, 2 first block of the free list. A block:
+//
+//   header, 20 bytes         0 the magic, 4 next and 8 previous block of the free list, 12 bytes in use, 16 capacity
+//   data                     as much as the capacity
+//   trailer, 4 bytes         where the block begins
+//
+// A free block has none of its bytes in use; the last of the list, the end block, has neither capacity nor trailer.
 #pragma once
 
 #include <cstddef>
@@ -12,7 +36,7 @@
 
 namespace vx::dbf {
 
-// Table files, little-endian: a header, a descriptor a field, the end mark, then the records.
+// Table files.
 inline constexpr std::size_t kHeaderSize = 32;
 inline constexpr std::size_t kDescriptorSize = 32;
 inline constexpr std::size_t kNameRoom = 11;
@@ -42,24 +66,23 @@ inline constexpr char kMemoEnd = 0x1A;
 inline constexpr std::size_t kLongestDbtRead = 65536;
 inline constexpr std::size_t kLongestDbtWrite = 32768;
 
-// Memo files of the FoxPro kind, big-endian: next free block, and at 6 the block size; a block: type, length, text.
+// Memo files of the FoxPro kind.
 inline constexpr std::size_t kFptHeaderSize = 8;
 inline constexpr std::size_t kFptBlockHeaderSize = 8;
 inline constexpr std::size_t kFptUsualHeaderRoom = 512;
 inline constexpr std::uint32_t kFptText = 1;
 
-// Blob files, little-endian: the magic, then at 2 the first block of the free list. A block: its header, its data area
-// and, but for the end block, its own offset.
+// Blob files.
 inline constexpr std::uint16_t kBlobMagic = 0xFE07;
 inline constexpr std::size_t kBlobFileHeaderSize = 18;
 inline constexpr std::size_t kBlobHeaderSize = 20;
 inline constexpr std::size_t kBlobTrailerSize = 4;
 inline constexpr std::uint32_t kFirstBlob = 64;
 
-inline std::uint16_t le16(const char* p) { return static_cast<std::uint16_t>(byteOf(p[0]) | byteOf(p[1]) << 8); }
-inline std::uint32_t le32(const char* p) { return le16(p) | std::uint32_t{le16(p + 2)} << 16; }
-inline std::uint16_t be16(const char* p) { return static_cast<std::uint16_t>(byteOf(p[0]) << 8 | byteOf(p[1])); }
-inline std::uint32_t be32(const char* p) { return std::uint32_t{be16(p)} << 16 | be16(p + 2); }
+inline std::uint16_t le16(const char* p) { return static_cast<std::uint16_t>(byteOf(p[0]) | (byteOf(p[1]) << 8)); }
+inline std::uint32_t le32(const char* p) { return le16(p) | (std::uint32_t{le16(p + 2)} << 16); }
+inline std::uint16_t be16(const char* p) { return static_cast<std::uint16_t>((byteOf(p[0]) << 8) | byteOf(p[1])); }
+inline std::uint32_t be32(const char* p) { return (std::uint32_t{be16(p)} << 16) | be16(p + 2); }
 
 inline void putLe16(char* p, std::uint32_t n) {
     p[0] = static_cast<char>(n);
@@ -73,7 +96,8 @@ inline void putBe32(char* p, std::uint32_t n) {
     for (int i = 0; i < 4; ++i) p[i] = static_cast<char>(n >> (24 - 8 * i));
 }
 
-// The decimal number that a text begins with, after blanks: 0 if there is none, or it is negative.
+// The decimal number that a text begins with, after blanks: 0 if there is none, or it is negative. One that is larger
+// than any file can mean ends early, so that a row of digits without end cannot overflow.
 inline std::int64_t decimalOf(std::string_view text) {
     std::size_t i = 0;
     while (i < text.size() && text[i] == ' ') ++i;

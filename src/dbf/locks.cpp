@@ -2,15 +2,14 @@
 
 #include <algorithm>
 
+#include "dbf/records.h"
+#include "dbf/writing.h"
+
 namespace vx::dbf {
 namespace {
 
-constexpr std::uint32_t kRecordLocks = 1'000'000'000;  // and the record's number
-constexpr std::uint32_t kTableLock = 1'000'000'001;
-constexpr std::uint32_t kTableLockLength = 2'000'000'000;
 constexpr int kHeaderAttempts = 4;
 constexpr int kGivingBackAttempts = 4;
-
 constexpr std::uint32_t kPatience = 2000;  // milliseconds
 constexpr std::uint32_t kLongestNap = 20;
 
@@ -26,16 +25,20 @@ bool insist(Try once) {
     return true;
 }
 
-// The one before was given back.
-bool hold(Table& table, std::int64_t offset, std::uint32_t length) {
-    table.lock = {static_cast<std::uint32_t>(offset), length};
+// As the table's one lock; the one before was given back.
+bool hold(Table& table, const Region& region) {
+    table.lock = region;
     return table.lock.take(table.file);
 }
 
-bool holdAnew(Table& table, std::int64_t offset, std::uint32_t length) {
-    if (!hold(table, offset, length)) return false;
+bool holdAndForget(Table& table, const Region& region) {
+    if (!hold(table, region)) return false;
     forget(table);
     return true;
+}
+
+Region recordRegion(std::int64_t first, std::uint32_t count) {
+    return {static_cast<std::uint32_t>(kRecordRegions + first), count};
 }
 
 // For a lock that nobody asks to give back later: others would wait for it in vain.
@@ -47,18 +50,20 @@ void giveBackSurely(Region& region, const File& file) {
 }  // namespace
 
 bool unlock(Table& table) {
-    return !table.lock.held || (writeBack(table) && table.file.commit() && table.lock.giveBack(table.file));
+    if (!table.lock.held) return true;
+    return writeBack(table) && table.file.commit() && table.lock.giveBack(table.file);
 }
 
 bool lockTable(Table& table) {
-    return !table.shared || (unlock(table) && holdAnew(table, kTableLock, kTableLockLength));
+    if (!table.shared) return true;
+    return unlock(table) && holdAndForget(table, kTableRegion);
 }
 
 bool lockRecords(Table& table, std::uint32_t count) {
     if (!table.shared) return true;
     bool isOnRecord = !table.noRecord || table.forgotten;
     if (count == 0 || !isOnRecord || !unlock(table)) return false;
-    return holdAnew(table, kRecordLocks + table.number, count);
+    return holdAndForget(table, recordRegion(table.number, count));
 }
 
 bool lockHeader(Table& table) {
@@ -81,7 +86,7 @@ bool claimRecords(Table& table, std::uint32_t count) {
     return insist([&] {
         if (!recount(table)) return false;
         std::uint32_t before = table.count();
-        if (!hold(table, kRecordLocks + std::int64_t{before} + 1, count)) return false;
+        if (!hold(table, recordRegion(std::int64_t{before} + 1, count))) return false;
         if (recount(table) && table.count() == before) return true;
         table.lock.giveBack(table.file);
         return false;

@@ -1,4 +1,14 @@
-// Byte-range locks between the handles and processes that share a table, far behind any data.
+// Locks between the handles and processes that share a table (the ranges: regions.h).
+//
+//   held by                        lock                       until
+//   DbfLock, DbfRlock              table, or some records     unlock, the next lock, or the end
+//   an append                      header, and its records    the end; the records as those of DbfRlock
+//   whoever corrects the header    header, if it is free      the header is written
+//   whoever writes the header      count                      it is written
+//   a put of a memo or a blob      memo or blob file          it and the record that refers to it are written
+//
+// None of them keeps others from reading or writing: who wants to change a record that others may change, too, locks
+// it.
 #pragma once
 
 #include <cstdint>

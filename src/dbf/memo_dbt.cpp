@@ -1,4 +1,7 @@
 // Memo files of the dBASE kind: blocks of 512 bytes, a text up to its end mark.
+//
+// Every put goes behind the file's end, and the memo that the field had stays where it is, used by nobody: other
+// records may refer to it. First the text is written, then the field; what cannot be written whole is cut off.
 #include <algorithm>
 #include <cstring>
 
@@ -8,7 +11,8 @@
 namespace vx::dbf {
 namespace {
 
-// Passes the text on piece by piece, with where it begins; returns its size.
+// Passes the text on piece by piece, with where it begins; returns its size. Where no end mark comes, the text ends at
+// the end of the file, or as the longest that is read.
 template <class Take>
 std::uint32_t readText(const Table& table, std::int64_t block, Take take) {
     if (!table.memo.isOpen() || block < 1) return 0;

@@ -1,4 +1,8 @@
 // Memo files of the FoxPro kind: blocks of any size, a text with its length before it.
+//
+// A text that fits into the blocks of the memo before is written over it, whole or not at all as far as the file
+// allows. A longer one goes to the next free block; then the file's header says what is free, then the field refers to
+// it. Blocks that are left are not used again.
 #include <algorithm>
 #include <cstring>
 
@@ -50,7 +54,7 @@ std::int64_t roomOf(const Table& table, const Block& block) {
     return block.length - block.length % size + size - static_cast<std::int64_t>(kFptBlockHeaderSize);
 }
 
-bool rewrite(Table& table, std::int64_t number, const Block& block, std::string_view text) {
+bool rewriteMemo(Table& table, std::int64_t number, const Block& block, std::string_view text) {
     Scratch scratch;
     char* bytes = compose(scratch, be32(block.header), text);
     if (!bytes || !overwrite(table.memo, positionOf(table, number), {bytes, kFptBlockHeaderSize + text.size()}))
@@ -68,7 +72,7 @@ std::int64_t freeBlock(const Table& table, std::int64_t end) {
     return sound ? block : blocksIn(table, std::max<std::int64_t>(end, kFptUsualHeaderRoom));
 }
 
-bool append(Table& table, Field& field, std::string_view text) {
+bool addMemo(Table& table, Field& field, std::string_view text) {
     Scratch scratch;
     std::int64_t end = table.memo.size();
     char* bytes = compose(scratch, kFptText, text);
@@ -114,9 +118,9 @@ bool writeFptMemo(Table& table, Field& field, std::string_view text) {
     if (!lock) return false;
     std::int64_t number = referenceIn(table, field);
     Block old;
-    if (number < 1) return append(table, field, text);
+    if (number < 1) return addMemo(table, field, text);
     bool fits = readBlock(table, number, old) && static_cast<std::int64_t>(text.size()) <= roomOf(table, old);
-    return fits ? rewrite(table, number, old, text) : append(table, field, text);
+    return fits ? rewriteMemo(table, number, old, text) : addMemo(table, field, text);
 }
 
 }  // namespace vx::dbf

@@ -42,7 +42,7 @@ std::uint32_t processorFamily() {
 #endif
     unsigned signature, ebx, ecx, edx;
     __cpuid(1, signature, ebx, ecx, edx);
-    return signature >> 8 & 0xF;
+    return (signature >> 8) & 0xF;
 }
 
 }  // namespace vx::platform

@@ -1,3 +1,4 @@
+// The processor's family, which no system tells in the same way.
 #pragma once
 
 #include <cstdint>

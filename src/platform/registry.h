@@ -1,8 +1,10 @@
 // Numbers for what is open: files, searches, tables. A number is positive; it holds a slot and how often the slot was
 // taken, so that a stale or made-up one is found out.
 //
-// Slots never move, and looking one up takes no lock. Who uses a number while another thread closes it gets what a
-// closed item gives, or the item that took the slot since.
+// Of a number's 31 bits the upper 13 count how often the slot was taken, from 1 on, and the lower 18 hold the slot's
+// index, shifted. Slots come in chunks of 256 that stay until the end, the first within the registry itself; free ones
+// are linked. Slots never move, and looking one up takes no lock. Who uses a number while another thread closes it gets
+// what a closed item gives, or the item that took the slot since.
 #pragma once
 
 #include <atomic>
@@ -24,7 +26,7 @@ class Registry {
         Slot* slot = take();
         if (!slot) return 0;
         fill(slot->item);
-        std::uint32_t number = slot->generation << kGenerationShift | slot->index << indexShift;
+        std::uint32_t number = (slot->generation << kGenerationShift) | (slot->index << indexShift);
         slot->number.store(number, std::memory_order_release);
         return static_cast<std::int32_t>(number);
     }
@@ -65,7 +67,7 @@ class Registry {
     Slot* slotOf(std::int32_t number) {
         std::uint32_t bits = static_cast<std::uint32_t>(number);
         if (number <= 0 || bits % (1u << indexShift) != 0) return nullptr;
-        std::uint32_t index = bits >> indexShift & (kChunks * kChunkSize - 1);
+        std::uint32_t index = (bits >> indexShift) & (kChunks * kChunkSize - 1);
         Slot* chunk = index < kChunkSize ? first_ : chunks_[index / kChunkSize].load(std::memory_order_acquire);
         if (!chunk) return nullptr;
         Slot* slot = chunk + index % kChunkSize;

@@ -11,7 +11,6 @@ namespace vx::platform {
 namespace {
 
 constexpr long kNanosecondsPerMillisecond = 1'000'000;
-
 constexpr FileTime kStepsPerMillisecond = 10'000;
 
 std::uint16_t field(int value) { return static_cast<std::uint16_t>(value); }

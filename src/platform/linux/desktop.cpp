@@ -1,13 +1,9 @@
-#include <fcntl.h>
-#include <unistd.h>
-
-#include <algorithm>
-#include <cerrno>
+// Desktop of Linux. There is no one call for a box or for the clipboard: the programs that desktops bring along are
+// tried one after the other, the ones of the newer desktops first, and a box falls back on the terminal.
 #include <cstdlib>
 #include <cstring>
-#include <iterator>
-#include <string>
 
+#include "platform/linux/descriptor.h"
 #include "platform/linux/helper_program.h"
 #include "platform/platform.h"
 
@@ -19,33 +15,22 @@ constexpr std::int32_t kOk = 1;
 
 bool showDialog(const char* text, const char* title, BoxIcon icon) {
     const char* zenityKind = icon == BoxIcon::kInformation ? "--info" : "--warning";
-    const std::vector<const char*> dialogs[] = {
-        {"zenity", zenityKind, "--no-markup", "--title", title, "--text", text},
-        {"kdialog", "--title", title, "--msgbox", text},
-        {"xmessage", "-center", "-buttons", "OK:0", "-title", title, text},
-    };
-    for (const auto& dialog : dialogs) {
-        if (runHelper(dialog)) return true;
-    }
-    return false;
+    return runHelper({"zenity", zenityKind, "--no-markup", "--title", title, "--text", text}) ||
+           runHelper({"kdialog", "--title", title, "--msgbox", text}) ||
+           runHelper({"xmessage", "-center", "-buttons", "OK:0", "-title", title, text});
 }
 
 // On the terminal, and only when this process is in its foreground: a background one would be stopped by reading.
 bool showOnTerminal(const char* text, const char* title) {
-    int terminal = ::open("/dev/tty", O_RDWR | O_CLOEXEC | O_NOCTTY);
-    if (terminal < 0) return false;
-    bool shown = false;
-    if (::tcgetpgrp(terminal) == ::getpgrp()) {
-        std::string notice = std::string("\r\n[") + title + "]\r\n" + text + "\r\nPress Enter to go on. ";
-        shown = ::write(terminal, notice.data(), notice.size()) == static_cast<ssize_t>(notice.size());
-        char key = '\0';
-        while (shown && key != '\n') {
-            ssize_t count = ::read(terminal, &key, 1);
-            if (count == 0 || (count < 0 && errno != EINTR)) break;
-        }
+    Descriptor terminal(::open("/dev/tty", O_RDWR | O_CLOEXEC | O_NOCTTY));
+    if (!terminal || ::tcgetpgrp(terminal.get()) != ::getpgrp()) return false;
+    for (const char* piece : {"\r\n[", title, "]\r\n", text, "\r\nPress Enter to go on. "}) {
+        if (!writeAll(terminal.get(), piece)) return false;
     }
-    ::close(terminal);
-    return shown;
+    char key = '\0';
+    while (key != '\n' && uninterrupted([&] { return ::read(terminal.get(), &key, 1); }) > 0) {
+    }
+    return true;
 }
 
 bool desktopIs(const char* name) {
@@ -69,10 +54,8 @@ class LinuxDesktop final : public Desktop {
     void emptyClipboard() override {}
 
     bool setClipboardText(char* text) override {
-        const std::vector<const char*> tools[] = {
-            {"wl-copy"}, {"xclip", "-selection", "clipboard"}, {"xsel", "--clipboard", "--input"}};
-        bool taken = std::any_of(std::begin(tools), std::end(tools),
-                                 [text](const auto& tool) { return runHelper(tool, text) == 0; });
+        bool taken = runHelper({"wl-copy"}, text) == 0 || runHelper({"xclip", "-selection", "clipboard"}, text) == 0 ||
+                     runHelper({"xsel", "--clipboard", "--input"}, text) == 0;
         std::free(text);
         return taken;
     }

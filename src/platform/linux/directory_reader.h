@@ -1,4 +1,5 @@
-// The names in a directory, in the system's order, without `.` and `..`.
+// The names in a directory, in the system's order, without `.` and `..`. By the system call itself, since the C
+// library's way there asks for memory.
 #pragma once
 
 #include <dirent.h>

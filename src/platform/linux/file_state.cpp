@@ -1,16 +1,20 @@
+// A file that becomes read-only loses write permissions that differ from file to file; they are kept with it, in an
+// extended attribute of the library's own, and given back when it becomes writable again. They count only as long as
+// nobody has changed the permissions since.
 #include "platform/linux/file_state.h"
 
-#include <fcntl.h>
 #include <sys/statfs.h>
 #include <sys/xattr.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <charconv>
 #include <cstdio>
 #include <cstring>
+#include <string>
 #include <string_view>
+
+#include "platform/linux/descriptor.h"
+#include "platform/linux/system_file.h"
 
 namespace vx::platform {
 namespace {
@@ -83,23 +87,23 @@ void fill(const File& file, const struct statx& state, FileInformation& informat
     times.created = state.stx_mask & STATX_BTIME ? fileTimeOf(state.stx_btime)
                                                  : std::min(times.written, fileTimeOf(state.stx_ctime));
     information.size = S_ISDIR(mode) ? 0 : state.stx_size;
-    information.identity = {std::uint64_t{state.stx_dev_major} << 32 | state.stx_dev_minor, state.stx_ino};
+    information.identity = {(std::uint64_t{state.stx_dev_major} << 32) | state.stx_dev_minor, state.stx_ino};
 }
 
 // What a file may be written by again after it was read-only: who reads it, as far as new files allow.
-mode_t writable(mode_t mode, mode_t mask) { return mode | S_IWUSR | ((mode & 0044) >> 1 & ~mask); }
+mode_t writable(mode_t mode, mode_t mask) {
+    mode_t readers = mode & 0044;
+    return mode | S_IWUSR | ((readers >> 1) & ~mask);
+}
 
 // Asking umask itself would change it for the other threads meanwhile.
 mode_t newFileMask() {
-    char text[1024];
-    int status = ::open("/proc/self/status", O_RDONLY | O_CLOEXEC);
-    ssize_t size = status < 0 ? -1 : ::read(status, text, sizeof text);
-    if (status >= 0) ::close(status);
-    std::string_view content(text, static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
-    std::size_t found = content.find("Umask:\t");
+    constexpr std::string_view kKey = "Umask:\t";
+    std::string status = systemFile("/proc/self/status");
+    std::size_t found = status.find(kKey);
     unsigned mask = 022;
-    if (found != std::string_view::npos) {
-        std::from_chars(content.data() + found + 7, content.data() + content.size(), mask, 8);
+    if (found != std::string::npos) {
+        std::from_chars(status.data() + found + kKey.size(), status.data() + status.size(), mask, 8);
     }
     return mask;
 }
@@ -111,9 +115,8 @@ bool store(const File& file, mode_t mode, const char* name, std::string_view val
     // The owner of a read-only file may change its attributes on Windows; here only while it can be written.
     if (file.changeMode(mode | S_IWUSR) != 0) return false;
     bool done = file.set(name, value) == 0;
-    int kept = errno;
+    KeptErrno kept;
     file.changeMode(mode);
-    errno = kept;
     return done;
 }
 
@@ -131,9 +134,8 @@ bool protect(const File& file, mode_t mode) {
     int size = std::snprintf(text, sizeof text, "%o", mode & kPermissions);
     bool remembered = store(file, mode, kPermissionsName, {text, static_cast<std::size_t>(size)});
     if (file.changeMode(mode & ~kWritePermissions) == 0) return true;
-    int kept = errno;
+    KeptErrno kept;
     if (remembered) file.remove(kPermissionsName);
-    errno = kept;
     return false;
 }
 

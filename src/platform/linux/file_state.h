@@ -1,6 +1,11 @@
 // What the system knows of a file or directory, in Windows' terms.
+//
+// A file is read-only when nobody may write it. The attributes that Linux has no place for (hidden, system, archive)
+// stand in an extended attribute, by the name and in the form that file servers for Windows use, so that both agree.
+// Without one, a file has the archive attribute alone, and a directory none.
 #pragma once
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <time.h>
 
@@ -16,6 +21,11 @@ timespec timespecOf(FileTime time);
 
 // No write permission at all: also root sees such a file as read-only.
 inline bool isReadOnly(mode_t mode) { return (mode & 0222) == 0; }
+
+// A symbolic link's own state. As fstatat.
+inline int ownState(const char* path, struct stat& state) {
+    return ::fstatat(AT_FDCWD, path, &state, AT_SYMLINK_NOFOLLOW);
+}
 
 // Fill in all but the volume's serial number. False, with errno, if the system does not tell. A symbolic link has
 // kLink and what it leads to; if that is nothing, it is a file.

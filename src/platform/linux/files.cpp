@@ -1,13 +1,17 @@
 // Open files of Linux.
-#include <fcntl.h>
+//
+// A handle is a number of the registry. Each open file keeps its position itself, so that a read or write is one
+// positioned call and a seek none; the descriptor's own position means nothing. Sharing modes are marks (sharing.h),
+// which are placed after opening: where two programs claim a file at once, both step back and try again.
+//
+// Here and beside, calls whose names the library exports itself (exports/clashes.txt) are made in their forms with a
+// directory, or by number.
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <atomic>
-#include <cerrno>
 
 #include "platform/linux/descriptor.h"
 #include "platform/linux/file_state.h"
@@ -25,14 +29,14 @@ namespace {
 constexpr int kOpenFlags = O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
 
 struct OpenFile {
-    std::atomic<int> descriptor{-1};
+    std::atomic<int> current{-1};  // the descriptor
     std::atomic<std::int64_t> position{0};
     bool reads = false;
     bool writes = false;
     RegionLocks locks;
-};
 
-std::int32_t failedCall() { return failed(-1, systemErrorCode()); }
+    int descriptor() const { return current.load(std::memory_order_relaxed); }
+};
 
 std::uint32_t allowed(std::int64_t position, std::uint32_t count) {
     return static_cast<std::uint32_t>(std::min<std::int64_t>(count, kLastPosition - position));
@@ -98,7 +102,7 @@ constinit LinuxFiles linuxFiles;
 
 std::int32_t LinuxFiles::handOut(Descriptor descriptor, bool reads, bool writes) {
     std::int32_t handle = files_.add([&](OpenFile& file) {
-        file.descriptor.store(descriptor.get(), std::memory_order_relaxed);
+        file.current.store(descriptor.get(), std::memory_order_relaxed);
         file.position.store(0, std::memory_order_relaxed);
         file.reads = reads;
         file.writes = writes;
@@ -154,7 +158,7 @@ std::int32_t LinuxFiles::open(const char* name, std::uint32_t mode) {
         Descriptor descriptor;
         callWith(path, [&](const char* text) { return (descriptor = openPath(text, mode, state)).get(); });
         if (!descriptor) return failed(-1, errno == EAGAIN ? std::uint32_t{kSharingViolation} : systemErrorCode());
-        bool refused = S_ISDIR(state.st_mode) || (marks & kWrites && isReadOnly(state.st_mode));
+        bool refused = S_ISDIR(state.st_mode) || ((marks & kWrites) && isReadOnly(state.st_mode));
         if (refused) return failed(-1, kAccessDenied);
         if (!S_ISREG(state.st_mode) || placeMarks(descriptor.get(), marks)) {
             return handOut(std::move(descriptor), marks & kReads, marks & kWrites);
@@ -168,12 +172,13 @@ std::int32_t LinuxFiles::open(const char* name, std::uint32_t mode) {
 // Whether the attributes and marks of a file that is there let it be emptied; then it is. False with the reason.
 bool makeNew(int descriptor, std::uint32_t attributes) {
     FileInformation before;
-    if (!readState(descriptor, before)) return failed(false, systemErrorCode());
+    if (!readState(descriptor, before)) return failedCall(false);
+    // A file that is hidden or a system file is made anew only as what it is.
     std::uint32_t kept = kReadOnly | (~attributes & (kHidden | kSystem));
     if (before.attributes & kept) return failed(false, kAccessDenied);
     if (!placeMarks(descriptor, kReads | kWrites)) return failed(false, kSharingViolation);
     bool done = writeAttributes(descriptor, attributes | kArchive) && ::syscall(SYS_ftruncate, descriptor, 0) == 0;
-    return done || failed(false, systemErrorCode());
+    return done || failedCall(false);
 }
 
 std::int32_t LinuxFiles::create(const char* name, std::uint32_t attributes) {
@@ -192,12 +197,12 @@ std::int32_t LinuxFiles::create(const char* name, std::uint32_t attributes) {
             pauseBetweenClaims();
             continue;
         }
-        if (errno != ENOENT) return failedCall();
+        if (errno != ENOENT) return failedCall(-1);
         if (path.asDirectory()) return failed(-1, kInvalidName);
         mode_t mode = attributes & kReadOnly ? 0444 : 0666;
         descriptor = Descriptor(openFor(path.text(), O_RDWR | O_CREAT | O_EXCL, mode));
         if (descriptor) return start(std::move(descriptor), path.text(), attributes);
-        if (errno != EEXIST || attempt == kClaimAttempts) return failedCall();
+        if (errno != EEXIST || attempt == kClaimAttempts) return failedCall(-1);
     }
 }
 
@@ -216,13 +221,13 @@ std::int32_t LinuxFiles::start(Descriptor descriptor, const char* path, std::uin
 bool LinuxFiles::close(std::int32_t handle) {
     bool closed = false;
     bool known = files_.remove(handle, [&](OpenFile& file) {
-        int descriptor = file.descriptor.exchange(-1, std::memory_order_relaxed);
+        int descriptor = file.current.exchange(-1, std::memory_order_relaxed);
         file.locks.clear(descriptor);
         // What an interrupted close closes is closed.
         closed = ::close(descriptor) == 0 || errno == EINTR;
     });
     if (!known) return failed(false, kInvalidHandle);
-    return closed || failed(false, systemErrorCode());
+    return closed || failedCall(false);
 }
 
 std::int32_t LinuxFiles::read(std::int32_t handle, void* to, std::uint32_t count) {
@@ -249,8 +254,8 @@ std::int32_t LinuxFiles::readAt(std::int32_t handle, std::int64_t position, void
     if (!file) return -1;
     if (!file->reads) return failed(-1, kAccessDenied);
     if (position < 0) return failed(-1, kInvalidParameter);
-    ssize_t done = readFrom(file->descriptor.load(std::memory_order_relaxed), position, to, count);
-    return done >= 0 ? static_cast<std::int32_t>(done) : failedCall();
+    ssize_t done = readFrom(file->descriptor(), position, to, count);
+    return done >= 0 ? static_cast<std::int32_t>(done) : failedCall(-1);
 }
 
 std::int32_t LinuxFiles::writeAt(std::int32_t handle, std::int64_t position, const void* from, std::uint32_t count) {
@@ -259,7 +264,7 @@ std::int32_t LinuxFiles::writeAt(std::int32_t handle, std::int64_t position, con
     if (!file->writes) return failed(-1, kAccessDenied);
     if (count == 0) return 0;
     if (position < 0 || position >= kLastPosition) return failed(-1, kInvalidParameter);
-    int descriptor = file->descriptor.load(std::memory_order_relaxed);
+    int descriptor = file->descriptor();
     std::uint32_t wanted = allowed(position, count);
     std::uint32_t written = 0;
     // What falls short is tried on: the second call tells the reason.
@@ -298,51 +303,48 @@ std::int64_t LinuxFiles::size(std::int32_t handle) {
     OpenFile* file = opened(handle);
     if (!file) return -1;
     // The descriptor's own position serves nothing else, and finding its end is what costs least.
-    int descriptor = file->descriptor.load(std::memory_order_relaxed);
+    int descriptor = file->descriptor();
     off_t end = ::lseek(descriptor, 0, SEEK_END);
     if (end >= 0) return end;
     struct stat state;
     // What the system makes up while it is read has no end to go to.
-    return errno == EINVAL && ::fstat(descriptor, &state) == 0 ? state.st_size : failedCall();
+    return errno == EINVAL && ::fstat(descriptor, &state) == 0 ? state.st_size : failedCall(off_t{-1});
 }
 
 bool LinuxFiles::truncate(std::int32_t handle) {
     OpenFile* file = opened(handle);
     if (!file) return false;
     if (!file->writes) return failed(false, kAccessDenied);
-    long done = uninterrupted([&] {
-        return ::syscall(SYS_ftruncate, file->descriptor.load(std::memory_order_relaxed),
-                         file->position.load(std::memory_order_relaxed));
-    });
-    return done == 0 || failed(false, systemErrorCode());
+    long done = uninterrupted(
+        [&] { return ::syscall(SYS_ftruncate, file->descriptor(), file->position.load(std::memory_order_relaxed)); });
+    return done == 0 || failedCall(false);
 }
 
 bool LinuxFiles::flush(std::int32_t handle) {
     OpenFile* file = opened(handle);
     if (!file) return false;
     if (!file->writes) return failed(false, kAccessDenied);
-    int descriptor = file->descriptor.load(std::memory_order_relaxed);
+    int descriptor = file->descriptor();
     // EINVAL is what a pipe or a terminal answers, which keep nothing back.
-    return uninterrupted([&] { return ::fsync(descriptor); }) == 0 || errno == EINVAL ||
-           failed(false, systemErrorCode());
+    return uninterrupted([&] { return ::fsync(descriptor); }) == 0 || errno == EINVAL || failedCall(false);
 }
 
 bool LinuxFiles::lock(std::int32_t handle, std::uint32_t offset, std::uint32_t length) {
     OpenFile* file = opened(handle);
-    return file && file->locks.lock(file->descriptor.load(std::memory_order_relaxed), offset, length);
+    return file && file->locks.lock(file->descriptor(), offset, length);
 }
 
 bool LinuxFiles::unlock(std::int32_t handle, std::uint32_t offset, std::uint32_t length) {
     OpenFile* file = opened(handle);
-    return file && file->locks.unlock(file->descriptor.load(std::memory_order_relaxed), offset, length);
+    return file && file->locks.unlock(file->descriptor(), offset, length);
 }
 
 bool LinuxFiles::information(std::int32_t handle, FileInformation& information) {
     OpenFile* file = opened(handle);
     if (!file) return false;
-    int descriptor = file->descriptor.load(std::memory_order_relaxed);
+    int descriptor = file->descriptor();
     FileInformation found;
-    if (!readState(descriptor, found)) return failed(false, systemErrorCode());
+    if (!readState(descriptor, found)) return failedCall(false);
     found.volumeSerial = volumeSerial();
     information = found;
     return true;
@@ -353,12 +355,12 @@ bool LinuxFiles::setTimes(std::int32_t handle, const FileTimes& times) {
     if (!file) return false;
     auto given = [](FileTime time) { return time == 0 ? timespec{0, UTIME_OMIT} : timespecOf(time); };
     timespec both[] = {given(times.accessed), given(times.written)};
-    int descriptor = file->descriptor.load(std::memory_order_relaxed);
+    int descriptor = file->descriptor();
     bool mayBend = times.written != 0 && !isHeldEverywhere(times.written);
     struct stat before;
     struct stat after;
-    if (mayBend && ::fstat(descriptor, &before) != 0) return failed(false, systemErrorCode());
-    if (::futimens(descriptor, both) != 0) return failed(false, systemErrorCode());
+    if (mayBend && ::fstat(descriptor, &before) != 0) return failedCall(false);
+    if (::futimens(descriptor, both) != 0) return failedCall(false);
     if (!mayBend) return true;
     bool held = ::fstat(descriptor, &after) == 0 &&
                 isHeldAs(times.written, fileTimeOf(after.st_mtim.tv_sec, after.st_mtim.tv_nsec));

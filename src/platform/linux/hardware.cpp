@@ -1,11 +1,8 @@
 // Hardware of Linux, as far as a process may ask for it.
-#include <dirent.h>
-#include <fcntl.h>
-#include <unistd.h>
+#include <climits>
+#include <cstdio>
 
-#include <memory>
-#include <string>
-
+#include "platform/linux/directory_reader.h"
 #include "platform/linux/last_error.h"
 #include "platform/linux/system_file.h"
 #include "platform/platform.h"
@@ -14,26 +11,28 @@
 namespace vx::platform {
 namespace {
 
-struct CloseDirectory {
-    void operator()(DIR* directory) const { ::closedir(directory); }
-};
-
 constexpr char kBlockDevices[] = "/sys/block";
 
+// What the system tells of a block device, in a file of the device's directory.
+struct DevicePath {
+    char text[sizeof kBlockDevices + NAME_MAX + 16];
+
+    DevicePath(const char* name, const char* file) {
+        std::snprintf(text, sizeof text, "%s/%.*s/%s", kBlockDevices, NAME_MAX, name, file);
+    }
+};
+
 // A disk of its own: no partition, no memory disk, no diskette, no CD.
-bool isHardDisk(const char* name) noexcept try {
-    std::string device = std::string(kBlockDevices) + '/' + name;
-    return ::faccessat(AT_FDCWD, (device + "/device").c_str(), F_OK, 0) == 0 &&
-           systemFile((device + "/removable").c_str()).starts_with('0');
-} catch (const std::bad_alloc&) {
-    return false;
+bool isHardDisk(const char* name) {
+    return ::faccessat(AT_FDCWD, DevicePath(name, "device").text, F_OK, 0) == 0 &&
+           systemFile(DevicePath(name, "removable").text).starts_with('0');
 }
 
 std::uint32_t countHardDisks() {
-    std::unique_ptr<DIR, CloseDirectory> directory(::opendir(kBlockDevices));
+    DirectoryReader directory(openDirectory(kBlockDevices));
     std::uint32_t count = 0;
-    while (const dirent* entry = directory ? ::readdir(directory.get()) : nullptr) {
-        if (entry->d_name[0] != '.' && isHardDisk(entry->d_name)) ++count;
+    while (const char* name = directory.next()) {
+        if (isHardDisk(name)) ++count;
     }
     return count;
 }

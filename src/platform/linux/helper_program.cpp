@@ -1,41 +1,19 @@
 #include "platform/linux/helper_program.h"
 
-#include <fcntl.h>
 #include <spawn.h>
 #include <sys/mman.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
-#include <cerrno>
 #include <cstdlib>
+
+#include "platform/linux/descriptor.h"
 
 extern char** environ;
 
 namespace vx::platform {
 namespace {
 
-class Descriptor {
- public:
-    explicit Descriptor(int descriptor) : descriptor_(descriptor) {}
-    ~Descriptor() {
-        if (descriptor_ >= 0) ::close(descriptor_);
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    int get() const { return descriptor_; }
-
- private:
-    int descriptor_;
-};
-
-bool writeAll(int descriptor, std::string_view text) {
-    while (!text.empty()) {
-        ssize_t written = ::write(descriptor, text.data(), text.size());
-        if (written < 0 && errno != EINTR) return false;
-        if (written > 0) text.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return true;
-}
+constexpr std::size_t kMostArguments = 7;
 
 bool isSet(const char* variable) {
     const char* value = std::getenv(variable);
@@ -44,14 +22,15 @@ bool isSet(const char* variable) {
 
 }  // namespace
 
-std::optional<int> runHelper(const std::vector<const char*>& arguments, std::string_view input) {
+std::optional<int> runHelper(std::initializer_list<const char*> arguments, std::string_view input) {
     // A file in memory rather than a pipe: a helper that does not read cannot raise SIGPIPE in the host.
     Descriptor in(::memfd_create("input", MFD_CLOEXEC));
-    if (in.get() < 0 || !writeAll(in.get(), input) || ::lseek(in.get(), 0, SEEK_SET) != 0) return std::nullopt;
+    if (!in || !writeAll(in.get(), input) || ::lseek(in.get(), 0, SEEK_SET) != 0) return std::nullopt;
 
-    std::vector<char*> argv;
-    for (const char* argument : arguments) argv.push_back(const_cast<char*>(argument));
-    argv.push_back(nullptr);
+    if (arguments.size() == 0 || arguments.size() > kMostArguments) return std::nullopt;
+    char* argv[kMostArguments + 1] = {};
+    std::size_t count = 0;
+    for (const char* argument : arguments) argv[count++] = const_cast<char*>(argument);
 
     posix_spawn_file_actions_t actions;
     if (posix_spawn_file_actions_init(&actions) != 0) return std::nullopt;
@@ -59,14 +38,13 @@ std::optional<int> runHelper(const std::vector<const char*>& arguments, std::str
     posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
     posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
     pid_t child = 0;
-    int error = posix_spawnp(&child, argv[0], &actions, nullptr, argv.data(), environ);
+    int error = posix_spawnp(&child, argv[0], &actions, nullptr, argv, environ);
     posix_spawn_file_actions_destroy(&actions);
     if (error != 0) return std::nullopt;
 
     int status = 0;
-    while (::waitpid(child, &status, 0) < 0) {
-        if (errno != EINTR) return 0;  // the host reaps its children itself: the helper has run, its status is lost
-    }
+    // Where the host reaps its children itself, the helper has run, and its status is lost.
+    if (uninterrupted([&] { return ::waitpid(child, &status, 0); }) < 0) return 0;
     return WIFEXITED(status) ? std::optional(WEXITSTATUS(status)) : std::nullopt;
 }
 

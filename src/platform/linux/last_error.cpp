@@ -7,11 +7,6 @@ namespace {
 
 thread_local std::uint32_t last = kNoError;
 
-}  // namespace
-
-std::uint32_t lastError() { return last; }
-void setLastError(std::uint32_t code) { last = code; }
-
 std::uint32_t codeOf(int systemError) {
     switch (systemError) {
         case 0:
@@ -63,6 +58,11 @@ std::uint32_t codeOf(int systemError) {
             return kGeneralFailure;
     }
 }
+
+}  // namespace
+
+std::uint32_t lastError() { return last; }
+void setLastError(std::uint32_t code) { last = code; }
 
 std::uint32_t systemErrorCode() { return codeOf(errno); }
 

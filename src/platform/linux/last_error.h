@@ -1,4 +1,5 @@
-// The thread's last error, with Win32's codes.
+// The thread's last error, with Win32's codes. The system's own, errno, is translated where a call has failed and only
+// there: what succeeds leaves the last error as it is, as on Windows.
 #pragma once
 
 #include <cstdint>
@@ -10,8 +11,8 @@ namespace vx::platform {
 std::uint32_t lastError();
 void setLastError(std::uint32_t code);
 
-// The code that Windows gives for what went wrong here.
-std::uint32_t codeOf(int systemError);
+// The code that Windows gives for what went wrong in the system call that has just failed.
+std::uint32_t systemErrorCode();
 
 // Keep the reason of a failure; they return what the failed operation returns.
 template <typename Result>
@@ -19,8 +20,9 @@ Result failed(Result result, std::uint32_t code) {
     setLastError(code);
     return result;
 }
-
-// Of the system call that has just failed.
-std::uint32_t systemErrorCode();
+template <typename Result>
+Result failedCall(Result result) {
+    return failed(result, systemErrorCode());
+}
 
 }  // namespace vx::platform

@@ -1,3 +1,7 @@
+// Locale of Linux: the C library's data for the user's locale, put together as Windows would.
+//
+// Numbers, dates and times are written here and not by printf or strftime, which round, pad and cut otherwise and know
+// no pictures of Windows' kind.
 #include <langinfo.h>
 #include <locale.h>
 
@@ -174,7 +178,10 @@ bool isDigits(std::string_view text) { return text.find_first_not_of("0123456789
 // Adds one to a row of digits; true if it overflowed to all zeros.
 bool increment(std::string& digits) {
     for (std::size_t i = digits.size(); i-- > 0;) {
-        if (digits[i] != '9') return ++digits[i], false;
+        if (digits[i] != '9') {
+            ++digits[i];
+            return false;
+        }
         digits[i] = '0';
     }
     return true;

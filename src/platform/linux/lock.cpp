@@ -1,3 +1,5 @@
+// A word that threads wait on. Unlocking wakes another only if one may be asleep, so that a lock that nobody waits for
+// costs no system call.
 #include "platform/lock.h"
 
 namespace vx::platform {

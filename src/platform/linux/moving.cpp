@@ -1,11 +1,6 @@
 #include "platform/linux/moving.h"
 
-#include <fcntl.h>
-#include <limits.h>
-#include <sys/xattr.h>
-#include <unistd.h>
-
-#include <cerrno>
+#include <climits>
 #include <cstdio>
 #include <memory>
 #include <new>
@@ -19,9 +14,7 @@ namespace {
 
 constexpr std::size_t kBlockSize = std::size_t{1} << 16;
 
-bool succeeded(long result) { return result == 0 || failed(false, systemErrorCode()); }
-
-bool remove(const char* path) { return succeeded(::unlinkat(AT_FDCWD, path, 0)); }
+bool remove(const char* path) { return ::unlinkat(AT_FDCWD, path, 0) == 0 || failedCall(false); }
 
 // Ends a move that has made the target. If the source stays, the target goes.
 bool removeSource(const char* from, const char* to) {
@@ -29,16 +22,6 @@ bool removeSource(const char* from, const char* to) {
     std::uint32_t reason = lastError();
     remove(to);
     return failed(false, reason);
-}
-
-bool writeAll(int to, const char* from, std::size_t count) {
-    while (count != 0) {
-        ssize_t done = uninterrupted([&] { return ::write(to, from, count); });
-        if (done < 0) return false;
-        from += done;
-        count -= static_cast<std::size_t>(done);
-    }
-    return true;
 }
 
 // False, with errno, on failure.
@@ -55,7 +38,7 @@ bool copyContent(int from, int to) {
     }
     // On from where the faster way ended: both share the files' positions.
     while ((done = uninterrupted([&] { return ::read(from, block.get(), kBlockSize); })) > 0) {
-        if (!writeAll(to, block.get(), static_cast<std::size_t>(done))) return false;
+        if (!writeAll(to, {block.get(), static_cast<std::size_t>(done)})) return false;
     }
     return done == 0;
 }
@@ -92,7 +75,7 @@ bool copyLink(const char* from, const char* to) {
     ssize_t length = ::readlinkat(AT_FDCWD, from, target, sizeof target - 1);
     if (length < 0) return failed(false, systemErrorCode());
     target[length] = '\0';
-    return succeeded(::symlinkat(target, AT_FDCWD, to));
+    return ::symlinkat(target, AT_FDCWD, to) == 0 || failedCall(false);
 }
 
 bool moveToOtherSystem(const char* from, const struct stat& state, const char* to) {
@@ -109,7 +92,7 @@ bool moveByLink(const char* from, const struct stat& state, const char* to) {
         if (errno == EEXIST) return failed(false, kAlreadyExists);
     }
     struct stat taken;
-    if (::fstatat(AT_FDCWD, to, &taken, AT_SYMLINK_NOFOLLOW) == 0) return failed(false, kAlreadyExists);
+    if (ownState(to, taken) == 0) return failed(false, kAlreadyExists);
     if (::renameat(AT_FDCWD, from, AT_FDCWD, to) == 0) return true;
     // A directory into itself.
     return failed(false, errno == EINVAL ? std::uint32_t{kAccessDenied} : systemErrorCode());

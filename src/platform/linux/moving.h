@@ -1,4 +1,7 @@
 // Giving a file or directory another name, on the same file system or another.
+//
+// Windows refuses to replace what has the name, so this does, also when it comes into being meanwhile. To another file
+// system a file or link is copied, with its attributes and times, and then deleted; a directory is refused, as there.
 #pragma once
 
 #include <sys/stat.h>

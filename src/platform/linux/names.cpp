@@ -1,16 +1,13 @@
 #include "platform/linux/names.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <sys/syscall.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cstring>
 
 #include "platform/linux/directory_reader.h"
+#include "platform/linux/file_state.h"
 #include "platform/linux/last_error.h"
 #include "platform/linux/short_names.h"
+#include "platform/linux/wildcards.h"
 
 namespace vx::platform {
 namespace {
@@ -19,7 +16,7 @@ bool isLetter(char c) { return lowered(c) >= 'a' && lowered(c) <= 'z'; }
 
 bool isThere(const char* path) {
     struct stat state;
-    return ::fstatat(AT_FDCWD, path, &state, AT_SYMLINK_NOFOLLOW) == 0;
+    return ownState(path, state) == 0;
 }
 
 bool sameButForCase(std::string_view a, std::string_view b) {
@@ -27,7 +24,7 @@ bool sameButForCase(std::string_view a, std::string_view b) {
            std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) { return lowered(x) == lowered(y); });
 }
 
-// How well an entry of a directory answers to a name.
+// How well an entry of a directory answers to a name, the best last.
 enum class Match { kNone, kShortName, kWithoutEnd, kCase, kExact };
 
 Match matchOf(std::string_view wanted, std::string_view name, bool byShortName) {
@@ -65,7 +62,7 @@ std::string_view takeComponent(const char*& name) {
     return component;
 }
 
-SystemName::SystemName(const char* name, Wildcards wildcards) {
+SystemName::SystemName(const char* name, AllowWildcards wildcards) {
     text_[0] = '\0';
     std::size_t length = name ? std::strlen(name) : 0;
     if (length == 0 || length >= kPathSize) {
@@ -92,13 +89,13 @@ SystemName::SystemName(const char* name, Wildcards wildcards) {
     text_[length_] = '\0';
 }
 
-bool SystemName::addRest(const char* name, Wildcards wildcards) {
+bool SystemName::addRest(const char* name, AllowWildcards wildcards) {
     while (*name) {
         std::string_view component = takeComponent(name);
         asDirectory_ = isSeparator(name[-1]);
         bool isLast = !*name && !asDirectory_;
-        bool mayBeWild = wildcards == Wildcards::kAnywhere || (wildcards == Wildcards::kInLast && isLast);
-        if (!mayBeWild && component.find_first_of("?*") != std::string_view::npos) return false;
+        bool mayBeWild = wildcards == AllowWildcards::kAnywhere || (wildcards == AllowWildcards::kInLast && isLast);
+        if (!mayBeWild && hasWildcards(component)) return false;
         if (component == "..") {
             removeLast();
         } else if (component != "." && !add(component)) {
@@ -140,8 +137,8 @@ bool SystemName::makeAbsolute() {
     std::memcpy(written, text_, length_ + 1);
     if (::syscall(SYS_getcwd, text_, sizeof text_) < 0 || text_[0] != '/') return failed(false, kPathNotFound);
     length_ = std::strlen(text_);
-    bool kept = asDirectory_;
-    bool done = addRest(written, Wildcards::kAnywhere);
+    bool kept = asDirectory_;  // addRest tells it of the part that it adds
+    bool done = addRest(written, AllowWildcards::kAnywhere);
     asDirectory_ = kept;
     return done || failed(false, kFilenameTooLong);
 }
@@ -164,6 +161,8 @@ SystemName::Found SystemName::look() {
     return isMissing(errno) ? lookFurther() : Found::kNowhere;
 }
 
+// Component by component from the start: what is there as written stays, the others are replaced by what answers to
+// them.
 SystemName::Found SystemName::lookFurther() {
     // As a rule no more than the last component is missing.
     Found found = findLast();
@@ -197,6 +196,7 @@ SystemName::Found SystemName::findLast() {
     char wanted[kPathSize];
     std::memcpy(wanted, text_ + start, length_ - start + 1);
 
+    // Cut for a moment to what names the directory.
     text_[start] = '\0';
     DirectoryReader directory(openDirectory(start == 0 ? "." : text_));
     std::memcpy(text_ + start, wanted, length_ - start + 1);

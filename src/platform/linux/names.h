@@ -1,4 +1,9 @@
 // Names in drive form, and what the system has under them.
+//
+// A name is turned into a path of Linux by its text alone; `.` and `..` are worked out before any link is followed, as
+// Windows does. The system is then asked for the path as it is written, which as a rule is all: one call, no directory
+// read. Only where nothing is there, each component that is missing is looked for in its directory, in any letter case,
+// without dots and blanks at its end, and as a short name (callWith, look).
 #pragma once
 
 #include <cerrno>
@@ -36,14 +41,14 @@ std::string_view takeComponent(const char*& name);
 // A name for the system's calls. `.` and `..` are worked out by the text alone, as Windows does.
 class SystemName {
  public:
-    enum class Wildcards { kRefused, kInLast, kAnywhere };
+    enum class AllowWildcards { kNowhere, kInLast, kAnywhere };
     enum class Found {
         kThere,
         kOnlyDirectory,  // the last component is missing; the text names what could be made
         kNowhere,
     };
 
-    explicit SystemName(const char* name, Wildcards wildcards = Wildcards::kRefused);
+    explicit SystemName(const char* name, AllowWildcards wildcards = AllowWildcards::kNowhere);
 
     // False, with the reason as last error, if nothing can have that name.
     bool valid() const { return valid_; }
@@ -76,7 +81,7 @@ class SystemName {
 
  private:
     void removeLast();
-    bool addRest(const char* name, Wildcards wildcards);
+    bool addRest(const char* name, AllowWildcards wildcards);
     Found findLast();
 
     bool valid_ = false;

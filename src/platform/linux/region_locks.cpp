@@ -1,8 +1,5 @@
 #include "platform/linux/region_locks.h"
 
-#include <fcntl.h>
-
-#include <cerrno>
 #include <memory>
 #include <mutex>
 #include <new>
@@ -14,11 +11,7 @@ namespace vx::platform {
 namespace {
 
 int call(int descriptor, int command, short type, std::uint64_t start, std::uint64_t end, short* found = nullptr) {
-    struct flock lock {};
-    lock.l_type = type;
-    lock.l_whence = SEEK_SET;
-    lock.l_start = static_cast<off_t>(start);
-    lock.l_len = static_cast<off_t>(end - start);
+    struct flock lock = lockOn(type, static_cast<off_t>(start), static_cast<off_t>(end - start));
     int result = uninterrupted([&] { return ::fcntl(descriptor, command, &lock); });
     if (found) *found = lock.l_type;
     return result;
@@ -59,7 +52,7 @@ bool RegionLocks::lock(int descriptor, std::uint32_t offset, std::uint32_t lengt
     if (!range) return failed(false, kNotEnoughMemory);
     std::lock_guard guard(changing_);
     if (holdsOverlap(offset, end)) return failed(false, kLockViolation);
-    if (!acquire(descriptor, offset, end)) return failed(false, systemErrorCode());
+    if (!acquire(descriptor, offset, end)) return failedCall(false);
     range->next = ranges_;
     ranges_ = range.release();
     return true;

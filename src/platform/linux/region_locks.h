@@ -1,4 +1,7 @@
 // Locked ranges of one open file, against all other handles and processes and against itself.
+//
+// The system's open-file-description locks keep others out; they let the file that holds one lock the same bytes again,
+// and merge and split ranges. Windows does neither, so the ranges that are held are listed here as well.
 #pragma once
 
 #include <cstdint>

@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <cerrno>
 #include <climits>
-#include <cstddef>
-#include <cstdlib>
 #include <cstring>
 #include <memory>
 #include <new>
+#include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "platform/linux/directory_reader.h"
 #include "platform/linux/file_state.h"
@@ -22,47 +22,18 @@
 namespace vx::platform {
 namespace {
 
-// An array that grows; false and no change when memory is out.
-template <typename Element>
-class Growing {
- public:
-    Growing() = default;
-    Growing(const Growing&) = delete;
-    Growing& operator=(const Growing&) = delete;
-    ~Growing() { std::free(start_); }
-
-    bool add(const Element* elements, std::size_t count) {
-        if (size_ + count > room_) {
-            std::size_t room = std::max(2 * room_, size_ + count + 64);
-            void* grown = std::realloc(start_, room * sizeof(Element));
-            if (!grown) return false;
-            start_ = static_cast<Element*>(grown);
-            room_ = room;
-        }
-        std::memcpy(start_ + size_, elements, count * sizeof(Element));
-        size_ += count;
-        return true;
-    }
-    Element* begin() { return start_; }
-    Element* end() { return start_ + size_; }
-    std::size_t size() const { return size_; }
-
- private:
-    Element* start_ = nullptr;
-    std::size_t size_ = 0;
-    std::size_t room_ = 0;
-};
-
-// Names that match, found when the search begins; what they stand for is looked up when their turn comes.
+// Names that match, found when the search begins; what they stand for is looked up when their turn comes. They are
+// handed out in the order of Windows' own file systems, and what comes and goes in the directory meanwhile cannot have
+// one shown twice.
 struct Search {
     char directory[PATH_MAX];  // absolute: the current one may change meanwhile
-    Growing<char> names;       // each with its terminator
-    Growing<std::uint32_t> starts;
+    std::string names;         // each with its terminator
+    std::vector<std::uint32_t> starts;
     std::size_t next = 0;
 
-    bool add(std::string_view name) {
-        std::uint32_t start = static_cast<std::uint32_t>(names.size());
-        return names.add(name.data(), name.size()) && names.add("", 1) && starts.add(&start, 1);
+    void add(std::string_view name) {
+        starts.push_back(static_cast<std::uint32_t>(names.size()));
+        names.append(name).push_back('\0');
     }
     void sortFrom(std::size_t first);
     bool give(FoundEntry& entry);
@@ -79,8 +50,8 @@ bool lessButForCase(const char* a, const char* b) {
 }
 
 void Search::sortFrom(std::size_t first) {
-    const char* text = names.begin();
-    std::sort(starts.begin() + first, starts.end(),
+    const char* text = names.data();
+    std::sort(starts.begin() + static_cast<std::ptrdiff_t>(first), starts.end(),
               [text](std::uint32_t a, std::uint32_t b) { return lessButForCase(text + a, text + b); });
 }
 
@@ -110,7 +81,7 @@ void describe(const FileInformation& information, std::string_view name, FoundEn
 bool Search::give(FoundEntry& entry) {
     std::size_t length = std::strlen(directory);
     while (next < starts.size()) {
-        std::string_view name = names.begin() + starts.begin()[next++];
+        std::string_view name = names.data() + starts[next++];
         char path[PATH_MAX];
         if (length + 1 + name.size() + 1 > sizeof path) continue;
         std::memcpy(path, directory, length);
@@ -142,17 +113,15 @@ bool collect(SystemName& path, std::string_view pattern, Search& search) {
         shortNameOf(name, shortName);
         return shortName[0] != '\0' && wildcards.match(shortName);
     };
-    bool enough = true;
     if (path.view() != "/") {
         for (const char* name : {".", ".."}) {
-            if (wildcards.match(name)) enough = enough && search.add(name);
+            if (wildcards.match(name)) search.add(name);
         }
     }
     std::size_t dots = search.starts.size();
     while (const char* name = directory.next()) {
-        if (canBeGivenBack(name) && matches(name)) enough = enough && search.add(name);
+        if (canBeGivenBack(name) && matches(name)) search.add(name);
     }
-    if (!enough) return failed(false, kNotEnoughMemory);
     search.sortFrom(dots);
     return true;
 }
@@ -160,24 +129,24 @@ bool collect(SystemName& path, std::string_view pattern, Search& search) {
 // The one entry of that name.
 bool collectOne(SystemName& path, std::string_view name, Search& search) {
     if (!path.add(name)) return failed(false, kFilenameTooLong);
-    if (path.look() != SystemName::Found::kThere) return failed(false, systemErrorCode());
+    if (path.look() != SystemName::Found::kThere) return failedCall(false);
     char found[kPathSize];
     if (!path.splitLast(found) || !canBeGivenBack(found)) return failed(false, kFileNotFound);
     std::memcpy(search.directory, path.text(), path.view().size() + 1);
-    return search.add(found) || failed(false, kNotEnoughMemory);
+    search.add(found);
+    return true;
 }
 
 constinit Registry<Search*> searches;
 
 }  // namespace
 
-std::int32_t startSearch(const char* pattern, FoundEntry& entry) {
-    SystemName path(pattern, SystemName::Wildcards::kInLast);
+std::int32_t startSearch(const char* pattern, FoundEntry& entry) try {
+    SystemName path(pattern, SystemName::AllowWildcards::kInLast);
     if (!path.valid() || !path.makeAbsolute()) return -1;
     char last[kPathSize];
     if (path.asDirectory() || !path.splitLast(last)) return failed(-1, kFileNotFound);
-    std::unique_ptr<Search> search(new (std::nothrow) Search);
-    if (!search) return failed(-1, kNotEnoughMemory);
+    std::unique_ptr<Search> search(new Search);
     bool collected = hasWildcards(last) ? collect(path, last, *search) : collectOne(path, last, *search);
     if (!collected) return -1;
     FoundEntry first;
@@ -187,6 +156,8 @@ std::int32_t startSearch(const char* pattern, FoundEntry& entry) {
     search.release();
     entry = first;
     return handle;
+} catch (const std::bad_alloc&) {
+    return failed(-1, kNotEnoughMemory);
 }
 
 bool continueSearch(std::int32_t search, FoundEntry& entry) {

@@ -1,4 +1,7 @@
 // Searches through one directory, by numbers.
+//
+// All names that match are collected and sorted when a search begins; then the directory is closed again. A name
+// without wildcards is looked for as any other name is, which reads no directory as a rule.
 #pragma once
 
 #include <cstdint>

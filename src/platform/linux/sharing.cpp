@@ -1,9 +1,9 @@
 #include "platform/linux/sharing.h"
 
-#include <fcntl.h>
 #include <time.h>
 
 #include "platform/files.h"
+#include "platform/linux/descriptor.h"
 
 namespace vx::platform {
 namespace {
@@ -11,29 +11,20 @@ namespace {
 constexpr off_t kMarkPlace = (off_t{1} << 62) + 0x5658;
 constexpr unsigned kMarks = 4;
 
-struct flock lockOn(short type, off_t start, off_t length) {
-    struct flock lock {};
-    lock.l_type = type;
-    lock.l_whence = SEEK_SET;
-    lock.l_start = start;
-    lock.l_len = length;
-    return lock;
-}
-
 // Locks the marks' bytes, neighbours in one call. False as soon as a call fails.
 template <typename Call>
 bool forMarks(unsigned marks, short type, Call call) {
     for (unsigned first = 0; first < kMarks;) {
         unsigned end = first;
-        while (marks >> end & 1) ++end;
+        while ((marks >> end) & 1) ++end;
         if (end != first && !call(lockOn(type, kMarkPlace + first, end - first))) return false;
         first = end + 1;
     }
     return true;
 }
 
-// What of others stands against marks.
-unsigned opponentsOf(unsigned marks) { return (marks << 2 | marks >> 2) & 0xF; }
+// What of others stands against marks: against each access its denial, which is two bits above it, and the reverse.
+unsigned opponentsOf(unsigned marks) { return ((marks << 2) | (marks >> 2)) & 0xF; }
 
 void setMarks(int descriptor, unsigned marks, short type) {
     forMarks(marks, type, [&](struct flock lock) {

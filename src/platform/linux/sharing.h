@@ -1,7 +1,8 @@
 // Who has a file open, and what they deny to others: marks that every process sees that uses the library.
 //
 // A mark is a read lock on a byte far behind any data. The open file holds it, so it goes with the last descriptor,
-// whatever ends the process. Where the file system has no such locks, nothing is denied.
+// whatever ends the process. Who opens a file places its own marks first and looks for others' afterwards: of two that
+// come at the same time, at least one sees the other. Where the file system has no such locks, nothing is denied.
 #pragma once
 
 #include <cstdint>

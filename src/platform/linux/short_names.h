@@ -1,4 +1,6 @@
-// Short names: 8 letters, a dot, 3 letters. A longer name has one that is made from it alone.
+// Short names: 8 letters, a dot, 3 letters. A longer name has one that is made from it alone, with letters and digits
+// of a hash of the whole name where Windows would count: REPORTS.TEXT is RELDX0~1.TEX, whatever else is in the
+// directory.
 #pragma once
 
 #include <cstddef>

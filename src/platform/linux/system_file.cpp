@@ -1,35 +1,24 @@
 #include "platform/linux/system_file.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
-#include <cerrno>
 #include <new>
 
-namespace vx::platform {
-namespace {
+#include "platform/linux/descriptor.h"
 
-std::string contentsOf(int descriptor) try {
+namespace vx::platform {
+
+// Such files have no size that could be asked for beforehand.
+std::string systemFile(const char* name) noexcept try {
+    Descriptor file(::open(name, O_RDONLY | O_CLOEXEC));
     std::string contents;
     char piece[4096];
-    for (;;) {
-        ssize_t count = ::read(descriptor, piece, sizeof piece);
-        if (count < 0 && errno == EINTR) continue;
-        if (count <= 0) return contents;
+    while (file) {
+        ssize_t count = uninterrupted([&] { return ::read(file.get(), piece, sizeof piece); });
+        if (count <= 0) break;
         contents.append(piece, static_cast<std::size_t>(count));
     }
+    return contents;
 } catch (const std::bad_alloc&) {
     return {};
-}
-
-}  // namespace
-
-std::string systemFile(const char* name) noexcept {
-    int descriptor = ::open(name, O_RDONLY | O_CLOEXEC);
-    if (descriptor < 0) return {};
-    std::string contents = contentsOf(descriptor);
-    ::close(descriptor);
-    return contents;
 }
 
 }  // namespace vx::platform

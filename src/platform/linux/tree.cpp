@@ -1,12 +1,9 @@
-// The tree of names on Linux.
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <cerrno>
+// The tree of names on Linux: what Windows refuses is refused before the system is asked, which would often do it
+// (deleting what is read-only or open, removing the current directory, renaming over what is there).
 #include <cstdio>
 #include <cstring>
 
+#include "platform/linux/descriptor.h"
 #include "platform/linux/file_state.h"
 #include "platform/linux/last_error.h"
 #include "platform/linux/moving.h"
@@ -18,14 +15,10 @@
 namespace vx::platform {
 namespace {
 
-bool failedCall() { return failed(false, systemErrorCode()); }
-
-int ownState(const char* path, struct stat& state) { return ::fstatat(AT_FDCWD, path, &state, AT_SYMLINK_NOFOLLOW); }
-
 // The state of what has the name, a symbolic link's own. False, with the reason, if there is nothing.
 bool find(SystemName& path, struct stat& state) {
     if (!path.valid()) return false;
-    return callWith(path, [&](const char* text) { return ownState(text, state); }) == 0 || failedCall();
+    return callWith(path, [&](const char* text) { return ownState(text, state); }) == 0 || failedCall(false);
 }
 
 // Looks for a place for something new. False, with the reason, if the name is taken or its directory is missing.
@@ -35,7 +28,7 @@ bool findPlace(SystemName& path) {
         case SystemName::Found::kThere:
             return failed(false, kAlreadyExists);
         case SystemName::Found::kNowhere:
-            return failedCall();
+            return failedCall(false);
         case SystemName::Found::kOnlyDirectory:
             break;
     }
@@ -80,7 +73,7 @@ bool findTarget(const char* name, const SystemName& from, SystemName& target) {
         case SystemName::Found::kOnlyDirectory:
             return true;
         case SystemName::Found::kNowhere:
-            return failedCall();
+            return failedCall(false);
         case SystemName::Found::kThere:
             break;
     }
@@ -116,14 +109,14 @@ std::uint32_t LinuxTree::attributes(const char* name) {
     if (!path.valid()) return kNoAttributes;
     FileInformation information;
     auto read = [&](const char* text) { return readState(text, information) ? 0 : -1; };
-    return callWith(path, read) == 0 ? information.attributes : failed(kNoAttributes, systemErrorCode());
+    return callWith(path, read) == 0 ? information.attributes : failedCall(kNoAttributes);
 }
 
 bool LinuxTree::setAttributes(const char* name, std::uint32_t attributes) {
     SystemName path(name);
     if (!path.valid()) return false;
     auto write = [&](const char* text) { return writeAttributes(text, attributes) ? 0 : -1; };
-    return callWith(path, write) == 0 || failedCall();
+    return callWith(path, write) == 0 || failedCall(false);
 }
 
 bool LinuxTree::erase(const char* name) {
@@ -133,7 +126,7 @@ bool LinuxTree::erase(const char* name) {
     bool isLink = S_ISLNK(state.st_mode);
     if (!isLink && (S_ISDIR(state.st_mode) || isReadOnly(state.st_mode))) return failed(false, kAccessDenied);
     Hold hold(path.text(), state);
-    return !hold.refused() && (::unlinkat(AT_FDCWD, path.text(), 0) == 0 || failedCall());
+    return !hold.refused() && (::unlinkat(AT_FDCWD, path.text(), 0) == 0 || failedCall(false));
 }
 
 bool LinuxTree::move(const char* from, const char* to) {
@@ -150,7 +143,7 @@ bool LinuxTree::move(const char* from, const char* to) {
 bool LinuxTree::createDirectory(const char* name) {
     SystemName path(name);
     if (!findPlace(path)) return false;
-    return ::mkdirat(AT_FDCWD, path.text(), 0777) == 0 || failedCall();
+    return ::mkdirat(AT_FDCWD, path.text(), 0777) == 0 || failedCall(false);
 }
 
 bool LinuxTree::removeDirectory(const char* name) {
@@ -161,12 +154,12 @@ bool LinuxTree::removeDirectory(const char* name) {
         struct stat target;
         bool leads = ::fstatat(AT_FDCWD, path.text(), &target, 0) == 0 && S_ISDIR(target.st_mode);
         if (!leads) return failed(false, kDirectory);
-        return ::unlinkat(AT_FDCWD, path.text(), 0) == 0 || failedCall();
+        return ::unlinkat(AT_FDCWD, path.text(), 0) == 0 || failedCall(false);
     }
     if (!S_ISDIR(state.st_mode)) return failed(false, kDirectory);
     if (isReadOnly(state.st_mode)) return failed(false, kAccessDenied);
     if (isCurrentDirectory(state)) return failed(false, kSharingViolation);
-    return ::unlinkat(AT_FDCWD, path.text(), AT_REMOVEDIR) == 0 || failedCall();
+    return ::unlinkat(AT_FDCWD, path.text(), AT_REMOVEDIR) == 0 || failedCall(false);
 }
 
 // A matter of texts alone, so that also other drives and servers, and patterns, have full paths.
@@ -178,7 +171,7 @@ std::uint32_t LinuxTree::fullPath(const char* name, char* path, std::uint32_t ro
         std::snprintf(rooted, sizeof rooted, "\\%s", isSeparator(name[2]) ? name + 3 : name + 2);
     }
     const char* given = start == Start::kServer ? name + 1 : start == Start::kOtherDrive ? rooted : name;
-    SystemName full(given, SystemName::Wildcards::kAnywhere);
+    SystemName full(given, SystemName::AllowWildcards::kAnywhere);
     if (!full.valid() || !full.makeAbsolute()) return 0;
     char text[PATH_MAX + 4];
     std::size_t length = toDriveForm(full.view(), text, sizeof text - 1);

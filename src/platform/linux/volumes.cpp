@@ -1,4 +1,5 @@
-// Drives of Linux: C: is the root of the file system and the only one.
+// Drives of Linux: C: is the root of the file system and the only one. Space and the name of the
+// file system are those of what is mounted where a path leads; the serial number is the root's.
 #include <fcntl.h>
 #include <sys/statfs.h>
 #include <sys/statvfs.h>
@@ -100,7 +101,7 @@ class LinuxVolumes final : public Volumes {
     bool currentDirectory(std::int32_t drive, char* path, std::size_t room) override {
         if (drive != 0 && drive != kDriveNumber) return failed(false, kInvalidDrive);
         char text[PATH_MAX];
-        if (::syscall(SYS_getcwd, text, sizeof text) < 0) return failed(false, systemErrorCode());
+        if (::syscall(SYS_getcwd, text, sizeof text) < 0) return failedCall(false);
         return toDriveForm(text, path, room) != 0 || failed(false, kPathNotFound);
     }
 
@@ -108,7 +109,7 @@ class LinuxVolumes final : public Volumes {
         SystemName name(path);
         if (!name.valid()) return false;
         auto change = [](const char* text) { return ::syscall(SYS_chdir, text); };
-        return callWith(name, change) == 0 || failed(false, systemErrorCode());
+        return callWith(name, change) == 0 || failedCall(false);
     }
 
     std::uint32_t systemDirectory(char* path, std::uint32_t room) override {
@@ -124,7 +125,7 @@ bool LinuxVolumes::information(const char* root, VolumeInformation& information)
     if (!path.valid()) return false;
     struct statfs system;
     auto ask = [&](const char* text) { return ::statfs(text, &system); };
-    if (callWith(path, ask) != 0) return failed(false, systemErrorCode());
+    if (callWith(path, ask) != 0) return failedCall(false);
     information.label[0] = '\0';
     std::strcpy(information.fileSystem, fileSystemName(static_cast<std::uint32_t>(system.f_type)));
     information.serial = volumeSerial();

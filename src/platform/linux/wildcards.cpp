@@ -49,7 +49,6 @@ bool Wildcards::advance(const bool* from, bool* to, char c, bool isLastDot) cons
     return any;
 }
 
-// All ways at once, so that no pattern takes more than its length times the name's.
 bool Wildcards::match(std::string_view name) const {
     if (size_ == 1 && symbols_[0] == kAny) return true;
     bool first[kPathSize], second[kPathSize];

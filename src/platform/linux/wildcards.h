@@ -1,4 +1,8 @@
 // Wildcards in the last component of a searched name, with the meaning that Windows gives them.
+//
+// A pattern is turned into symbols, and a name is run through all states at once that the characters so far can have
+// led to: `skip` adds those that are reached without a character, `advance` takes one. So time is bounded by the two
+// lengths, however many stars there are, and no memory is asked for.
 #pragma once
 
 #include <string_view>

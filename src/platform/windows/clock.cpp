@@ -32,7 +32,10 @@ class WindowsClock final : public Clock {
         SYSTEMTIME fields = systemTime(local);
         FILETIME shifted;
         FILETIME universal;
-        if (!isDate(local)) return SetLastError(ERROR_INVALID_PARAMETER), false;
+        if (!isDate(local)) {
+            SetLastError(ERROR_INVALID_PARAMETER);
+            return false;
+        }
         if (!SystemTimeToFileTime(&fields, &shifted) || !LocalFileTimeToFileTime(&shifted, &universal)) return false;
         time = fileTime(universal);
         return true;

@@ -1,3 +1,4 @@
+// Desktop of Windows: the calls that the interface is named after.
 #include <windows.h>
 
 #include "platform/platform.h"
@@ -39,7 +40,7 @@ class WindowsDesktop final : public Desktop {
     std::int32_t logOff() override { return ExitWindowsEx(EWX_LOGOFF, 0xFFFFFFFF); }
 
  private:
-    HGLOBAL memory_ = nullptr;
+    HGLOBAL memory_ = nullptr;  // of the text that is being written; the clipboard is open for one thread at a time
 };
 
 WindowsDesktop windowsDesktop;

@@ -1,4 +1,5 @@
-// Open files of Windows.
+// Open files of Windows. A handle is the system's, its low 32 bits: in 64-bit processes, too, handles of files have no
+// more that count, and what is above is the sign's.
 #include <windows.h>
 
 #include <algorithm>
@@ -23,7 +24,7 @@ class GivenTime {
     FILETIME time_;
 };
 
-std::uint64_t wide(DWORD high, DWORD low) { return static_cast<std::uint64_t>(high) << 32 | low; }
+std::uint64_t wide(DWORD high, DWORD low) { return (static_cast<std::uint64_t>(high) << 32) | low; }
 
 OVERLAPPED placeAt(std::int64_t position) {
     OVERLAPPED place{};
@@ -178,7 +179,7 @@ class WindowsFiles final : public Files {
         DWORD low = call();
         if (low == INVALID_FILE_SIZE && GetLastError() != kNoError) return -1;
         SetLastError(before);
-        return static_cast<std::int64_t>(high) << 32 | low;
+        return (static_cast<std::int64_t>(high) << 32) | low;
     }
 };
 

@@ -34,6 +34,7 @@ class Device {
     HANDLE handle_;
 };
 
+// For the DOS device, which only systems of 32-bit processes have: once it is open, addresses are no longer than this.
 std::uint32_t addressOf(void* memory) { return static_cast<std::uint32_t>(reinterpret_cast<std::uintptr_t>(memory)); }
 
 // Windows NT ends a process that executes a port instruction.
@@ -50,12 +51,13 @@ void out(std::uint16_t port, std::uint8_t value) { __asm__ volatile("outb %0, %1
 class WindowsHardware final : public Hardware {
  public:
     bool callDos(DosService service, DosRegisters& registers, const DosMemory& memory) override {
+        Device device(kDosDevice, 0, 0, OPEN_EXISTING);
+        if (!device.isOpen()) return false;
         if (memory.packet) {
             memory.packet->buffer = addressOf(memory.sectors);
             registers.ebx = addressOf(memory.packet);
         }
         if (memory.parameters) registers.edx = addressOf(memory.parameters);
-        Device device(kDosDevice, 0, 0, OPEN_EXISTING);
         DWORD given = 0;
         return device.control(service, &registers, sizeof registers, &registers, sizeof registers, given);
     }

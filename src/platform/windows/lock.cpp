@@ -1,3 +1,4 @@
+// All locks are one critical section: nothing has to be made for each, and none is left behind.
 #include "platform/windows/lock.h"
 
 #include <windows.h>

@@ -1,3 +1,4 @@
+// Moments and time stamps as Win32 takes and gives them.
 #pragma once
 
 #include <windows.h>
@@ -14,7 +15,7 @@ inline FILETIME fileTime(FileTime time) {
     return {.dwLowDateTime = static_cast<DWORD>(time), .dwHighDateTime = static_cast<DWORD>(time >> 32)};
 }
 inline FileTime fileTime(const FILETIME& time) {
-    return static_cast<FileTime>(time.dwHighDateTime) << 32 | time.dwLowDateTime;
+    return (static_cast<FileTime>(time.dwHighDateTime) << 32) | time.dwLowDateTime;
 }
 
 }  // namespace vx::platform

@@ -1,4 +1,4 @@
-// The tree of names on Windows.
+// The tree of names on Windows: the calls that the interface is named after, and numbers for searches.
 #include <windows.h>
 
 #include <cstring>
@@ -76,7 +76,8 @@ class WindowsTree final : public Tree {
         return false;
     }
 
-    // For the system a search handle is an address, which it follows wherever it leads, and wider than a number.
+    // For the system a search handle is an address, which it follows wherever it leads, and in 64-bit processes wider
+    // than a number.
     Registry<HANDLE> searches_;
 };
 

@@ -1,4 +1,4 @@
-// Drives of Windows.
+// Drives of Windows. A current directory of each drive is something that the C runtime keeps; the system knows one.
 #include <direct.h>
 #include <windows.h>
 

@@ -1,4 +1,4 @@
-// Process of Linux, with the results that Windows would give.
+// Process of Linux, with the results that Windows would give: to callers it is a Windows NT 4.0 with C: as its drive.
 #include <unistd.h>
 
 #include <algorithm>

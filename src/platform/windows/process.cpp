@@ -1,4 +1,4 @@
-// Process of Windows: the calls that the interface is named after.
+// Process of Windows: the calls that the interface is named after, those that the oldest systems have.
 #include <windows.h>
 
 #include "platform/platform.h"
