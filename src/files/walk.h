@@ -4,6 +4,7 @@
 #include <cstring>
 #include <string_view>
 
+#include "files/handles.h"
 #include "files/path.h"
 #include "platform/errors.h"
 #include "platform/platform.h"
@@ -17,13 +18,14 @@ inline bool isDots(std::string_view name) { return name == "." || name == ".."; 
 
 inline bool isSubdirectory(const platform::FoundEntry& entry) { return isDirectory(entry) && !isDots(entry.name); }
 
-// The platform's search for one pattern, closed when this ends.
+// The platform's search for one pattern, closed when this ends; the last error stays that of the search.
 class DirectorySearch {
  public:
     explicit DirectorySearch(const char* pattern) : handle_(tree().findFirst(pattern, entry_)), found_(handle_ != -1) {
         noteEnd();
     }
     ~DirectorySearch() {
+        KeptError reason;
         if (handle_ != -1) tree().findClose(handle_);
     }
     DirectorySearch(const DirectorySearch&) = delete;

@@ -108,7 +108,7 @@ void attach(void* module) {
     library.module = module;
     std::fill(std::begin(library.handles), std::end(library.handles), kNoHandle);
     buildTables();
-    platform::current().process->programPath(library.programPath, kPathRoom);
+    platform::current().process->programPath(library.programPath, sizeof library.programPath);
 }
 
 void detach() {
