@@ -11,7 +11,7 @@ inline constexpr std::int32_t kDriveLetters = 26;
 // By the drive's number from 0.
 inline char driveLetter(std::int32_t drive) { return static_cast<char>('A' + drive); }
 
-inline constexpr std::size_t kRootSize = 3;  // of "C:\\"
+inline constexpr std::size_t kRootSize = 3;  // of "C:\"
 
 class DriveRoot {
  public:

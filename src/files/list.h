@@ -1,4 +1,4 @@
-// Lists of paths and patterns as callers write them: "C:\\a;C:\\b,c". Separators in a row separate like one.
+// Lists of paths and patterns as callers write them: "C:\a;C:\b,c". Separators in a row separate like one.
 #pragma once
 
 #include <optional>

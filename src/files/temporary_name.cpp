@@ -23,6 +23,7 @@ class NameNumbers {
     }
 
  private:
+    // As SplitMix64 does: every bit of the result depends on every bit given.
     static std::uint64_t mix(std::uint64_t bits) {
         bits = (bits ^ (bits >> 30)) * 0xBF58476D1CE4E5B9;
         bits = (bits ^ (bits >> 27)) * 0x94D049BB133111EB;
