@@ -127,7 +127,10 @@ std::size_t countText(int descriptor, std::string_view text, bool first) {
 std::size_t readLine(int descriptor, char* to) {
     char bytes[2048];
     ssize_t read = ::read(descriptor, bytes, sizeof bytes);
-    if (read <= 0) return ::lseek(descriptor, 0, SEEK_SET), 0;
+    if (read <= 0) {
+        ::lseek(descriptor, 0, SEEK_SET);
+        return 0;
+    }
     const void* feed = std::memchr(bytes, '\n', static_cast<std::size_t>(read));
     std::size_t size =
         feed ? static_cast<std::size_t>(static_cast<const char*>(feed) - bytes) : static_cast<std::size_t>(read);

@@ -189,7 +189,7 @@ bool createTableFile(Table& table, const char* path) {
     for (std::int32_t i = 0; i < table.fieldCount; ++i, to += kDescriptorSize) putDescriptor(table.fields[i], to);
     *to++ = kHeaderEnd;
     *to = kEndOfFile;
-    table.file = File::create(path);
+    table.file = File::createRecorded(path);
     return table.file.isOpen() && table.file.write(0, bytes, size);
 }
 
@@ -201,7 +201,7 @@ bool createBlobFile(Table& table, const char* path) {
     putLe32(bytes + 10, 60);
     putLe32(bytes + 14, 60);
     putLe16(bytes + kFirstBlob, kBlobMagic);  // the end block, first in the free list
-    table.blob = File::create(path);
+    table.blob = File::createRecorded(path);
     return table.blob.isOpen() && table.blob.write(0, bytes, sizeof bytes);
 }
 
@@ -209,7 +209,7 @@ bool createMemoFile(Table& table, const char* path) {
     char bytes[kEmptyDbtFile] = {};
     putLe32(bytes, 1);
     bytes[kDbtBlockSize] = kMemoEnd;
-    table.memo = File::create(path);
+    table.memo = File::createRecorded(path);
     return table.memo.isOpen() && table.memo.write(0, bytes, sizeof bytes);
 }
 

@@ -47,12 +47,12 @@ bool readFields(Table& table) {
 // The header's own words are not needed: a blob is found by its field, the free list by blob_store.cpp.
 bool openBlobs(Table& table, const char* path, std::uint32_t mode) {
     char header[kBlobFileHeaderSize];
-    table.blob = File::open(path, mode);
+    table.blob = File::openRecorded(path, mode);
     return table.blob.isOpen() && table.blob.readAll(0, header, sizeof header) && le16(header) == kBlobMagic;
 }
 
 bool openMemos(Table& table, const char* path, std::uint32_t mode) {
-    table.memo = File::open(path, mode);
+    table.memo = File::openRecorded(path, mode);
     if (!table.memo.isOpen()) return false;
     if (table.header.version() != kFoxPro) return true;
     char header[kFptHeaderSize];
@@ -78,7 +78,7 @@ std::unique_ptr<Table> openTable(const char* name, std::uint32_t mode) {
     std::unique_ptr<Table> table(new (std::nothrow) Table);
     if (!table) return nullptr;
     TablePath path(name);
-    table->file = File::open(path.get(), mode);
+    table->file = File::openRecorded(path.get(), mode);
     table->shared = mode == kSharedMode;
     table->writable = (mode & 3) != platform::kRead;
     if (!table->file.isOpen() || !readHeader(*table) || !makeBuffer(*table) || !readFields(*table)) return nullptr;

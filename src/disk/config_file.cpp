@@ -43,8 +43,8 @@ std::optional<std::int32_t> configuredLastDrive() {
     std::uint32_t length = platform::process().variable("COMSPEC", shell, sizeof shell);
     char path[kJoinedSize];
     joinPath(splitPath(length > 0 && length < sizeof shell ? shell : "C:").drive, "\\", "CONFIG", ".SYS", path);
-    OpenFile file = OpenFile::open(path, platform::kRead | platform::kDenyNone);
-    if (!file) return std::nullopt;
+    OpenFile file = OpenFile::open(path, kReading);
+    if (!file.isOpen()) return std::nullopt;
     char bytes[kLongestLine];
     while (std::optional<std::string_view> line = readLine(file.handle(), bytes)) {
         if (std::optional<std::int32_t> drive = lastDriveOf(*line)) return drive;

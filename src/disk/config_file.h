@@ -1,4 +1,4 @@
-// CONFIG.SYS, as far as it tells something about drives.
+// CONFIG.SYS, as far as it tells something about drives: its LASTDRIVE line, which Windows 95 still goes by.
 #pragma once
 
 #include <cstdint>

@@ -1,3 +1,6 @@
+// A diskette's capacity follows from its number of sectors, which Windows 95 tells by the parameter block of DOS's
+// driver, and Windows NT by media types, of which a drive has several: the one in it now, or the largest of those it
+// takes.
 #include "disk/diskette.h"
 
 #include <algorithm>
@@ -47,7 +50,7 @@ std::optional<std::uint32_t> sectorsByDos(std::int32_t drive, DisketteQuestion q
     platform::SilentErrors silent(platform::process());
     bool reached = platform::hardware().callDos(platform::kDosIoctl, registers, {.parameters = parameters});
     if (!reached || (registers.flags & platform::kCarryFlag)) return std::nullopt;
-    return parameters[kTotalSectors] | parameters[kTotalSectors + 1] << 8;
+    return parameters[kTotalSectors] | (parameters[kTotalSectors + 1] << 8);
 }
 
 std::optional<std::uint32_t> sectorsByDevice(std::int32_t drive, DisketteQuestion question) {

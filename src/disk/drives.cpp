@@ -1,4 +1,7 @@
 // Which drives there are and of what kind, by drive texts, and which hard disks and diskette drives the machine has.
+//
+// Letters are what Windows tells; hard disks and diskette drives are asked for below it: of the CMOS memory where
+// programs may read it, else by trying to open the physical drives one after the other.
 #include "disk/drives.h"
 
 #include <bit>
@@ -18,8 +21,6 @@ namespace {
 
 constexpr std::int32_t kBadKind = -1;
 
-bool hasBit(std::uint32_t mask, std::int32_t bit) { return (mask >> bit & 1) != 0; }
-
 // The 0-based number of a letter; nothing for a text without one.
 std::optional<std::int32_t> namedDrive(std::string_view text) {
     char letter = upper(text.front());
@@ -27,53 +28,35 @@ std::optional<std::int32_t> namedDrive(std::string_view text) {
     return letter - 'A';
 }
 
-bool readVolume(const char* root, platform::VolumeInformation& information) {
-    platform::SilentErrors silent(platform::process());
-    return platform::volumes().information(root, information);
-}
-
 // What a remote drive counts as.
 std::int32_t kindOfRemote(const char* root) {
     platform::VolumeInformation information;
-    if (!readVolume(root, information)) return kBadKind;
+    if (!platform::volumes().information(root, information)) return kBadKind;
     // kept: the file system is looked for in the text, so CDFS is none, and no remote drive is ever told as remote.
     bool isCdRom = std::string_view("CD").find(information.fileSystem) != std::string_view::npos;
     return isCdRom ? std::int32_t{platform::kCdRomDrive} : kBadKind;
 }
 
 std::int32_t kindOf(const char* driveText) {
-    std::int32_t number = driveNumber(driveText);
-    if (number == kNoDrive) return kBadKind;
-    DriveRoot root(number);
-    platform::DriveKind kind;
-    {
-        platform::SilentErrors silent(platform::process());
-        kind = platform::volumes().driveKind(root.get());
-    }
-    return kind == platform::kRemoteDrive ? kindOfRemote(root.get()) : static_cast<std::int32_t>(kind);
+    return withDrive(driveText, kBadKind, [](std::int32_t number) {
+        DriveRoot root = rootOf(number);
+        platform::DriveKind kind = platform::volumes().driveKind(root.get());
+        return kind == platform::kRemoteDrive ? kindOfRemote(root.get()) : static_cast<std::int32_t>(kind);
+    });
 }
 
 bool isReady(const char* driveText) {
-    std::int32_t number = driveNumber(driveText);
-    if (number == kNoDrive) return false;
-    platform::SilentErrors silent(platform::process());
-    platform::DiskSpace space;
-    return platform::volumes().space(DriveRoot(number).get(), space);
+    return withDrive(driveText, false, [](std::int32_t number) {
+        platform::DiskSpace space;
+        return platform::volumes().space(rootOf(number).get(), space);
+    });
 }
 
 bool hasMedium(const char* driveText) {
-    std::int32_t number = driveNumber(driveText);
-    platform::VolumeInformation information;
-    return number != kNoDrive && readVolume(DriveRoot(number).get(), information);
-}
-
-// Calls `take` for each existing drive's letter, in alphabetical order.
-template <typename Take>
-void forEachDrive(Take take) {
-    std::uint32_t mask = driveMask();
-    for (std::int32_t drive = 0; drive < kDriveLetters; ++drive) {
-        if (hasBit(mask, drive)) take(driveLetter(drive));
-    }
+    return withDrive(driveText, false, [](std::int32_t number) {
+        platform::VolumeInformation information;
+        return platform::volumes().information(rootOf(number).get(), information);
+    });
 }
 
 // Whether the machine is asked by its CMOS memory.
@@ -87,15 +70,15 @@ std::int32_t countFloppies() {
 }
 
 std::int32_t countPhysicalDrives() {
-    constexpr std::int32_t kMost = 8;
+    constexpr std::uint32_t kMost = 8;
     platform::SilentErrors silent(platform::process());
-    for (std::int32_t number = 0; number < kMost; ++number) {
-        if (!platform::hardware().canOpenPhysicalDrive(static_cast<std::uint32_t>(number)) &&
-            platform::process().lastError() != platform::kAccessDenied) {
-            return number;
-        }
-    }
-    return kMost;
+    std::uint32_t number = 0;
+    auto isThere = [&] {
+        return platform::hardware().canOpenPhysicalDrive(number) ||
+               platform::process().lastError() == platform::kAccessDenied;
+    };
+    while (number < kMost && isThere()) ++number;
+    return static_cast<std::int32_t>(number);
 }
 
 std::int32_t countHardDisks() {
@@ -134,10 +117,22 @@ std::uint32_t driveMask() { return platform::volumes().logicalDrives() & ((1u <<
 bool driveExists(std::int32_t drive) {
     if (drive < 0 || drive >= kDriveLetters) return false;
     std::uint32_t mask = driveMask();
-    return hasBit(mask | (mask & 1) << 1, drive);
+    std::uint32_t withB = mask | ((mask & 1) << 1);
+    return (withB >> drive) & 1;
 }
 
-std::int32_t physicalDrive(std::int32_t drive) { return drive == 1 && (driveMask() & 3) == 1 ? 0 : drive; }
+std::int32_t physicalDrive(std::int32_t drive) { return (drive == 1 && (driveMask() & 3) == 1) ? 0 : drive; }
+
+char* putDriveNames(char separator, char* to) {
+    char* end = to;
+    forEachDrive([&](char letter) {
+        if (end != to) *end++ = separator;
+        *end++ = letter;
+        *end++ = ':';
+    });
+    *end = '\0';
+    return to;
+}
 
 }  // namespace vx
 
@@ -158,17 +153,7 @@ int32_t VX_CALL vx_MediaType(const char* drive) noexcept { return hasMedium(driv
 int32_t VX_CALL vx_DriveType(int32_t drive) noexcept { return disketteCode(drive, DisketteQuestion::kLargestFormat); }
 int32_t VX_CALL vx_DiskType(int32_t drive) noexcept { return disketteCode(drive, DisketteQuestion::kMediumNow); }
 
-char* VX_CALL vx_AllDrives(char* dest) noexcept {
-    if (!dest) return nullptr;
-    char* end = dest;
-    forEachDrive([&end, dest](char letter) {
-        if (end != dest) *end++ = ' ';
-        *end++ = letter;
-        *end++ = ':';
-    });
-    *end = '\0';
-    return dest;
-}
+char* VX_CALL vx_AllDrives(char* dest) noexcept { return dest ? putDriveNames(' ', dest) : nullptr; }
 
 char* VX_CALL vx_DriveStr(char* dest) noexcept {
     if (!dest) return nullptr;

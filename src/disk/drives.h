@@ -3,10 +3,12 @@
 
 #include <cstdint>
 
+#include "files/drive_root.h"
+#include "platform/platform.h"
+
 namespace vx {
 
 inline constexpr std::int32_t kNoDrive = -1;
-inline constexpr std::int32_t kDriveLetters = 26;
 
 // A caller's drive text: its first character that is no blank. A missing text, or one of blanks only, is the current
 // drive. driveNumber counts from 1 for A and knows existing drives only; dosDriveNumber counts from 0 and knows
@@ -23,16 +25,29 @@ bool driveExists(std::int32_t drive);
 // The drive to examine for drive B, by numbers from 0: A on a machine that lacks B. All others stand for themselves.
 std::int32_t physicalDrive(std::int32_t drive);
 
-inline char driveLetter(std::int32_t drive) { return static_cast<char>('A' + drive); }
+// Calls `take` with the letter of each existing drive, in alphabetical order.
+template <typename Take>
+void forEachDrive(Take take) {
+    std::uint32_t mask = driveMask();
+    for (std::int32_t drive = 0; drive < kDriveLetters; ++drive) {
+        if ((mask >> drive) & 1) take(driveLetter(drive));
+    }
+}
+
+// The existing drives as "A:", "B:" and so on with a separator between them; returns `to`.
+char* putDriveNames(char separator, char* to);
 
 // The root directory of a drive, by its number from 1.
-class DriveRoot {
- public:
-    explicit DriveRoot(std::int32_t number) : text_{driveLetter(number - 1), ':', '\\', '\0'} {}
-    const char* get() const { return text_; }
+inline DriveRoot rootOf(std::int32_t number) { return DriveRoot(driveLetter(number - 1)); }
 
- private:
-    char text_[4];
-};
+// What `work` gives for the drive that a caller's text names, by its number from 1, or `otherwise` for what is no
+// drive. Meanwhile the system shows no boxes about drives without a medium.
+template <typename Result, typename Work>
+Result withDrive(const char* text, Result otherwise, Work work) {
+    std::int32_t number = driveNumber(text);
+    if (number == kNoDrive) return otherwise;
+    platform::SilentErrors silent(platform::process());
+    return work(number);
+}
 
 }  // namespace vx

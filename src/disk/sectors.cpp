@@ -1,4 +1,7 @@
 // Sectors of a drive read and written past the file system, and the serial number in its boot sector.
+//
+// Only Windows 95 lets a program do so: by DOS's absolute read and write, through its driver for DOS calls. Windows NT
+// gives a notice, and where neither is there the calls say that all went well (kept).
 #include "entries/sectors.h"
 
 #include "disk/drives.h"
@@ -48,12 +51,12 @@ class BootSector {
     std::uint32_t serial() const {
         if (bytes_[kSignature] != kExtended) return 0;
         std::uint32_t serial = 0;
-        for (int i = 3; i >= 0; --i) serial = serial << 8 | bytes_[kSerial + i];
+        for (int i = 3; i >= 0; --i) serial = (serial << 8) | bytes_[kSerial + i];
         return serial;
     }
     void setSerial(std::uint32_t serial) {
         bytes_[kSignature] = kExtended;
-        for (int i = 0; i < 4; ++i) bytes_[kSerial + i] = static_cast<std::uint8_t>(serial >> 8 * i);
+        for (int i = 0; i < 4; ++i) bytes_[kSerial + i] = static_cast<std::uint8_t>(serial >> (8 * i));
     }
 
  private:

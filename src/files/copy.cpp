@@ -1,4 +1,8 @@
 // Files made from others: copied, encrypted.
+//
+// Two things shall never happen: that a target which would be emptied is the source by another name or spelling, and
+// that half a target is left behind. The system tells files apart by their identities; where it does not, their full
+// paths do.
 #include "files/copy.h"
 
 #include <algorithm>
@@ -8,6 +12,7 @@
 #include "checks/cipher.h"
 #include "entries/wholefile.h"
 #include "files/open_file.h"
+#include "files/path.h"
 #include "frame/text.h"
 #include "platform/errors.h"
 
@@ -49,9 +54,7 @@ Target relationOfPaths(const char* a, const char* b) {
         if (size == 0) return Target::kUnknown;
         if (size >= platform::kPathSize) return refuse(Target::kUnknown, platform::kFilenameTooLong);
     }
-    bool same = std::equal(paths[0], paths[0] + std::strlen(paths[0]) + 1, paths[1],
-                           [](char x, char y) { return upper(x) == upper(y); });
-    return same ? Target::kSource : Target::kOther;
+    return isSamePath(paths[0], paths[1]) ? Target::kSource : Target::kOther;
 }
 
 // Whether a target that would be emptied is the source by another name or another spelling. Unknown, with the reason,
@@ -59,7 +62,7 @@ Target relationOfPaths(const char* a, const char* b) {
 Target relationOf(const platform::FileInformation& source, const char* sourceName, const char* targetName) {
     std::uint32_t before = platform::process().lastError();
     OpenFile target = OpenFile::open(targetName, kReading);
-    if (!target) {
+    if (!target.isOpen()) {
         std::uint32_t reason = platform::process().lastError();
         bool isNew = reason == platform::kFileNotFound || reason == platform::kPathNotFound;
         return isNew ? refuse(Target::kOther, before) : Target::kUnknown;
@@ -111,7 +114,7 @@ bool encrypt(const char* sourceName, const char* targetName) {
     platform::process().setLastError(platform::kNoError);
     OpenFile source = OpenFile::open(sourceName, kReading);
     platform::FileInformation information;
-    if (!source || !inspect(source, information)) return false;
+    if (!source.isOpen() || !inspect(source, information)) return false;
     bool inPlace = isBlank(targetName);
     if (!inPlace) {
         Target relation = relationOf(information, sourceName, targetName);
@@ -120,7 +123,7 @@ bool encrypt(const char* sourceName, const char* targetName) {
     }
     OpenFile target =
         inPlace ? OpenFile::open(sourceName, platform::kReadWrite | platform::kDenyNone) : OpenFile::create(targetName);
-    if (!target) return false;
+    if (!target.isOpen()) return false;
     if (encryptBytes(source.handle(), target.handle(), buffer) && target.close()) {
         source.close();
         return refuse(true, platform::kNoError);
@@ -134,12 +137,12 @@ bool encrypt(const char* sourceName, const char* targetName) {
 std::int32_t copyFile(const char* sourceName, const char* targetName) {
     OpenFile source = OpenFile::open(sourceName, kReading);
     platform::FileInformation information;
-    if (!source || !inspect(source, information)) return -1;
+    if (!source.isOpen() || !inspect(source, information)) return -1;
     Target relation = relationOf(information, sourceName, targetName);
     if (relation == Target::kSource) return refuse(-1, platform::kSharingViolation);
     if (relation == Target::kUnknown) return -1;
     OpenFile target = OpenFile::create(targetName);
-    if (!target) return -1;
+    if (!target.isOpen()) return -1;
     std::optional<std::int32_t> copied = copyBytes(source.handle(), target.handle(), kMostBytes);
     {
         KeptError cause;

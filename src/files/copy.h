@@ -2,18 +2,14 @@
 #pragma once
 
 #include <cstdint>
-#include <limits>
 #include <memory>
 #include <new>
 
-#include "platform/files.h"
-
 namespace vx {
 
-inline constexpr std::int32_t kMostBytes = std::numeric_limits<std::int32_t>::max();
-static_assert(kMostBytes == platform::kLastPosition);
-
-// Room for what is read and written at once: a little where there is no memory for more.
+// Room for what is read and written at once. Any size does for a pass over a file, so where there is no memory for the
+// one wanted, a little on the stack goes on with the work, only slower. (FileBlocks, whose blocks must hold what is
+// kept of the one before, says so instead.)
 class TransferBuffer {
  public:
     explicit TransferBuffer(std::uint32_t wanted) : large_(new (std::nothrow) char[wanted]) {

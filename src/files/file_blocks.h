@@ -1,4 +1,8 @@
 // A file read from a position on in large blocks, with memory that does not depend on its size.
+//
+// What a caller has not done with at the end of a block - the start of a line, or as much of a text as may be the start
+// of an occurrence - is kept in front of the next one, so that it only ever looks at one piece of memory. Reading is at
+// positions, so the handle's own does not move.
 #pragma once
 
 #include <algorithm>

@@ -3,10 +3,9 @@
 
 #include <optional>
 
-#include "datetime/dateformat.h"
-#include "datetime/timeofday.h"
 #include "files/filesearch.h"
 #include "files/open_file.h"
+#include "files/written.h"
 #include "frame/text.h"
 #include "platform/platform.h"
 
@@ -30,7 +29,7 @@ std::uint32_t platformAttributes(std::int32_t bits) {
 }
 
 std::int32_t attributesOf(const char* name) {
-    std::uint32_t attributes = platform::tree().attributes(name ? name : emptyText);
+    std::uint32_t attributes = platform::tree().attributes(textOf(name));
     return attributes != platform::kNoAttributes ? shownAttributes(attributes) : -1;
 }
 
@@ -40,78 +39,22 @@ std::int32_t attributesOf(std::int32_t handle) {
 }
 
 bool changeAttributes(const char* name, std::uint32_t attributes, bool set) {
-    if (!name) name = emptyText;
+    name = textOf(name);
     platform::Tree& tree = platform::tree();
     std::uint32_t now = tree.attributes(name);
     if (now == platform::kNoAttributes) return false;
-    return tree.setAttributes(name, set ? now | attributes : now & ~attributes);
+    return tree.setAttributes(name, set ? (now | attributes) : (now & ~attributes));
 }
 
-// When a file was last written, as a stamp and in local time.
-struct Written {
-    FileTime stamp;
-    Moment local;
-
-    Date date() const { return {local.year, local.month, local.day}; }
-    TimeOfDay time() const { return {local.hour, local.minute, local.second}; }
-};
-
-std::optional<Written> writtenAt(std::int32_t handle) {
+std::optional<Written> written(std::int32_t handle) {
     platform::FileInformation information;
-    if (!platform::files().information(handle, information)) return std::nullopt;
-    Written written{information.times.written, {}};
-    if (!platform::clock().toLocalTime(written.stamp, written.local)) return std::nullopt;
-    return written;
+    bool known = platform::files().information(handle, information);
+    return known ? writtenAt(information.times.written) : std::nullopt;
 }
 
-std::optional<Written> writtenAt(const char* name) {
+std::optional<Written> written(const char* name) {
     OpenFile file = OpenFile::open(name, kReading);
-    return file ? writtenAt(file.handle()) : std::nullopt;
-}
-
-// What every getter does, by name and by handle alike.
-template <typename File>
-bool getDate(File file, std::int32_t* year, std::int32_t* month, std::int32_t* day) {
-    std::optional<Written> written = writtenAt(file);
-    storeDate(written ? written->date() : Date{}, year, month, day);
-    return written.has_value();
-}
-
-template <typename File>
-bool getTime(File file, std::int32_t* hour, std::int32_t* minute, std::int32_t* second) {
-    std::optional<Written> written = writtenAt(file);
-    storeTime(written ? written->time() : TimeOfDay{}, hour, minute, second);
-    return written.has_value();
-}
-
-template <typename File>
-std::int32_t getDayNumber(File file) {
-    std::optional<Written> written = writtenAt(file);
-    return written ? dayNumber(written->date()) : 0;
-}
-
-// A text that `put` makes of a time stamp; empty if there is none.
-template <typename File, typename Put>
-char* getText(File file, char* dest, Put put) {
-    if (!dest) return nullptr;
-    std::optional<Written> written = writtenAt(file);
-    return written ? put(*written, dest) : store(dest, {});
-}
-
-template <typename File>
-char* getDateText(File file, char* dest) {
-    return getText(file, dest, [](const Written& written, char* to) { return putDate(written.date(), to); });
-}
-
-template <typename File>
-char* getDateText(File file, const char* picture, char* dest) {
-    return getText(file, dest,
-                   [=](const Written& written, char* to) { return putPicturedDate(written.date(), picture, to); });
-}
-
-template <typename File>
-char* getTimeText(File file, char* dest) {
-    return getText(file, dest, [](const Written& written, char* to) { return putTime(written.time(), to); });
+    return file.isOpen() ? written(file.handle()) : std::nullopt;
 }
 
 // kept: 0 leaves a field as it is, so midnight cannot be set; the platform's record has 16 bits a field.
@@ -142,11 +85,11 @@ bool changedStamp(const Written& written, const Date& date, const TimeOfDay& tim
 // kept: the file is opened for reading only. A system that wants more for setting times refuses, and the result is 0.
 bool setWritten(const char* name, const Date& date, const TimeOfDay& time) {
     OpenFile file = OpenFile::open(name, kReading);
-    if (!file) return false;
-    std::optional<Written> written = writtenAt(file.handle());
+    if (!file.isOpen()) return false;
+    std::optional<Written> before = written(file.handle());
     FileTime stamp;
-    if (!written || !changedStamp(*written, date, time, stamp)) return false;
-    if (stamp == 0 && written->stamp != 0) return false;  // the first moment of 1601: the platform takes 0 for none
+    if (!before || !changedStamp(*before, date, time, stamp)) return false;
+    if (stamp == 0 && before->stamp != 0) return false;  // the first moment of 1601: the platform takes 0 for none
     return platform::files().setTimes(file.handle(), {.written = stamp}) && file.close();
 }
 
@@ -168,31 +111,39 @@ int32_t VX_CALL vx_FUnHide(const char* name) noexcept { return changeAttributes(
 int32_t VX_CALL vx_FChanged(const char* name) noexcept { return (attributesOf(name) & kArchiveBit) != 0; }
 
 int32_t VX_CALL vx_FileDosDate(int32_t handle, int32_t* year, int32_t* month, int32_t* day) noexcept {
-    return getDate(handle, year, month, day);
+    return tellDate(written(handle), year, month, day);
 }
 int32_t VX_CALL vx_FileDosTime(int32_t handle, int32_t* hour, int32_t* minute, int32_t* second) noexcept {
-    return getTime(handle, hour, minute, second);
+    return tellTime(written(handle), hour, minute, second);
 }
 int32_t VX_CALL vx_FGetDosDate(const char* name, int32_t* year, int32_t* month, int32_t* day) noexcept {
-    return getDate(name, year, month, day);
+    return tellDate(written(name), year, month, day);
 }
 int32_t VX_CALL vx_FGetDosTime(const char* name, int32_t* hour, int32_t* minute, int32_t* second) noexcept {
-    return getTime(name, hour, minute, second);
+    return tellTime(written(name), hour, minute, second);
 }
 
-int32_t VX_CALL vx_FileJDate(int32_t handle) noexcept { return getDayNumber(handle); }
-int32_t VX_CALL vx_FGetJDate(const char* name) noexcept { return getDayNumber(name); }
+int32_t VX_CALL vx_FileJDate(int32_t handle) noexcept { return dayNumberOf(written(handle)); }
+int32_t VX_CALL vx_FGetJDate(const char* name) noexcept { return dayNumberOf(written(name)); }
 
-char* VX_CALL vx_FileDate(int32_t handle, char* dest) noexcept { return getDateText(handle, dest); }
-char* VX_CALL vx_FGetDate(const char* name, char* dest) noexcept { return getDateText(name, dest); }
+char* VX_CALL vx_FileDate(int32_t handle, char* dest) noexcept {
+    return dest ? putDateOf(written(handle), dest) : nullptr;
+}
+char* VX_CALL vx_FGetDate(const char* name, char* dest) noexcept {
+    return dest ? putDateOf(written(name), dest) : nullptr;
+}
 char* VX_CALL vx_FileDatef(int32_t handle, const char* picture, char* dest) noexcept {
-    return getDateText(handle, picture, dest);
+    return dest ? putDateOf(written(handle), picture, dest) : nullptr;
 }
 char* VX_CALL vx_FGetDatef(const char* name, const char* picture, char* dest) noexcept {
-    return getDateText(name, picture, dest);
+    return dest ? putDateOf(written(name), picture, dest) : nullptr;
 }
-char* VX_CALL vx_FileTime(int32_t handle, char* dest) noexcept { return getTimeText(handle, dest); }
-char* VX_CALL vx_FGetTime(const char* name, char* dest) noexcept { return getTimeText(name, dest); }
+char* VX_CALL vx_FileTime(int32_t handle, char* dest) noexcept {
+    return dest ? putTimeOf(written(handle), dest) : nullptr;
+}
+char* VX_CALL vx_FGetTime(const char* name, char* dest) noexcept {
+    return dest ? putTimeOf(written(name), dest) : nullptr;
+}
 
 int32_t VX_CALL vx_FSetDosDate(const char* name, int32_t year, int32_t month, int32_t day) noexcept {
     return setWritten(name, {year, month, day}, {});

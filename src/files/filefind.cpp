@@ -1,14 +1,15 @@
 // What lies in listed directories and below them, by its name.
+//
+// One path grows and shrinks with the walk (WalkPath): each function leaves it as it found it, or at what was found.
 #include "files/filefind.h"
 
-#include <optional>
-
 #include "entries/filesearch.h"
+#include "files/list.h"
+#include "files/make_path.h"
 #include "files/path.h"
 #include "files/walk.h"
 #include "frame/text.h"
 #include "platform/platform.h"
-#include "strings/token.h"
 
 namespace vx {
 namespace {
@@ -19,8 +20,8 @@ constexpr DelimiterSet kDirectoryDelimiters(";");
 bool placeOf(std::string_view directory, WalkPath& place) {
     WalkPath given;
     char full[platform::kPathSize];
-    bool drive = directory.size() == 2 && directory[1] == ':';
-    if (!given.append(directory) || (drive && !given.append("\\"))) return false;
+    bool isDrive = directory.size() == 2 && directory[1] == ':';
+    if (!given.append(directory) || (isDrive && !given.append("\\"))) return false;
     std::uint32_t size = platform::tree().fullPath(given.text(), full, sizeof full);
     if (size == 0 || size >= sizeof full) return false;
     place.cut(0);
@@ -30,12 +31,11 @@ bool placeOf(std::string_view directory, WalkPath& place) {
 // Calls visit with the path of each listed directory until it returns true.
 template <class Visit>
 bool anyOfList(const char* list, Visit visit) {
-    std::string_view all = view(list);
-    std::optional<Token> item = nextToken(all, kDirectoryDelimiters, 0);
+    ListItems items(view(list), kDirectoryDelimiters);
     WalkPath place;
-    if (!item) return placeOf(".", place) && visit(place);
-    for (; item; item = nextToken(all, kDirectoryDelimiters, item->end())) {
-        if (placeOf(item->in(all), place) && visit(place)) return true;
+    if (items.empty()) return placeOf(".", place) && visit(place);
+    for (std::string_view item : items) {
+        if (placeOf(item, place) && visit(place)) return true;
     }
     return false;
 }

@@ -39,7 +39,7 @@ inline constexpr std::size_t kLongestList = 520;
 // Room for the name of an entry with the pattern's drive and directory.
 inline constexpr std::size_t kFoundNameSize = 2 + (kPieceSize - 1) + 1 + (kPieceSize - 1) + 1;
 
-// kept: 32 bits, of which the high word takes off.
+// kept: 32 bits, from which the size's high word is subtracted.
 inline std::uint32_t foundSize(const platform::FoundEntry& entry) { return entry.sizeLow - entry.sizeHigh; }
 
 // A search and where it stands. It has an entry until its list is used up; the entry's name then is empty.

@@ -1,18 +1,21 @@
 // Files opened, read, written and closed by their handles.
+//
+// Handles are the platform's own. The library only keeps a list of those that callers have open, to close them when it
+// goes; one that is not in the list, because it came from elsewhere or the list was full, works like any other.
 #include "files/handles.h"
 
 #include <algorithm>
 #include <iterator>
-#include <limits>
 
 #include "entries/handles.h"
+#include "entries/wholefile.h"
+#include "files/walk.h"
 #include "frame/text.h"
 #include "platform/errors.h"
 
 namespace vx {
 namespace {
 
-constexpr std::uint32_t kMostAtOnce = std::numeric_limits<std::int32_t>::max();
 constexpr std::string_view kLineEnd = "\r\n";
 
 // The table's first slot that holds a value; null if there is none.
@@ -30,25 +33,18 @@ std::int32_t recorded(std::int32_t handle) {
 // kept: a file without any attribute, not even the archive attribute, is not seen.
 bool seesNone(const char* name) {
     using namespace platform;
-    Tree& tree = *current().tree;
-    Process& process = *current().process;
-    FoundEntry entry;
-    std::int32_t search = tree.findFirst(name, entry);
-    if (search == -1) {
-        std::uint32_t code = process.lastError();
-        return code == kFileNotFound || code == kPathNotFound || code == kNoMoreFiles;
-    }
-    tree.findClose(search);
-    if ((entry.attributes & (kReadOnly | kHidden | kSystem | kDirectoryEntry | kArchive)) == 0) return true;
-    process.setLastError(kFileExists);
-    return false;
+    constexpr std::uint32_t kSeen = kReadOnly | kHidden | kSystem | kDirectoryEntry | kArchive;
+    DirectorySearch search(name);
+    if (!search.found()) return search.sawAll();
+    return (search.entry().attributes & kSeen) == 0 || refuse(false, kFileExists);
 }
 
 // A count beyond all positions is for what is left of the file.
 std::int32_t readBytes(std::int32_t handle, void* to, std::uint32_t count) {
     if (!to) return refuse(-1, platform::kInvalidParameter);
-    if (count > kMostAtOnce) {
-        std::int32_t length = lengthOf(handle), position = length < 0 ? -1 : positionOf(handle);
+    if (count > std::uint32_t{kMostBytes}) {
+        std::int32_t length = lengthOf(handle);
+        std::int32_t position = length < 0 ? -1 : positionOf(handle);
         if (position < 0) return -1;
         count = static_cast<std::uint32_t>(std::max(length - position, 0));
     }
@@ -72,8 +68,17 @@ std::int32_t writeNumber(std::int32_t handle, std::int32_t value) {
 }
 
 // Texts can be longer than what one call writes.
-std::int32_t sizeAtOnce(std::size_t size) {
-    return static_cast<std::int32_t>(std::min<std::size_t>(size, kMostAtOnce));
+std::int32_t sizeAtOnce(std::size_t size) { return static_cast<std::int32_t>(std::min<std::size_t>(size, kMostBytes)); }
+
+std::int32_t replicate(std::int32_t handle, std::string_view text, std::int32_t count) {
+    if (text.empty()) return count;  // kept: nothing is written, and a negative count comes back, too
+    std::int32_t size = sizeAtOnce(text.size());
+    std::int32_t done = 0;
+    while (done < count) {
+        ++done;
+        if (writeBytes(handle, text.data(), size) != size) break;
+    }
+    return done;
 }
 
 }  // namespace
@@ -252,4 +257,8 @@ int32_t VX_CALL vx_FWriteLine(int32_t handle, const char* text) noexcept {
     bool written = !line.empty() && writes(line);
     bool ended = writes(kLineEnd);
     return written || ended;  // kept: either of the two is enough
+}
+
+int32_t VX_CALL vx_FReplicate(int32_t handle, const char* text, int32_t count) noexcept {
+    return replicate(handle, view(text), count);
 }

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <limits>
 #include <optional>
 #include <string_view>
 
@@ -19,6 +20,22 @@ Result refuse(Result result, std::uint32_t code) {
     platform::process().setLastError(code);
     return result;
 }
+
+// Gives the last error back as it was, whatever happens until this goes.
+class KeptError {
+ public:
+    KeptError() : code_(platform::process().lastError()) {}
+    ~KeptError() { platform::process().setLastError(code_); }
+    KeptError(const KeptError&) = delete;
+    KeptError& operator=(const KeptError&) = delete;
+
+ private:
+    std::uint32_t code_;
+};
+
+// The longest that a file may be whose positions can all be told, and the most that one call reads or writes.
+inline constexpr std::int32_t kMostBytes = std::numeric_limits<std::int32_t>::max();
+static_assert(kMostBytes == platform::kLastPosition);
 
 // Opens and closes files for callers: what they leave open is closed when the library goes. When all slots are taken,
 // the file is open and not recorded. NULL is an empty name.

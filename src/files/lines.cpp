@@ -1,4 +1,7 @@
-// Lines of text files: read, skipped, gone back over and counted.
+// Lines of text files: read, skipped and counted, and positions by their numbers.
+//
+// A line is at most kLongestLine bytes long; a longer one counts as several. Reading one line reads that many bytes and
+// puts the position back behind the line, which is one call more, but far fewer than a call a byte.
 #include "files/lines.h"
 
 #include <algorithm>
@@ -9,6 +12,7 @@
 #include "entries/lines.h"
 #include "files/file_blocks.h"
 #include "files/handles.h"
+#include "files/way_back.h"
 #include "frame/text.h"
 #include "strings/characters.h"
 
@@ -16,7 +20,6 @@ namespace vx {
 namespace {
 
 constexpr char kLineFeed = '\n';
-constexpr std::int64_t kBackOverEnd = 2;  // a line feed, and a carriage return before it
 
 std::int32_t seekTo(std::int32_t handle, std::int32_t position) {
     return platform::files().seek(handle, position, platform::kFromStart);
@@ -39,88 +42,6 @@ Line readAhead(std::int32_t handle, char (&bytes)[kLongestLine]) {
     if (length > 1 && bytes[length - 1] == '\r') --length;
     return {text.substr(0, static_cast<std::size_t>(length)), ahead};
 }
-
-// Going back over lines. The position is moved here and put where it belongs in the end, so that
-// one look at the file serves many lines.
-class WayBack {
- public:
-    // `reach`: how many bytes to read at once.
-    WayBack(std::int32_t handle, std::int64_t reach)
-        : handle_(handle), reach_(reach), position_(positionOf(handle)), clear_(position_) {}
-
-    // To the start of the line. kept: where none is within the reach of a line, the position stays, and the result is
-    // where the search ended.
-    std::int64_t toLineStart() {
-        if (position_ < 0) return -1;
-        std::int64_t from = position_ - std::min<std::int64_t>(kLongestLine, position_);
-        std::int64_t to = std::min(clear_, end_);
-        if (from < to && !look(from, to)) return -1;
-        to = std::min(to, end_);
-        std::size_t found = from < to ? findLastCharacter(kLineFeed, within(from, to)) : std::string_view::npos;
-        if (found == std::string_view::npos) {
-            clear_ = std::min(clear_, from);
-            position_ = std::min(position_, std::max(from, end_));
-            return from;
-        }
-        return position_ = clear_ = from + static_cast<std::int64_t>(found) + 1;
-    }
-
-    std::int64_t toLineBefore() {
-        if (toLineStart() < 0) return -1;
-        if (position_ < kBackOverEnd) {
-            platform::process().setLastError(platform::kNegativeSeek);
-            return -1;
-        }
-        position_ -= kBackOverEnd;
-        clear_ = std::min(clear_, position_);
-        return toLineStart();
-    }
-
-    std::int64_t toLineBefore(std::int64_t count) {
-        std::int64_t result = 0;
-        while (count-- > 0 && (result = toLineBefore()) > 0) {
-        }
-        return result;
-    }
-
-    // Leaves the handle at the position and hands the result on.
-    std::int32_t stop(std::int64_t result) {
-        if (position_ < 0) return -1;
-        if (result < 0) {
-            putBack(handle_, static_cast<std::int32_t>(position_));
-        } else if (seekTo(handle_, static_cast<std::int32_t>(position_)) < 0) {
-            return -1;
-        }
-        return static_cast<std::int32_t>(result);
-    }
-
-    std::int32_t position() const { return static_cast<std::int32_t>(position_); }
-
-    static constexpr std::int64_t kMostReach = 8192;
-
- private:
-    std::string_view within(std::int64_t from, std::int64_t to) const {
-        return {bytes_ + (from - start_), static_cast<std::size_t>(to - from)};
-    }
-
-    // Makes sure that these bytes, as far as the file has them, are at hand.
-    bool look(std::int64_t from, std::int64_t to) {
-        if (from >= start_ && to <= start_ + size_) return true;
-        start_ = std::max<std::int64_t>(to - reach_, 0);
-        size_ = platform::files().readAt(handle_, start_, bytes_, static_cast<std::uint32_t>(to - start_));
-        if (size_ >= 0 && size_ < to - start_) end_ = start_ + size_;
-        return size_ >= 0;
-    }
-
-    std::int32_t handle_;
-    std::int64_t reach_;
-    std::int64_t position_;
-    std::int64_t clear_;                                           // no line feed from here to the position
-    std::int64_t end_ = std::numeric_limits<std::int64_t>::max();  // of the file, once it has been met
-    std::int64_t start_ = 0;
-    std::int64_t size_ = 0;
-    char bytes_[kMostReach];
-};
 
 // The size of the line that a text begins with, its line feed included; 0 if the text does not show it.
 std::size_t lineSize(std::string_view text) {
@@ -154,7 +75,8 @@ std::int32_t skipLines(std::int32_t handle, std::int32_t from, std::int32_t coun
 }
 
 // Counts the lines of a text that comes in pieces. Where each step of half a line's greatest length has a line feed, no
-// line is too long, and the line feeds are the lines.
+// line is too long, and the line feeds are the lines: then they are counted a vector at a time (FLineCount in
+// bench/files/lines_bench.cpp). Only from a step without one are line feeds looked for singly, up to the next.
 class LineCounter {
  public:
     void add(std::string_view text) {
@@ -201,8 +123,8 @@ std::int32_t countLines(std::int32_t handle) {
     FileBlocks blocks(handle, start, 0);
     if (!blocks) return -1;
     LineCounter lines;
-    std::int32_t read;
-    while ((read = blocks.read(0, FileBlocks::kLargest)) > 0) lines.add(blocks.bytes());
+    std::int32_t read = blocks.read(0, FileBlocks::kLargest);
+    for (; read > 0; read = blocks.read(0, FileBlocks::kLargest)) lines.add(blocks.bytes());
     putBack(handle, start);
     return read < 0 ? -1 : lines.count();
 }

@@ -1,4 +1,8 @@
-// Texts found and counted in files.
+// Texts found and counted in files, a block at a time.
+//
+// Of each block as many bytes are kept for the next one as may be the start of an occurrence. Letter case is brought to
+// one form in the block as it arrives, so that the search itself is the one for exact texts; where nothing in the text
+// has another case, not even that is done.
 #include <algorithm>
 #include <iterator>
 

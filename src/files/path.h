@@ -5,7 +5,8 @@
 #include <cstdint>
 #include <string_view>
 
-#include "strings/token.h"
+#include "frame/text.h"
+#include "platform/tree.h"
 
 namespace vx {
 
@@ -22,6 +23,23 @@ struct PathParts {
 
 // Room for any joined path: drive, directory, backslash, name, dot, extension.
 inline constexpr std::size_t kJoinedSize = 2 + 3 * (kPieceSize - 1) + 2 + 1;
+
+// Room that callers have for the path of a directory or program.
+inline constexpr std::size_t kPathRoom = platform::kPathSize + 1;
+
+inline bool isSeparator(char c) { return c == '\\' || c == '/'; }
+
+// The letter and colon that a path begins with, or an empty text.
+std::string_view drivePart(std::string_view path);
+
+// Whether two paths differ in nothing but letter case.
+bool isSamePath(std::string_view a, std::string_view b);
+
+// Puts a piece of a path at `to`, which may overlap it, without a terminator; what is behind it.
+inline char* appendPiece(char* to, std::string_view piece) {
+    moveBytes(to, piece.data(), piece.size());
+    return to + piece.size();
+}
 
 // NULL is an empty path.
 PathParts splitPath(const char* path);
@@ -55,21 +73,5 @@ std::size_t lastComponent(std::string_view path);
 
 // Whether the last character is a backslash or slash, not the second half of a double-byte one.
 bool endsInSeparator(std::string_view path);
-
-// Fills the wildcards of a name's pattern from another text: ? takes the character at its position, or ends the result
-// where there is none, and * takes the rest and ends it. `to` needs room for the longer of the two. The length.
-std::size_t fillPattern(std::string_view pattern, std::string_view from, char* to);
-
-bool directoryExists(const char* path);
-
-// What separates the paths of a list.
-inline constexpr DelimiterSet kListDelimiters(";,");
-
-// Makes all directories of a list of paths, with those on the way. Whether the last one is there; the work stops at
-// the first that cannot be made.
-bool makePath(const char* list);
-
-// Makes one directory, with those on the way.
-bool makeDirectory(std::string_view path);
 
 }  // namespace vx

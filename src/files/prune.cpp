@@ -1,12 +1,14 @@
 // Deleting by patterns and by trees of directories.
 //
-// What is deleted is never more than what was named: every path that is handed to the platform's deletion is the one
-// that the platform itself makes of it, so that nothing it would drop from a name (blanks and dots at an end, device
-// names) can lead to another file; names that were found never go through a list of patterns; links are never followed.
+// What is deleted is never more than what was named: every path that is handed to the platform's deletion is an exact
+// one (exact_path.h); names that were found never go through a list of patterns; links are never followed.
 #include <algorithm>
 
 #include "entries/filesearch.h"
+#include "files/drive_root.h"
+#include "files/exact_path.h"
 #include "files/filesearch.h"
+#include "files/list.h"
 #include "files/walk.h"
 #include "platform/errors.h"
 #include "platform/platform.h"
@@ -18,89 +20,6 @@ using platform::FoundEntry;
 
 std::int32_t result(bool good) { return good ? 0 : -1; }
 
-bool isLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
-
-bool isPlainName(std::string_view name) {
-    return !name.empty() && !isDots(name) && findSeparator(name) == name.size() &&
-           name.find(':') == std::string_view::npos;
-}
-
-// Whether the platform takes a path exactly as it is written: by its end, `exact`, if it is a relative one.
-bool isTakenAs(const char* path, std::string_view exact) {
-    char full[platform::kPathSize];
-    std::uint32_t size = platform::tree().fullPath(path, full, sizeof full);
-    return size < sizeof full && std::string_view(full, size).ends_with(exact);
-}
-
-// The absolute path that a caller's text names, with a separator behind it.
-class TopPath {
- public:
-    // False for a text that does not name one directory exactly, and for none.
-    bool complete(const char* text) {
-        if (!text) return false;
-        std::string_view given = text;
-        if (given.find_first_of("*?") != std::string_view::npos) return false;
-        std::string_view drive = given.substr(0, given.size() > 1 && given[1] == ':' ? 2 : 0);
-        std::string_view rest = given.substr(drive.size());
-        if (!drive.empty() && !isLetter(drive[0])) return false;
-        bool rooted = !rest.empty() && findSeparator(rest) == 0;
-        return (rooted ? addRoot(drive) : addCurrent(drive)) && addComponents(rest) && isExact();
-    }
-
-    const WalkPath& path() const { return path_; }
-
- private:
-    bool addRoot(std::string_view drive) {
-        std::int32_t current = drive.empty() ? platform::volumes().currentDrive() : 0;
-        char letter = drive.empty() ? static_cast<char>('A' + current - 1) : drive[0];
-        char root[] = {static_cast<char>(letter & ~0x20), ':', '\\'};
-        return isLetter(letter) && path_.append({root, sizeof root});
-    }
-
-    bool addCurrent(std::string_view drive) {
-        char directory[platform::kPathSize];
-        std::int32_t number = drive.empty() ? 0 : (drive[0] & 0x1F);
-        if (!platform::volumes().currentDirectory(number, directory, sizeof directory)) return false;
-        std::string_view current = directory;
-        if (current.size() < 3 || !isLetter(current[0]) || current[1] != ':') return false;
-        return addRoot(current.substr(0, 2)) && addComponents(current.substr(2));
-    }
-
-    // An empty component is not dropped as the platform would: a name is missing there.
-    bool addComponents(std::string_view text) {
-        std::size_t at = !text.empty() && findSeparator(text) == 0 ? 1 : 0;
-        while (at < text.size()) {
-            std::size_t end = findSeparator(text, at);
-            if (!addComponent(text.substr(at, end - at))) return false;
-            at = end + 1;
-        }
-        return true;
-    }
-
-    bool addComponent(std::string_view name) {
-        if (name == ".") return true;
-        if (name == "..") return dropComponent();
-        return isPlainName(name) && path_.appendDirectory(name);
-    }
-
-    bool dropComponent() {
-        if (path_.size() <= kRootSize) return false;
-        path_.cut(lastComponent(path_.view().substr(0, path_.size() - 1)));
-        return true;
-    }
-
-    bool isExact() {
-        if (path_.size() <= kRootSize) return isTakenAs(path_.text(), path_.view());
-        WalkPath whole = path_;
-        whole.cut(whole.size() - 1);
-        return isTakenAs(whole.text(), whole.view());
-    }
-
-    static constexpr std::size_t kRootSize = 3;
-
-    WalkPath path_;
-};
-
 // What both walks share: the directory where they are, and what they do with its entries.
 class TreeWalk {
  protected:
@@ -108,7 +27,7 @@ class TreeWalk {
 
     explicit TreeWalk(const WalkPath& top) : path_(top) {}
 
-    bool isRoot() const { return path_.size() <= 3; }
+    bool isRoot() const { return path_.size() <= kRootSize; }
 
     // The directory's path without a separator behind it, but for a root.
     const char* directory() {
@@ -223,8 +142,7 @@ class Pruning : TreeWalk {
         platform::Volumes& volumes = platform::volumes();
         char current[platform::kPathSize];
         if (!volumes.currentDirectory(0, current, sizeof current)) return;
-        auto same = [](char a, char b) { return upper(a) == upper(b); };
-        if (std::ranges::equal(name, std::string_view(current), same)) volumes.changeDirectory("..");
+        if (isSamePath(name, current)) volumes.changeDirectory("..");
     }
 
     std::int32_t mode_;
@@ -253,9 +171,8 @@ class FilePruning : TreeWalk {
             if (!(entry.attributes & platform::kLink)) last = entered && prune(false);
         });
         if (!last) good = false;
-        for (auto item = nextToken(patterns_, kListDelimiters, 0); item;
-             item = nextToken(patterns_, kListDelimiters, item->end())) {
-            if (!eraseFiles(item->in(patterns_))) good = false;
+        for (std::string_view pattern : ListItems(patterns_)) {
+            if (!eraseFiles(pattern)) good = false;
         }
         return good;
     }
@@ -265,9 +182,8 @@ class FilePruning : TreeWalk {
 
 // Patterns of files in a directory, of which none leads out of it.
 bool stayInDirectory(std::string_view patterns) {
-    for (auto item = nextToken(patterns, kListDelimiters, 0); item;
-         item = nextToken(patterns, kListDelimiters, item->end())) {
-        if (!isPlainName(item->in(patterns))) return false;
+    for (std::string_view pattern : ListItems(patterns)) {
+        if (!isPlainName(pattern)) return false;
     }
     return true;
 }
@@ -293,9 +209,8 @@ int32_t VX_CALL vx_FEraseAll(const char* list) noexcept {
         WalkPath path;
         bool whole = isPlainName(entry.name) && path.append(pattern.substr(0, lastComponent(pattern))) &&
                      path.append(entry.name);
-        if (whole && !isDirectory(entry) && isTakenAs(path.text(), entry.name) && platform::tree().erase(path.text())) {
+        if (whole && !isDirectory(entry) && isTakenAs(path.text(), entry.name) && platform::tree().erase(path.text()))
             ++count;
-        }
     }
     return count;
 }

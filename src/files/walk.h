@@ -4,6 +4,7 @@
 #include <cstring>
 #include <string_view>
 
+#include "files/handles.h"
 #include "files/path.h"
 #include "platform/errors.h"
 #include "platform/platform.h"
@@ -17,7 +18,7 @@ inline bool isDots(std::string_view name) { return name == "." || name == ".."; 
 
 inline bool isSubdirectory(const platform::FoundEntry& entry) { return isDirectory(entry) && !isDots(entry.name); }
 
-// The platform's search for one pattern, closed when this ends.
+// The platform's search for one pattern, closed when this ends; the last error stays that of the search.
 class DirectorySearch {
  public:
     explicit DirectorySearch(const char* pattern)
@@ -25,6 +26,7 @@ class DirectorySearch {
         noteEnd();
     }
     ~DirectorySearch() {
+        KeptError reason;
         if (handle_ != -1) platform::tree().findClose(handle_);
     }
     DirectorySearch(const DirectorySearch&) = delete;
@@ -42,6 +44,8 @@ class DirectorySearch {
     bool sawAll() const { return sawAll_; }
 
  private:
+    static platform::Tree& tree() { return platform::tree(); }
+
     void noteEnd() {
         if (found_) return;
         std::uint32_t code = platform::process().lastError();

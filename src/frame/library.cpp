@@ -107,7 +107,7 @@ PlatformClass platformClass() {
 void attach() {
     std::fill(std::begin(library.handles), std::end(library.handles), kNoHandle);
     buildTables();
-    platform::process().programPath(library.programPath, kPathRoom);
+    platform::process().programPath(library.programPath, sizeof library.programPath);
 }
 
 void detach() {

@@ -4,6 +4,8 @@
 #include <atomic>
 #include <cstdint>
 
+#include "platform/tree.h"
+
 namespace vx {
 
 enum CharType : std::uint32_t {
@@ -23,13 +25,12 @@ enum CharType : std::uint32_t {
 
 inline constexpr int kHandleSlots = 1024;
 inline constexpr std::int32_t kNoHandle = -1;
-inline constexpr int kPathRoom = 260;
 
 // What a function that asks a device goes by.
 enum class PlatformClass : std::int32_t { kUnknown = -1, kOther = 0, kWin32s = 1, kWindows95 = 2, kWindowsNt = 3 };
 
 struct Library {
-    char programPath[kPathRoom] = {};
+    char programPath[platform::kPathSize] = {};
     std::int32_t handles[kHandleSlots];  // open files to be closed at detach
     std::uint8_t upper[256];
     std::uint8_t lower[256];

@@ -6,6 +6,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "platform/tree.h"
+
 namespace vx::platform {
 
 enum DriveKind : std::uint32_t {
@@ -19,8 +21,8 @@ enum DriveKind : std::uint32_t {
 };
 
 struct VolumeInformation {
-    char label[260];
-    char fileSystem[260];
+    char label[kPathSize];
+    char fileSystem[kPathSize];
     std::uint32_t serial;
 };
 

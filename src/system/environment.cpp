@@ -1,16 +1,18 @@
 // The process's command line, its program and its environment.
+//
+// The command line is taken apart here, from the one text that Windows has: arguments by blanks and tabs, quotes only
+// at an argument's start and without any escape. A C runtime's rules are others.
 #include "entries/environment.h"
 
 #include <cstring>
 #include <string_view>
 
+#include "files/path.h"
 #include "frame/text.h"
 #include "platform/platform.h"
 
 namespace vx {
 namespace {
-
-constexpr std::size_t kProgramRoom = 261;
 
 bool isGap(char c) { return c == ' ' || c == '\t'; }
 
@@ -60,7 +62,10 @@ std::string_view argument(std::int32_t n) {
 
 std::int32_t countArguments() {
     std::int32_t count = 0;
-    forEachArgument([&count](std::string_view) { return ++count, true; });
+    forEachArgument([&count](std::string_view) {
+        ++count;
+        return true;
+    });
     return count;
 }
 
@@ -75,7 +80,7 @@ std::string_view parameter(std::string_view prefix) {
 }
 
 char* putProgram(char* dest) {
-    platform::process().programPath(dest, kProgramRoom);
+    platform::process().programPath(dest, kPathRoom);
     return dest;
 }
 

@@ -14,13 +14,13 @@ constexpr std::uint32_t kMillisecondsOfTick = 55;
 
 std::int32_t windowsVersion() {
     std::uint32_t version = platform::process().systemVersion();
-    return static_cast<std::int32_t>((version & 0xFF) * 100 + (version >> 8 & 0xFF));
+    return static_cast<std::int32_t>((version & 0xFF) * 100 + ((version >> 8) & 0xFF));
 }
 
 std::uint32_t kilobytes(bool available) {
     platform::Memory memory = platform::process().physicalMemory();
-    return static_cast<std::uint32_t>(
-        std::min<std::uint64_t>((available ? memory.available : memory.total) >> 10, 0xFFFFFFFF));
+    std::uint64_t bytes = available ? memory.available : memory.total;
+    return static_cast<std::uint32_t>(std::min<std::uint64_t>(bytes >> 10, 0xFFFFFFFF));
 }
 
 std::int32_t timerTick() {

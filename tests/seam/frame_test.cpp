@@ -32,7 +32,7 @@ TEST_F(Loading, TakesTablesPathAndEmptyHandleTable) {
     fake.process.path = std::string(400, 'p');
     door()->attach();
     EXPECT_EQ(std::ranges::count(state.handles, kNoHandle), kHandleSlots);
-    EXPECT_EQ(std::string(state.programPath), std::string(kPathRoom - 1, 'p'));
+    EXPECT_EQ(std::string(state.programPath), std::string(sizeof state.programPath - 1, 'p'));
     for (int c = 0; c < 256; ++c) {
         EXPECT_EQ(state.upper[c], static_cast<std::uint8_t>(c ? c + 1 : 0)) << c << ": NUL has no case";
         EXPECT_EQ(state.lower[c], static_cast<std::uint8_t>(c ? c - 1 : 0)) << c;

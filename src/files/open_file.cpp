@@ -1,14 +1,9 @@
-#include "dbf/file.h"
-
-#include <limits>
-
-#include "files/handles.h"
 #include "files/open_file.h"
 
-namespace vx::dbf {
+namespace vx {
 namespace {
 
-// Nothing of a table ends behind the last position.
+// Nothing ends behind the last position that handles can have.
 bool reaches(std::int64_t position, std::size_t count) {
     return position >= 0 && position <= platform::kLastPosition &&
            count <= static_cast<std::uint64_t>(platform::kLastPosition - position);
@@ -16,32 +11,30 @@ bool reaches(std::int64_t position, std::size_t count) {
 
 }  // namespace
 
-File::~File() { close(); }
-
-File File::open(const char* path, std::uint32_t mode) { return File(openRecorded(path, mode)); }
-
-File File::create(const char* path) { return File(createRecorded(path, 0)); }
-
-bool File::close() {
-    bool done = !isOpen() || closeRecorded(handle_);
-    handle_ = kNoHandle;
-    return done;
+bool OpenFile::close() {
+    if (!isOpen()) return true;
+    platform::Process& process = platform::process();
+    std::uint32_t before = process.lastError();
+    std::int32_t handle = std::exchange(handle_, kNoHandle);
+    bool closed = recorded_ ? closeRecorded(handle) : platform::files().close(handle);
+    if (closed) process.setLastError(before);
+    return closed;
 }
 
-std::uint32_t File::read(std::int64_t position, void* to, std::size_t count) const {
+std::uint32_t OpenFile::read(std::int64_t position, void* to, std::size_t count) const {
     if (position < 0 || position >= platform::kLastPosition || count == 0) return 0;
     if (!reaches(position, count)) count = static_cast<std::size_t>(platform::kLastPosition - position);
     std::int32_t done = platform::files().readAt(handle_, position, to, static_cast<std::uint32_t>(count));
     return done > 0 ? static_cast<std::uint32_t>(done) : 0;
 }
 
-bool File::write(std::int64_t position, const void* from, std::size_t count) const {
+bool OpenFile::write(std::int64_t position, const void* from, std::size_t count) const {
     if (!reaches(position, count)) return false;
     std::int32_t done = platform::files().writeAt(handle_, position, from, static_cast<std::uint32_t>(count));
     return done >= 0 && static_cast<std::size_t>(done) == count;
 }
 
-bool File::cutBack(std::int64_t end, std::int64_t most) const {
+bool OpenFile::cutBack(std::int64_t end, std::int64_t most) const {
     KeptError cause;
     std::int64_t now = size();
     if (now < 0) return false;
@@ -50,4 +43,4 @@ bool File::cutBack(std::int64_t end, std::int64_t most) const {
            platform::files().truncate(handle_);
 }
 
-}  // namespace vx::dbf
+}  // namespace vx
