@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cctype>
 #include <cstring>
+#include <iterator>
+#include <sstream>
 #include <tuple>
 
 namespace vx::lab {
@@ -45,6 +47,8 @@ std::uint32_t shownAttributes(const MadeUpDisk::Node& node) {
     return shown ? shown : std::uint32_t{kNormal};
 }
 
+bool isKept(const MadeUpDisk::Node& node) { return node.directory || (node.attributes & kReadOnly); }
+
 FoundEntry entryOf(const MadeUpDisk::Node& node, const std::string& name) {
     FoundEntry entry{};
     entry.attributes = shownAttributes(node);
@@ -74,16 +78,13 @@ std::string MadeUpDisk::absolute(const std::string& name) const {
         path.erase(0, 2);
     }
     if (path.empty() || path[0] != '\\') path = directory.substr(2) + "\\" + path;
-    std::string result = "C:";
-    for (std::size_t from = 0; from <= path.size();) {
-        std::size_t to = std::min(path.find('\\', from), path.size());
-        std::string piece = path.substr(from, to - from);
+    std::string result = "C:", piece;
+    for (std::istringstream pieces(path); std::getline(pieces, piece, '\\');) {
         if (piece == "..") {
             if (result.size() > 2) result = parentOf(result);
         } else if (!piece.empty() && piece != ".") {
             result += "\\" + piece;
         }
-        from = to + 1;
     }
     return result;
 }
@@ -159,7 +160,7 @@ bool MadeUpDisk::isOpen(const Node& node) const {
 
 bool MadeUpDisk::isEmptyDirectory(const std::string& key) const {
     auto next = nodes_.upper_bound(key + "\\");
-    return next == nodes_.end() || next->first.compare(0, key.size() + 1, key + "\\") != 0;
+    return next == nodes_.end() || !next->first.starts_with(key + "\\");
 }
 
 MadeUpDisk::Open* MadeUpDisk::opened(std::int32_t handle) {
@@ -182,7 +183,7 @@ std::int32_t MadeUpDisk::start(std::shared_ptr<Node> node, std::uint32_t mode) {
 }
 
 std::int32_t MadeUpDisk::open(const char* name, std::uint32_t mode) {
-    auto found = callFor(name, kFileNotFound);
+    auto found = callFor(name);
     if (found == nodes_.end()) return -1;
     bool refused = found->second->directory || ((mode & 3) != kRead && (found->second->attributes & kReadOnly));
     return refused ? refuse(-1, kAccessDenied) : start(found->second, mode);
@@ -193,9 +194,7 @@ std::int32_t MadeUpDisk::create(const char* name, std::uint32_t attributes) {
     std::string full = absolute(name);
     if (full.size() <= 3 || !parentExists(full)) return refuse(-1, kPathNotFound);
     auto found = at(name);
-    if (found != nodes_.end() && (found->second->directory || (found->second->attributes & kReadOnly))) {
-        return refuse(-1, kAccessDenied);
-    }
+    if (found != nodes_.end() && isKept(*found->second)) return refuse(-1, kAccessDenied);
     Node& node = put(full);
     node.attributes = (attributes & 7) | kArchive;
     return start(at(full)->second, kReadWrite);
@@ -330,23 +329,23 @@ std::uint32_t MadeUpDisk::attributes(const char* name) {
 }
 
 bool MadeUpDisk::setAttributes(const char* name, std::uint32_t attributes) {
-    auto found = callFor(name, kFileNotFound);
+    auto found = callFor(name);
     if (found == nodes_.end()) return false;
     found->second->attributes = attributes & (kReadOnly | kHidden | kSystem | kArchive);
     return true;
 }
 
 bool MadeUpDisk::erase(const char* name) {
-    auto found = callFor(name, kFileNotFound);
+    auto found = callFor(name);
     if (found == nodes_.end()) return false;
-    if (found->second->directory || (found->second->attributes & kReadOnly)) return refuse(false, kAccessDenied);
+    if (isKept(*found->second)) return refuse(false, kAccessDenied);
     if (isOpen(*found->second)) return refuse(false, kSharingViolation);
     nodes_.erase(found);
     return true;
 }
 
 bool MadeUpDisk::move(const char* from, const char* to) {
-    auto found = callFor(from, kFileNotFound);
+    auto found = callFor(from);
     if (found == nodes_.end()) return false;
     std::string target = absolute(to);
     if (target.size() <= 3 || !parentExists(target)) return refuse(false, kPathNotFound);
@@ -355,7 +354,7 @@ bool MadeUpDisk::move(const char* from, const char* to) {
     std::string oldKey = found->first, newKey = upperCased(target);
     Nodes moved;
     for (auto it = nodes_.begin(); it != nodes_.end();) {
-        bool within = it->first == oldKey || it->first.compare(0, oldKey.size() + 1, oldKey + "\\") == 0;
+        bool within = it->first == oldKey || it->first.starts_with(oldKey + "\\");
         if (within) moved[newKey + it->first.substr(oldKey.size())] = it->second;
         it = within ? nodes_.erase(it) : std::next(it);
     }
@@ -402,11 +401,8 @@ std::int32_t MadeUpDisk::findFirst(const char* pattern, FoundEntry& entry) {
     if (parent != "C:" && wanted == "*") {
         for (const char* name : {".", ".."}) found.push_back(entryOf({name, true, "", 0, {}, {}, {}}, name));
     }
-    for (const auto& [key, node] : nodes_) {
-        if (parentOf(key) == parent && matches(wanted, lastOf(key))) {
-            found.push_back(entryOf(*node, node->name));
-        }
-    }
+    for (const auto& [key, node] : nodes_)
+        if (parentOf(key) == parent && matches(wanted, lastOf(key))) found.push_back(entryOf(*node, node->name));
     if (found.empty()) return refuse(-1, kFileNotFound);
     std::reverse(found.begin(), found.end());
     lastHandle += 4;

@@ -55,7 +55,8 @@ class MadeUpDisk final : public platform::Files, public platform::Tree, public M
     Node& put(const std::string& path, std::string data = "");
     Node& putDirectory(const std::string& path);
     Node& putLink(const std::string& path, const std::string& target);
-    Node* find(const std::string& path);     // null if there is none
+    Node* find(const std::string& path);  // null if there is none
+    void clear() { nodes_.clear(); }
     std::vector<std::string> names() const;  // all paths in order, directories with a separator behind
     std::size_t openFiles() const { return open_.size(); }
     std::string locks() const;  // those held in all files, as `T.DBF 1000000000+1, T.DBF 1000000004+2`

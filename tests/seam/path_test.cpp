@@ -24,7 +24,7 @@ TEST(PathSeam, MakePathStopsAtEveryFailure) {
 }
 
 // As the rows tell of all other calls that may reach for a drive.
-TEST(PathSeam, AMoveMakesItsDirectorySilentlyAndCopiesInTheCallersMode) {
+TEST(PathSeam, AMoveMakesItsDirectorySilently) {
     lab::FakePlatform fake{door()};
     fake.disk.put("C:\\d\\f");
     std::uint32_t mode = 0;

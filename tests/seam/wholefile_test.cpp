@@ -36,8 +36,8 @@ class WholeFile : public testing::Test {
     // An empty text where there is no file.
     std::string get(const std::string& name) { return disk.find(name) ? disk.find(name)->data : ""; }
 
-    // Lets each call fail in turn, and each transfer fall short, until the run is over. `check` gets whether the call
-    // that failed was reached, after which the reason must be told by a run that `failed`.
+    // Lets each call fail in turn, and each transfer fall short, until the run is over. One that `failed` must tell
+    // why.
     void faults(const std::function<void()>& prepare, const std::function<int()>& run,
                 const std::function<bool(int result)>& failed) {
         for (bool fallsShort : {false, true}) {
@@ -45,9 +45,7 @@ class WholeFile : public testing::Test {
             do {
                 SCOPED_TRACE(testing::Message() << (fallsShort ? "short at call " : "fails at call ") << ++n);
                 disk.fault = {};
-                for (const std::string& name : disk.names()) {
-                    if (name.back() != '\\') disk.erase(name.c_str());
-                }
+                disk.clear();
                 prepare();
                 disk.calls = 0;
                 disk.fault = {.atCall = n, .fallsShort = fallsShort, .code = kCause};
