@@ -139,26 +139,19 @@ TEST(Handles, NoPositionBeyondTheLast) {
         EXPECT_EQ(f.FRead(handle, rest, count), 0) << count;
         EXPECT_EQ(f.FRead(-1, rest, count), -1) << count;
     }
-    EXPECT_EQ(f.FSeek(handle, kMost, 0), kMost);
-    EXPECT_EQ(f.FSeek(handle, 1, 1), -1);
-    EXPECT_EQ(f.FSeek(handle, kMost, 2), -1);
-    EXPECT_EQ(f.FTell(handle), kMost);
-    EXPECT_EQ(f.FEof(handle), 1);
     std::filesystem::resize_file(place.native("big"), kMost);
-    Dest line(2049);
-    EXPECT_EQ(f.FRead(handle, line, 1), 0) << "the end, as anywhere else";
+    f.FSeek(handle, kMost, 0);
+    EXPECT_EQ(f.FRead(handle, Dest(1), 1), 0) << "the end, as anywhere else";
     f.FSeek(handle, kMost - 1, 0);
     EXPECT_EQ(f.FSeekLine(handle, 1, 1), kMost) << "the last position is one";
 
     std::filesystem::resize_file(place.native("big"), std::uintmax_t{kMost} + 2);
     EXPECT_EQ(f.FLen(handle), -1);
     EXPECT_EQ(f.FError(), 87u);
-    EXPECT_EQ(f.FSeek(handle, 0, 2), -1);
-    EXPECT_EQ(f.FTell(handle), kMost);
     f.FSeek(handle, 1, 0);
-    EXPECT_EQ(f.FBot(handle), 0);
-    for (std::int32_t result : {f.FLineCount(handle), f.FLocate(handle, "b", 0), f.FStrCount(handle, "b", 0),
-                                f.FSeekLine(handle, 2, 0), f.FSeekLine(handle, 1, 1), f.FSeekLine(handle, 1, 2)}) {
+    for (std::int32_t result :
+         {f.FBot(handle) - 1, f.FLineCount(handle), f.FLocate(handle, "b", 0), f.FStrCount(handle, "b", 0),
+          f.FSeekLine(handle, 2, 0), f.FSeekLine(handle, 1, 1), f.FSeekLine(handle, 1, 2)}) {
         EXPECT_EQ(result, -1);
     }
     EXPECT_EQ(f.FTell(handle), 1);

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <algorithm>
-#include <cctype>
 #include <chrono>
 #include <cstring>
 #include <string>
@@ -226,12 +225,6 @@ class FixedProcess final : public platform::Process {
     std::uint32_t systemVersion() override { return version; }
     platform::PlatformId platformId() override { return id; }
     platform::Memory physicalMemory() override { return memory; }
-
- private:
-    static std::string upperCased(std::string text) {
-        for (char& c : text) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-        return text;
-    }
 };
 
 // Puts one stand-in of each kind in the platform's places, and takes them out again.
@@ -240,12 +233,11 @@ class FakePlatform {
     explicit FakePlatform(Door* door) : door_(door), system_(*door->platform) {
         *door->platform = {&clock, &desktop, &disk, &hardware, &locale, &process, &disk, &volumes};
         forgetClass();
-        disk.process = &process;
-        hardware.process = &process;
-        volumes.process = &process;
+        disk.process = hardware.process = volumes.process = &process;
     }
     ~FakePlatform() {
         *door_->platform = system_;
+        std::ranges::fill(door_->library->handles, kNoHandle);  // they belonged to the made-up disk
         forgetClass();
     }
     FakePlatform(const FakePlatform&) = delete;

@@ -3,41 +3,37 @@
 #include <algorithm>
 #include <cctype>
 #include <cstring>
+#include <iterator>
+#include <sstream>
 #include <tuple>
 
 namespace vx::lab {
 
 using namespace platform;
 
-namespace {
-
 std::string upperCased(std::string text) {
     for (char& c : text) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
     return text;
 }
 
+namespace {
+
 std::string parentOf(const std::string& path) { return path.substr(0, path.rfind('\\')); }
 std::string lastOf(const std::string& path) { return path.substr(path.rfind('\\') + 1); }
 
-bool matches(const char* pattern, const char* name) {
-    const char* star = nullptr;  // the latest one, and where what it takes ends
-    const char* taken = nullptr;
-    while (*name) {
-        if (*pattern == '*') {
-            star = pattern++;
-            taken = name;
-        } else if (*pattern == '?' || *pattern == *name) {
-            ++pattern;
-            ++name;
-        } else if (star) {
-            pattern = star + 1;
-            name = ++taken;
-        } else {
-            return false;
+bool matches(const std::string& pattern, const std::string& name) {
+    std::vector<bool> fits(name.size() + 1);  // whether the pattern up to here takes so many characters
+    fits[0] = true;
+    for (char c : pattern) {
+        bool before = fits[0];
+        fits[0] = before && c == '*';
+        for (std::size_t i = 1; i < fits.size(); ++i) {
+            bool fit = c == '*' ? fits[i] || fits[i - 1] : before && (c == '?' || c == name[i - 1]);
+            before = fits[i];
+            fits[i] = fit;
         }
     }
-    while (*pattern == '*') ++pattern;
-    return !*pattern;
+    return fits.back();
 }
 
 void putTime(std::uint32_t (&halves)[2], FileTime time) {
@@ -50,6 +46,8 @@ std::uint32_t shownAttributes(const MadeUpDisk::Node& node) {
         node.attributes | (node.directory ? kDirectoryEntry : 0u) | (node.target.empty() ? 0u : kLink);
     return shown ? shown : std::uint32_t{kNormal};
 }
+
+bool isKept(const MadeUpDisk::Node& node) { return node.directory || (node.attributes & kReadOnly); }
 
 FoundEntry entryOf(const MadeUpDisk::Node& node, const std::string& name) {
     FoundEntry entry{};
@@ -64,12 +62,6 @@ FoundEntry entryOf(const MadeUpDisk::Node& node, const std::string& name) {
 }
 
 }  // namespace
-
-template <typename Result>
-Result MadeUpDisk::refuse(Result result, std::uint32_t code) {
-    if (process) process->setLastError(code);
-    return result;
-}
 
 bool MadeUpDisk::fails() {
     ++calls;
@@ -86,16 +78,13 @@ std::string MadeUpDisk::absolute(const std::string& name) const {
         path.erase(0, 2);
     }
     if (path.empty() || path[0] != '\\') path = directory.substr(2) + "\\" + path;
-    std::string result = "C:";
-    for (std::size_t from = 0; from <= path.size();) {
-        std::size_t to = std::min(path.find('\\', from), path.size());
-        std::string piece = path.substr(from, to - from);
+    std::string result = "C:", piece;
+    for (std::istringstream pieces(path); std::getline(pieces, piece, '\\');) {
         if (piece == "..") {
             if (result.size() > 2) result = parentOf(result);
         } else if (!piece.empty() && piece != ".") {
             result += "\\" + piece;
         }
-        from = to + 1;
     }
     return result;
 }
@@ -171,12 +160,20 @@ bool MadeUpDisk::isOpen(const Node& node) const {
 
 bool MadeUpDisk::isEmptyDirectory(const std::string& key) const {
     auto next = nodes_.upper_bound(key + "\\");
-    return next == nodes_.end() || next->first.compare(0, key.size() + 1, key + "\\") != 0;
+    return next == nodes_.end() || !next->first.starts_with(key + "\\");
 }
 
 MadeUpDisk::Open* MadeUpDisk::opened(std::int32_t handle) {
     auto found = open_.find(handle);
     return found == open_.end() ? refuse(static_cast<Open*>(nullptr), kInvalidHandle) : &found->second;
+}
+
+MadeUpDisk::Open* MadeUpDisk::callFor(std::int32_t handle) { return fails() ? nullptr : opened(handle); }
+
+MadeUpDisk::Nodes::iterator MadeUpDisk::callFor(const char* name, std::uint32_t none) {
+    if (fails()) return nodes_.end();
+    auto found = at(name);
+    return found == nodes_.end() ? refuse(found, none) : found;
 }
 
 std::int32_t MadeUpDisk::start(std::shared_ptr<Node> node, std::uint32_t mode) {
@@ -186,9 +183,8 @@ std::int32_t MadeUpDisk::start(std::shared_ptr<Node> node, std::uint32_t mode) {
 }
 
 std::int32_t MadeUpDisk::open(const char* name, std::uint32_t mode) {
-    if (fails()) return -1;
-    auto found = at(name);
-    if (found == nodes_.end()) return refuse(-1, kFileNotFound);
+    auto found = callFor(name);
+    if (found == nodes_.end()) return -1;
     bool refused = found->second->directory || ((mode & 3) != kRead && (found->second->attributes & kReadOnly));
     return refused ? refuse(-1, kAccessDenied) : start(found->second, mode);
 }
@@ -198,9 +194,7 @@ std::int32_t MadeUpDisk::create(const char* name, std::uint32_t attributes) {
     std::string full = absolute(name);
     if (full.size() <= 3 || !parentExists(full)) return refuse(-1, kPathNotFound);
     auto found = at(name);
-    if (found != nodes_.end() && (found->second->directory || (found->second->attributes & kReadOnly))) {
-        return refuse(-1, kAccessDenied);
-    }
+    if (found != nodes_.end() && isKept(*found->second)) return refuse(-1, kAccessDenied);
     Node& node = put(full);
     node.attributes = (attributes & 7) | kArchive;
     return start(at(full)->second, kReadWrite);
@@ -213,8 +207,7 @@ bool MadeUpDisk::close(std::int32_t handle) {
     return open_.erase(handle) != 0 ? !failed : refuse(false, kInvalidHandle);
 }
 
-std::int32_t MadeUpDisk::transfer(std::int32_t handle, std::int64_t position, void* to, const void* from,
-                                  std::uint32_t count) {
+std::int32_t MadeUpDisk::transfer(std::int32_t handle, void* to, const void* from, std::uint32_t count) {
     if (fails()) {
         if (!fault.fallsShort) return -1;
         count /= 2;
@@ -223,37 +216,29 @@ std::int32_t MadeUpDisk::transfer(std::int32_t handle, std::int64_t position, vo
     if (!file) return -1;
     if (to ? !file->reads : !file->writes) return refuse(-1, kAccessDenied);
     std::string& data = file->node->data;
-    std::size_t start = static_cast<std::size_t>(position);
+    std::size_t start = static_cast<std::size_t>(file->position);
     if (to) {
-        std::size_t got = start < data.size() ? std::min<std::size_t>(count, data.size() - start) : 0;
-        std::memcpy(to, data.data() + std::min(start, data.size()), got);
-        return static_cast<std::int32_t>(got);
+        count = start < data.size() ? std::min(count, static_cast<std::uint32_t>(data.size() - start)) : 0;
+        std::memcpy(to, data.data() + std::min(start, data.size()), count);
+    } else if (count > 0) {
+        std::size_t grown = std::max(data.size(), start + count);
+        if (used() - data.size() + grown > capacity) return refuse(-1, kDiskFull);
+        data.resize(grown);
+        std::memcpy(data.data() + start, from, count);
     }
-    if (count == 0) return 0;
-    std::size_t grown = std::max(data.size(), start + count);
-    if (used() - data.size() + grown > capacity) return refuse(-1, kDiskFull);
-    data.resize(grown);
-    std::memcpy(data.data() + start, from, count);
+    file->position += count;
     return static_cast<std::int32_t>(count);
 }
 
-std::int32_t MadeUpDisk::read(std::int32_t handle, void* to, std::uint32_t count) {
-    Open* file = opened(handle);
-    std::int32_t done = transfer(handle, file ? file->position : 0, to, nullptr, count);
-    if (done > 0) file->position += done;
-    return done;
-}
-
-std::int32_t MadeUpDisk::write(std::int32_t handle, const void* from, std::uint32_t count) {
-    Open* file = opened(handle);
-    std::int32_t done = transfer(handle, file ? file->position : 0, nullptr, from, count);
-    if (done > 0) file->position += done;
-    return done;
+// The position is lost, as on Windows.
+std::int32_t MadeUpDisk::transferAt(std::int32_t handle, std::int64_t position, void* to, const void* from,
+                                    std::uint32_t count) {
+    if (Open* file = opened(handle)) file->position = position;
+    return transfer(handle, to, from, count);
 }
 
 std::int32_t MadeUpDisk::seek(std::int32_t handle, std::int32_t offset, std::int32_t origin) {
-    if (fails()) return -1;
-    Open* file = opened(handle);
+    Open* file = callFor(handle);
     if (!file) return -1;
     if (origin < kFromStart || origin > kFromEnd) return refuse(-1, kInvalidParameter);
     std::int64_t base = origin == kFromStart     ? 0
@@ -265,26 +250,13 @@ std::int32_t MadeUpDisk::seek(std::int32_t handle, std::int32_t offset, std::int
     return static_cast<std::int32_t>(file->position);
 }
 
-// The position is lost, as on Windows.
-std::int32_t MadeUpDisk::readAt(std::int32_t handle, std::int64_t position, void* to, std::uint32_t count) {
-    if (Open* file = opened(handle)) file->position = position;
-    return read(handle, to, count);
-}
-
-std::int32_t MadeUpDisk::writeAt(std::int32_t handle, std::int64_t position, const void* from, std::uint32_t count) {
-    if (Open* file = opened(handle)) file->position = position;
-    return write(handle, from, count);
-}
-
 std::int64_t MadeUpDisk::size(std::int32_t handle) {
-    if (fails()) return -1;
-    Open* file = opened(handle);
+    Open* file = callFor(handle);
     return file ? static_cast<std::int64_t>(file->node->data.size()) : -1;
 }
 
 bool MadeUpDisk::truncate(std::int32_t handle) {
-    if (fails()) return false;
-    Open* file = opened(handle);
+    Open* file = callFor(handle);
     if (!file) return false;
     if (!file->writes) return refuse(false, kAccessDenied);
     std::size_t end = static_cast<std::size_t>(file->position);
@@ -293,8 +265,6 @@ bool MadeUpDisk::truncate(std::int32_t handle) {
     file->node->data.resize(end);
     return true;
 }
-
-bool MadeUpDisk::flush(std::int32_t handle) { return !fails() && opened(handle); }
 
 std::string MadeUpDisk::locks() const {
     std::set<std::tuple<std::string, std::uint64_t, std::uint64_t>> all;
@@ -308,8 +278,7 @@ std::string MadeUpDisk::locks() const {
 }
 
 bool MadeUpDisk::lock(std::int32_t handle, std::uint32_t offset, std::uint32_t length) {
-    if (fails()) return false;
-    Open* file = opened(handle);
+    Open* file = callFor(handle);
     if (!file) return false;
     Range range{offset, std::uint64_t{offset} + length};
     for (const auto& [other, opened] : open_) {
@@ -323,8 +292,7 @@ bool MadeUpDisk::lock(std::int32_t handle, std::uint32_t offset, std::uint32_t l
 }
 
 bool MadeUpDisk::unlock(std::int32_t handle, std::uint32_t offset, std::uint32_t length) {
-    if (fails()) return false;
-    Open* file = opened(handle);
+    Open* file = callFor(handle);
     if (!file) return false;
     auto found = std::find(file->held.begin(), file->held.end(), Range{offset, std::uint64_t{offset} + length});
     if (found == file->held.end()) return refuse(false, kNotLocked);
@@ -333,8 +301,7 @@ bool MadeUpDisk::unlock(std::int32_t handle, std::uint32_t offset, std::uint32_t
 }
 
 bool MadeUpDisk::information(std::int32_t handle, FileInformation& information) {
-    if (fails()) return false;
-    Open* file = opened(handle);
+    Open* file = callFor(handle);
     if (!file) return false;
     const Node& node = *file->node;
     information = {.attributes = shownAttributes(node),
@@ -346,13 +313,10 @@ bool MadeUpDisk::information(std::int32_t handle, FileInformation& information) 
 }
 
 bool MadeUpDisk::setTimes(std::int32_t handle, const FileTimes& times) {
-    if (fails()) return false;
-    Open* file = opened(handle);
+    Open* file = callFor(handle);
     if (!file) return false;
-    FileTimes& kept = file->node->times;
-    if (times.created) kept.created = times.created;
-    if (times.accessed) kept.accessed = times.accessed;
-    if (times.written) kept.written = times.written;
+    for (FileTime FileTimes::*time : {&FileTimes::created, &FileTimes::accessed, &FileTimes::written})
+        if (times.*time) file->node->times.*time = times.*time;
     return true;
 }
 
@@ -365,27 +329,24 @@ std::uint32_t MadeUpDisk::attributes(const char* name) {
 }
 
 bool MadeUpDisk::setAttributes(const char* name, std::uint32_t attributes) {
-    if (fails()) return false;
-    auto found = at(name);
-    if (found == nodes_.end()) return refuse(false, kFileNotFound);
+    auto found = callFor(name);
+    if (found == nodes_.end()) return false;
     found->second->attributes = attributes & (kReadOnly | kHidden | kSystem | kArchive);
     return true;
 }
 
 bool MadeUpDisk::erase(const char* name) {
-    if (fails()) return false;
-    auto found = at(name);
-    if (found == nodes_.end()) return refuse(false, kFileNotFound);
-    if (found->second->directory || (found->second->attributes & kReadOnly)) return refuse(false, kAccessDenied);
+    auto found = callFor(name);
+    if (found == nodes_.end()) return false;
+    if (isKept(*found->second)) return refuse(false, kAccessDenied);
     if (isOpen(*found->second)) return refuse(false, kSharingViolation);
     nodes_.erase(found);
     return true;
 }
 
 bool MadeUpDisk::move(const char* from, const char* to) {
-    if (fails()) return false;
-    auto found = at(from);
-    if (found == nodes_.end()) return refuse(false, kFileNotFound);
+    auto found = callFor(from);
+    if (found == nodes_.end()) return false;
     std::string target = absolute(to);
     if (target.size() <= 3 || !parentExists(target)) return refuse(false, kPathNotFound);
     if (auto taken = at(to); taken != nodes_.end() && taken != found) return refuse(false, kAlreadyExists);
@@ -393,7 +354,7 @@ bool MadeUpDisk::move(const char* from, const char* to) {
     std::string oldKey = found->first, newKey = upperCased(target);
     Nodes moved;
     for (auto it = nodes_.begin(); it != nodes_.end();) {
-        bool within = it->first == oldKey || it->first.compare(0, oldKey.size() + 1, oldKey + "\\") == 0;
+        bool within = it->first == oldKey || it->first.starts_with(oldKey + "\\");
         if (within) moved[newKey + it->first.substr(oldKey.size())] = it->second;
         it = within ? nodes_.erase(it) : std::next(it);
     }
@@ -412,9 +373,8 @@ bool MadeUpDisk::createDirectory(const char* name) {
 }
 
 bool MadeUpDisk::removeDirectory(const char* name) {
-    if (fails()) return false;
-    auto found = at(name);
-    if (found == nodes_.end()) return refuse(false, kPathNotFound);
+    auto found = callFor(name, kPathNotFound);
+    if (found == nodes_.end()) return false;
     if (!found->second->directory) return refuse(false, kDirectory);
     if (!isEmptyDirectory(found->first)) return refuse(false, kDirectoryNotEmpty);
     nodes_.erase(found);
@@ -441,11 +401,8 @@ std::int32_t MadeUpDisk::findFirst(const char* pattern, FoundEntry& entry) {
     if (parent != "C:" && wanted == "*") {
         for (const char* name : {".", ".."}) found.push_back(entryOf({name, true, "", 0, {}, {}, {}}, name));
     }
-    for (const auto& [key, node] : nodes_) {
-        if (parentOf(key) == parent && matches(wanted.c_str(), lastOf(key).c_str())) {
-            found.push_back(entryOf(*node, node->name));
-        }
-    }
+    for (const auto& [key, node] : nodes_)
+        if (parentOf(key) == parent && matches(wanted, lastOf(key))) found.push_back(entryOf(*node, node->name));
     if (found.empty()) return refuse(-1, kFileNotFound);
     std::reverse(found.begin(), found.end());
     lastHandle += 4;

@@ -3,14 +3,11 @@
 
 #include <algorithm>
 #include <cstring>
-#include <functional>
 #include <map>
-#include <optional>
 #include <string>
 #include <vector>
 
-#include "platform/errors.h"
-#include "platform/platform.h"
+#include "tests/lab/made_up_disk.h"
 
 namespace vx::lab {
 
@@ -23,10 +20,8 @@ struct DosCall {
     const void* sectors;
 };
 
-class MadeUpHardware final : public platform::Hardware {
+class MadeUpHardware final : public platform::Hardware, public MadeUpDevice {
  public:
-    platform::Process* process = nullptr;  // gets the reasons of failures
-
     // The DOS device: its diskette has sectors of 512 bytes, which reads and writes beyond the end set the carry flag
     // for.
     bool hasDosDevice = true;
@@ -48,11 +43,10 @@ class MadeUpHardware final : public platform::Hardware {
     std::vector<std::pair<std::uint32_t, std::uint32_t>> beeps;
     std::int32_t beepResult = 1;
     std::uint32_t family = 6;
-    std::function<void()> onCall;  // before each call of a drive's device
 
     bool callDos(platform::DosService service, platform::DosRegisters& registers,
                  const platform::DosMemory& memory) override {
-        if (onCall) onCall();
+        call();
         if (dosCalls.size() < kMostKept) {
             dosCalls.push_back({service, registers, bytes(memory.packet, sizeof(platform::DiskPacket)),
                                 bytes(memory.parameters, kParameterBytes), memory.sectors});
@@ -65,7 +59,7 @@ class MadeUpHardware final : public platform::Hardware {
 
     std::int32_t queryDrive(char letter, platform::DriveQuery query,
                             std::span<platform::DriveGeometry> entries) override {
-        if (onCall) onCall();
+        call();
         bool types = query == platform::kMediaTypes;
         if (queries.size() < kMostKept) {
             queries += std::string{letter, types ? 't' : 'g'} + std::to_string(entries.size()) + ' ';
@@ -78,7 +72,7 @@ class MadeUpHardware final : public platform::Hardware {
     }
 
     bool canOpenPhysicalDrive(std::uint32_t number) override {
-        if (onCall) onCall();
+        call();
         std::uint32_t code = number < physicalDrives.size() ? physicalDrives[number] : platform::kFileNotFound;
         return code == 0 || refuse(false, code);
     }
@@ -104,12 +98,6 @@ class MadeUpHardware final : public platform::Hardware {
         return from ? std::string(static_cast<const char*>(from), size) : std::string();
     }
 
-    template <typename Result>
-    Result refuse(Result result, std::uint32_t code) {
-        if (process) process->setLastError(code);
-        return result;
-    }
-
     bool serve(platform::DosService service, const platform::DosMemory& memory) {
         if (service == platform::kDosIoctl) {
             auto* block = static_cast<std::uint8_t*>(memory.parameters);
@@ -120,12 +108,9 @@ class MadeUpHardware final : public platform::Hardware {
         std::uint64_t from = std::uint64_t{memory.packet->firstSector} * kSectorSize;
         std::uint64_t size = std::uint64_t{memory.packet->count} * kSectorSize;
         if (from + size > diskette.size()) return false;
-        if (service == platform::kDosAbsoluteRead) {
-            std::memcpy(memory.sectors, diskette.data() + from, size);
-        } else if (!writeProtected) {
-            std::memcpy(diskette.data() + from, memory.sectors, size);
-        }
-        return service == platform::kDosAbsoluteRead || !writeProtected;
+        char* content = diskette.data() + from;
+        if (service == platform::kDosAbsoluteRead) return std::memcpy(memory.sectors, content, size);
+        return !writeProtected && std::memcpy(content, memory.sectors, size);
     }
 };
 

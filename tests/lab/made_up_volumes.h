@@ -4,14 +4,12 @@
 #include <algorithm>
 #include <cctype>
 #include <cstring>
-#include <functional>
 #include <map>
 #include <optional>
 #include <string>
 #include <utility>
 
-#include "platform/errors.h"
-#include "platform/platform.h"
+#include "tests/lab/made_up_disk.h"
 
 namespace vx::lab {
 
@@ -27,7 +25,7 @@ struct MadeUpDrive {
     bool startedIn = false;  // the system lost its directory unless it is changed to: by its drive one gets the root
 };
 
-class MadeUpVolumes final : public platform::Volumes {
+class MadeUpVolumes final : public platform::Volumes, public MadeUpDevice {
  public:
     std::map<char, MadeUpDrive> drives{{'A', {.kind = platform::kRemovableDrive, .serial = 0xA}},
                                        {'C', {.label = "SYSTEM", .serial = 0x1234ABCD}},
@@ -37,9 +35,7 @@ class MadeUpVolumes final : public platform::Volumes {
     std::map<std::string, std::uint64_t> mounted;  // free bytes of volumes that are directories
     std::string system = "C:\\WINNT\\System32";
     std::string windows = "C:\\WINNT";
-    platform::Process* process = nullptr;  // gets the reasons of failures
-    std::string labels;                    // every label that was set, in brackets; "-" for none
-    std::function<void()> onCall;          // before each call that may reach for a disk
+    std::string labels;  // every label that was set, in brackets; "-" for none
 
     std::uint32_t logicalDrives() override {
         std::uint32_t mask = 0;
@@ -47,7 +43,7 @@ class MadeUpVolumes final : public platform::Volumes {
         return mask;
     }
     platform::DriveKind driveKind(const char* root) override {
-        if (onCall) onCall();
+        call();
         MadeUpDrive* drive = at(root);
         return drive ? drive->kind : platform::kNoRootDirectory;
     }
@@ -62,7 +58,7 @@ class MadeUpVolumes final : public platform::Volumes {
     bool setLabel(const char* root, const char* label) override {
         MadeUpDrive* drive = working(root);
         if (!drive) return false;
-        if (drive->labelError) return refuse(drive->labelError);
+        if (drive->labelError) return refuse(false, drive->labelError);
         drive->label = label ? label : "";
         labels += label ? "[" + drive->label + "]" : "-";
         return true;
@@ -73,38 +69,35 @@ class MadeUpVolumes final : public platform::Volumes {
         return drive;
     }
     bool freeBytes(const char* directory, std::uint64_t& bytes) override {
-        if (onCall) onCall();
-        if (auto found = mounted.find(directory); found != mounted.end()) {
-            bytes = found->second;
-            return true;
-        }
+        call();
+        if (auto found = mounted.find(directory); found != mounted.end()) return bytes = found->second, true;
         platform::DiskSpace space{};
-        if (std::strlen(directory) > 3) return refuse(platform::kPathNotFound);
+        if (std::strlen(directory) > 3) return refuse(false, platform::kPathNotFound);
         if (!this->space(directory, space)) return false;
         bytes = bytesFree.value_or(std::uint64_t{space.freeClusters} * space.sectorsPerCluster * space.bytesPerSector);
         return true;
     }
     std::int32_t currentDrive() override { return current - 'A' + 1; }
     bool setCurrentDrive(std::int32_t drive) override {
-        if (onCall) onCall();
+        call();
         char letter = static_cast<char>('A' + drive - 1);
-        if (drive < 1 || drive > 26 || !drives.contains(letter)) return refuse(platform::kInvalidDrive);
+        if (drive < 1 || drive > 26 || !drives.contains(letter)) return refuse(false, platform::kInvalidDrive);
         if (std::exchange(drives[letter].startedIn, false)) drives[letter].directory = "\\";
         current = letter;
         return true;
     }
     bool currentDirectory(std::int32_t number, char* path, std::size_t room) override {
-        if (onCall) onCall();
+        call();
         char letter = number == 0 ? current : static_cast<char>('A' + number - 1);
         auto found = drives.find(letter);
-        if (found == drives.end()) return refuse(platform::kInvalidDrive);
+        if (found == drives.end()) return refuse(false, platform::kInvalidDrive);
         std::string full = std::string(1, letter) + ":" + found->second.directory;
-        return full.size() < room ? put(full, path, room) : refuse(platform::kInsufficientBuffer);
+        return full.size() < room ? put(full, path, room) : refuse(false, platform::kInsufficientBuffer);
     }
     bool changeDirectory(const char* path) override {
-        if (onCall) onCall();
+        call();
         MadeUpDrive* drive = path[0] && path[1] == ':' ? at(path) : &drives[current];
-        if (!drive || !*path || std::strchr(path, '?')) return refuse(platform::kPathNotFound);
+        if (!drive || !*path || std::strchr(path, '?')) return refuse(false, platform::kPathNotFound);
         if (path[0] && path[1] == ':') {
             current = letterOf(path);
             path += 2;
@@ -125,15 +118,11 @@ class MadeUpVolumes final : public platform::Volumes {
         return found == drives.end() ? nullptr : &found->second;
     }
     MadeUpDrive* working(const char* root) {
-        if (onCall) onCall();
+        call();
         MadeUpDrive* drive = at(root);
-        if (!drive) refuse(platform::kPathNotFound);
-        if (drive && drive->error) refuse(drive->error);
+        if (!drive) refuse(false, platform::kPathNotFound);
+        if (drive && drive->error) refuse(false, drive->error);
         return drive && !drive->error ? drive : nullptr;
-    }
-    bool refuse(std::uint32_t code) {
-        if (process) process->setLastError(code);
-        return false;
     }
     static bool put(const std::string& text, char* to, std::size_t room) {
         std::size_t kept = std::min(text.size(), room - 1);

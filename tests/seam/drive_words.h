@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <functional>
+#include <map>
 #include <optional>
 #include <sstream>
 #include <string>
@@ -43,45 +45,41 @@ inline bool setDrives(lab::FakePlatform& fake, const std::vector<rows::Value>& w
         for (std::uint32_t one; in >> one;) all.push_back(one);
         return all;
     };
-    const std::string& what = words[0].text;
-    std::string letter = text(1);
-    if (what == "drives") {  // these, all of them hard disks
-        fake.volumes.drives.clear();
-        for (char c : letter) fake.volumes.drives[c] = {};
-    } else if (what == "space") {
-        fake.volumes.drives[letter.at(0)].space = {number(2), number(3), number(4), number(5)};
-    } else if (what == "label-fails") {
-        fake.volumes.drives[letter.at(0)].labelError = number(2);
-    } else if (what == "directory-of") {
-        fake.volumes.drives[letter.at(0)].directory = text(2);
-    } else if (what == "started-in") {  // lost when its drive is changed to without it
-        fake.volumes.drives[letter.at(0)] = {.directory = text(2), .startedIn = true};
-    } else if (what == "system-directories") {
-        fake.volumes.system = fake.volumes.windows = text(1);
-    } else if (what == "media") {  // that the drive's device tells
-        fake.hardware.media = {{letter.at(0), numbers(2)}};
-    } else if (what == "physical-drives") {
-        fake.hardware.physicalDrives = numbers(1);
-    } else if (what == "medium") {  // its sectors by DOS
-        fake.hardware.mediumSectors = static_cast<std::uint16_t>(number(1));
-    } else if (what == "diskette") {
-        fake.hardware.diskette.replace(number(1), text(2).size(), text(2));
-    } else if (what == "write-protected") {
-        fake.hardware.writeProtected = true;
-    } else if (what == "carry") {
-        fake.hardware.carry = true;
-    } else if (what == "no-dos-device") {
-        fake.hardware.hasDosDevice = false;
-    } else if (what == "cmos") {
-        fake.hardware.cmos[number(1) & 127] = static_cast<std::uint8_t>(number(2));
-    } else if (what == "working-directory") {
-        fake.disk.directory = text(1);
-    } else if (what == "fault") {  // at that call of the disk
-        fake.disk.fault = {.atCall = static_cast<int>(number(1))};
-    } else {
-        return false;
-    }
-    return true;
+    const std::string letter = text(1);
+    lab::MadeUpVolumes& volumes = fake.volumes;
+    lab::MadeUpHardware& hardware = fake.hardware;
+    auto drive = [&]() -> lab::MadeUpDrive& { return volumes.drives[letter.at(0)]; };
+    auto onlyHardDisks = [&] {
+        volumes.drives.clear();
+        for (char c : letter) volumes.drives[c] = {};
+    };
+    const std::map<std::string, std::function<void()>> all{
+        {"drives", onlyHardDisks},
+        {"space",
+         [&] {
+             drive().space = {number(2), number(3), number(4), number(5)};
+         }},
+        {"label-fails", [&] { drive().labelError = number(2); }},
+        {"directory-of", [&] { drive().directory = text(2); }},
+        // Lost when its drive is changed to without it.
+        {"started-in", [&] { drive() = {.directory = text(2), .startedIn = true}; }},
+        {"system-directories", [&] { volumes.system = volumes.windows = letter; }},
+        {"media",
+         [&] {
+             hardware.media = {{letter.at(0), numbers(2)}};
+         }},  // that the drive's device tells
+        {"physical-drives", [&] { hardware.physicalDrives = numbers(1); }},
+        {"medium", [&] { hardware.mediumSectors = static_cast<std::uint16_t>(number(1)); }},  // its sectors by DOS
+        {"diskette", [&] { hardware.diskette.replace(number(1), text(2).size(), text(2)); }},
+        {"write-protected", [&] { hardware.writeProtected = true; }},
+        {"carry", [&] { hardware.carry = true; }},
+        {"no-dos-device", [&] { hardware.hasDosDevice = false; }},
+        {"cmos", [&] { hardware.cmos[number(1) & 127] = static_cast<std::uint8_t>(number(2)); }},
+        {"working-directory", [&] { fake.disk.directory = letter; }},
+    };
+    auto found = all.find(words[0].text);
+    if (found != all.end()) found->second();
+    return found != all.end();
 }
 
 // The last call of the DOS device: `read drive 0: 3 from 1437`, and what else it was told.

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -146,27 +145,6 @@ TEST_F(FileSearch, SizesAndPathsBeyondTheirLimits) {
     disk.put(deep + "\\farther");
     Dest dest(260);
     EXPECT_STREQ(lib().FileFind("farther", "C:\\deep", dest), "");
-}
-
-TEST_F(FileSearch, NothingLeaksWhateverFails) {
-    for (const char* path : {"C:\\d\\a", "C:\\d\\b", "C:\\d\\s\\c"}) disk.put(path);
-    Dest dest(260);
-    const std::function<void()> calls[] = {
-        [&] {
-            all("C:\\d\\*.*;C:\\d\\s\\*.*", 0);
-            lib().FindRelease(block);
-        },
-        [&] { lib().FileFind("none", "C:\\d", dest); },
-        [&] { lib().FileCount("C:\\d\\*.*;C:\\d\\s\\*.*", 0); },
-        [&] { lib().IsFile("C:\\d\\*.*;C:\\d\\s\\*.*", 256); },
-    };
-    for (int at = 1; at <= 24; ++at) {
-        for (const auto& call : calls) {
-            disk.fault = {.atCall = disk.calls + at / 2, .lasts = at % 2 == 0, .code = platform::kNotReady};
-            call();
-            EXPECT_EQ(disk.openSearches(), 0u);
-        }
-    }
 }
 
 }  // namespace

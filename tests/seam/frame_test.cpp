@@ -1,4 +1,4 @@
-// Attach and detach, against a made-up platform.
+// Attach, against a made-up platform.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -13,7 +13,6 @@ class Loading : public testing::Test {
  protected:
     void TearDown() override {
         for (std::size_t i = 0; i < 3; ++i) std::memcpy(tables[i], &before[i * 256], 256);
-        std::ranges::fill(state.handles, kNoHandle);
     }
     std::string content() const {
         std::string all;
@@ -44,15 +43,6 @@ TEST_F(Loading, KeepsBuiltInTablesWhenTheSystemFallsShort) {
     fake.locale.works = false;
     door()->attach();
     EXPECT_EQ(content(), before);
-}
-
-TEST_F(Loading, DetachClosesWhatIsStillOpen) {
-    fake.disk.put("C:\\open");
-    std::vector<std::int32_t> opened;
-    for (int slot : {0, 500, 1023}) opened.push_back(state.handles[slot] = fake.disk.open("C:\\open", platform::kRead));
-    fake.disk.unclosable = {opened[1]};
-    door()->detach();
-    EXPECT_EQ(fake.disk.closed, opened);
 }
 
 }  // namespace

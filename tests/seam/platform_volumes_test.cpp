@@ -6,10 +6,6 @@
 #include "tests/seam/system_test.h"
 #include "tests/support/environment.h"
 
-#if !defined(_WIN32)
-#include <sys/statvfs.h>
-#endif
-
 namespace vx::test {
 namespace {
 
@@ -27,6 +23,7 @@ TEST_F(SystemVolumes, TheDriveOfTheWorkplaceExists) {
     std::string root = place.path().substr(0, 3);
     int number = root[0] - 'A' + 1;
     EXPECT_TRUE(volumes.logicalDrives() >> (number - 1) & 1);
+    EXPECT_TRUE(kWine || volumes.logicalDrives() == 4);
     EXPECT_EQ(volumes.driveKind(root.c_str()), kFixedDrive);
     EXPECT_EQ(volumes.driveKind("B:\\"), kNoRootDirectory);
     VolumeInformation volume{};
@@ -39,6 +36,7 @@ TEST_F(SystemVolumes, TheDriveOfTheWorkplaceExists) {
     EXPECT_TRUE(volumes.freeBytes(root.c_str(), bytes));
     EXPECT_GT(bytes, 0u);
     EXPECT_EQ(reason(volumes.space("B:\\", space)), kPathNotFound);
+    EXPECT_TRUE(kWine || (volumes.space("C:\\proc", space) && space.totalClusters == 0)) << "of that path";
     EXPECT_FALSE(volumes.freeBytes("B:\\", bytes) || volumes.information("B:\\", volume));
 }
 
@@ -69,19 +67,6 @@ TEST_F(SystemVolumes, TheCurrentDirectoryAndDrive) {
 
 #if !defined(_WIN32)
 
-// Free space changes while others write: the random caller of this platform compares it, fed with numbers.
-TEST_F(SystemVolumes, SpaceIsTheSystems) {
-    for (const char* path : {"/", "/proc", "/dev/shm"}) {
-        struct statvfs expected;
-        DiskSpace space;
-        if (::statvfs(path, &expected) != 0) continue;
-        ASSERT_TRUE(volumes.space((std::string("C:") + path).c_str(), space)) << path;
-        std::uint64_t size = std::uint64_t{space.totalClusters} * space.sectorsPerCluster * space.bytesPerSector;
-        EXPECT_EQ(size, std::uint64_t{expected.f_blocks} * expected.f_frsize) << path;
-    }
-    EXPECT_EQ(volumes.logicalDrives(), 4u);
-}
-
 TEST_F(SystemVolumes, HaveSerialNumbersAndNoLabels) {
     VolumeInformation volume;
     ASSERT_TRUE(volumes.information(place.path().c_str(), volume));
@@ -90,9 +75,8 @@ TEST_F(SystemVolumes, HaveSerialNumbersAndNoLabels) {
     EXPECT_EQ(information(handle).volumeSerial, volume.serial);
     EXPECT_TRUE(files.close(handle));
     EXPECT_STREQ(volume.label, "");
-    EXPECT_FALSE(volumes.setLabel("C:\\", "X"));
+    EXPECT_FALSE(volumes.setLabel("C:\\", "X") || volumes.setLabel("C:\\proc", nullptr));
     EXPECT_TRUE(error() == kAccessDenied || error() == kWriteProtect);
-    EXPECT_FALSE(volumes.setLabel("C:\\proc", nullptr));
 }
 
 TEST_F(SystemVolumes, SystemDirectoriesAreThoseOfTheEnvironment) {

@@ -100,26 +100,21 @@ Model plant(lab::MadeUpDisk& disk, unsigned seed) {
         return list[static_cast<std::size_t>(random.number(0, static_cast<int>(std::size(list)) - 1))];
     };
     const std::uint32_t attributes[] = {0, 0, 32, 32, 32, 34, 2, 4, 1, 33};
-    Names files;
-    int count = random.number(0, 30);
-    for (int i = 0; i < count; ++i) {
-        std::string path = any(directories) + "\\" + any(kNames);
+    Names targets = directories;
+    for (int left = random.number(0, 30); left > 0; --left) {
+        std::string path = any(directories) + "\\" + any(kNames), target = any(targets);
         if (model.items.contains(path)) continue;
         int kind = random.number(0, 9);
-        Item& item = model.items[path];
-        if (kind < 4) {
-            item.directory = true;
-            disk.putDirectory(path);
-            directories.push_back(path);
-        } else if (kind < 6) {
-            std::string target = kind == 4 || files.empty() ? any(directories) : any(files);
-            item = {model.items[target].directory, true, model.items[target].attributes};
+        Item item{.directory = kind < 4, .attributes = kind < 4 ? 0 : any(attributes)};
+        if (kind == 4 || kind == 5) item = {model.items[target].directory, true, model.items[target].attributes};
+        if (item.link) {
             disk.putLink(path, target);
         } else {
-            item.attributes = any(attributes);
-            disk.put(path, "x").attributes = item.attributes;
-            files.push_back(path);
+            (item.directory ? disk.putDirectory(path) : disk.put(path)).attributes = item.attributes;
+            if (item.directory) directories.push_back(path);
+            targets.push_back(path);
         }
+        model.items[path] = item;
     }
     return model;
 }

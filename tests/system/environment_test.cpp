@@ -80,6 +80,8 @@ TEST(ThisMachine, Answers) {
 #else
     EXPECT_EQ(lib().WinVersion(), 400);
     EXPECT_EQ(lib().Silence(), 0) << "there is no speaker to ask";
+    EXPECT_EQ(lib().Numfloppy(), 0);
+    EXPECT_EQ(lib().DriveType(0), -1);
     EXPECT_LE(static_cast<std::uint32_t>(lib().NumFixed()), 8u);
 #endif
     EXPECT_GE(lib().ExtMem(0), lib().ExtMem(1));
