@@ -1,6 +1,7 @@
 #include "fuzz/caller.h"
 
 #include <algorithm>
+#include <cstdio>
 
 #include "fuzz/checks.h"
 #include "fuzz/oddities.h"
@@ -72,11 +73,7 @@ bool Caller::compareWith(int other, bool zeroBased, const char* purpose,
 
 bool Caller::make(Call& call, const Plan& plan, const Layout& layout, const char* purpose) {
     call.prepare(plan, layout);
-    if (printing) {
-        Report report;
-        report.describe(call, false);
-        report.write();
-    }
+    if (printing) std::fputs(described(call, false).c_str(), stderr);
     beginCall(call, purpose);
     call.make(find_(*plan.entry));
     endCall();
@@ -86,10 +83,7 @@ bool Caller::make(Call& call, const Plan& plan, const Layout& layout, const char
 }
 
 bool Caller::complain(const std::string& fault, const Call& call, const char* purpose) {
-    Report report;
-    report << "random caller: " << fault << "\n  in a call made as " << purpose << "\n";
-    report.describe(call, true);
-    complaint_ = report.text();
+    complaint_ = "random caller: " + fault + "\n  in a call made as " + purpose + "\n" + described(call, true);
     return false;
 }
 

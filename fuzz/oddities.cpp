@@ -9,13 +9,6 @@ using catalog::Entry;
 
 namespace {
 
-struct Skipped {
-    std::string_view name;
-    const char* reason;
-};
-// Nothing so far: what acts on the machine goes through the platform seam, and the fakes of tests/lab stand there.
-constexpr std::span<const Skipped> kSkipped{};
-
 constexpr AskedRoom kAskedRooms[] = {
     {"DbfFieldGet", "", "DbfFieldSize", true},         {"strdbfFieldGet", "", "DbfFieldSize", true},
     {"DbfField", "DbfFieldPos", "DbfFieldSize", true}, {"strdbfField", "DbfFieldPos", "DbfFieldSize", true},
@@ -23,18 +16,7 @@ constexpr AskedRoom kAskedRooms[] = {
     {"DbfRecordPut", "", "DbfRecordSize", false},
 };
 
-// The entry whose behaviour an entry shares: the pointer form of a length form.
-const Entry& behindOf(const Entry& entry) {
-    return entry.pointerForm < 0 ? entry : catalog::allEntries()[static_cast<std::size_t>(entry.pointerForm)];
-}
-
 }  // namespace
-
-const char* whySkipped(const Entry& entry) {
-    auto found =
-        std::find_if(kSkipped.begin(), kSkipped.end(), [&](const Skipped& s) { return s.name == entry.main(); });
-    return found == kSkipped.end() ? nullptr : found->reason;
-}
 
 const AskedRoom* askedRoomOf(const Entry& entry) {
     auto found = std::find_if(std::begin(kAskedRooms), std::end(kAskedRooms),
@@ -42,7 +24,11 @@ const AskedRoom* askedRoomOf(const Entry& entry) {
     return found == std::end(kAskedRooms) ? nullptr : found;
 }
 
-bool remembers(const Entry& entry) { return behindOf(entry).remembers; }
+bool remembers(const Entry& entry) {
+    // A length form does what its pointer form does.
+    bool isOwn = entry.pointerForm < 0;
+    return (isOwn ? entry : catalog::allEntries()[static_cast<std::size_t>(entry.pointerForm)]).remembers;
+}
 
 bool givesConstantWithoutDest(const Entry& entry) {
     return std::any_of(entry.arguments.begin(), entry.arguments.end(),

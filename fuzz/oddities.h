@@ -1,4 +1,4 @@
-// Entries and calls that do not do what most do: told by the export table, and the few that cannot be called here.
+// Entries and calls that do not do what most do, as the export table tells.
 #pragma once
 
 #include <string_view>
@@ -6,10 +6,6 @@
 #include "fuzz/arguments.h"
 
 namespace vx::fuzz {
-
-// Why the entry cannot be called here; null if it can. For entries that would act on the machine because no fake stands
-// before it, or that take their time (a pause) without being able to tell anything.
-const char* whySkipped(const catalog::Entry& entry);
 
 // Whether the entry keeps something from call to call that its result shows, so that two equal calls may differ.
 bool remembers(const catalog::Entry& entry);
