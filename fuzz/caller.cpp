@@ -4,8 +4,6 @@
 #include <cstdio>
 
 #include "fuzz/checks.h"
-#include "fuzz/oddities.h"
-#include "fuzz/report.h"
 #include "fuzz/watch.h"
 
 namespace vx::fuzz {

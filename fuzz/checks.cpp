@@ -3,8 +3,6 @@
 #include <cstring>
 #include <limits>
 
-#include "fuzz/oddities.h"
-
 namespace vx::fuzz {
 
 using catalog::Kind;
@@ -158,7 +156,7 @@ std::string differenceOf(const Call& one, const Call& other) {
     if (difference.empty()) return {};
     return difference +
            " when the same arguments lay elsewhere (if it keeps something from call to call, say so in "
-           "fuzz/oddities.cpp)";
+           "its table)";
 }
 
 std::string lengthFaultOf(const Call& length, const Call& pointer) {

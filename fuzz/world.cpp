@@ -80,14 +80,13 @@ std::vector<const char*> World::putTables(Random& random) {
     using lab::blobReference;
     using lab::memoReference;
     lab::MadeUpDisk& disk = fakes_->disk;
-    std::vector<lab::FieldBytes> plain = {{"a", 'C', 9}, {"ab", 'N', 6, 2}, {"b", 'D', 8},
-                                          {"1", 'L', 1}, {" ", 'X', 3},     {"A", 'F', 5}};
-    std::vector<lab::FieldBytes> dbase = {{"a", 'M', 10}, {"b", 'B', 20}, {"A", 'C', 300}, {"1", 'V', 4}};
-    disk.put("PLAIN.DBF", lab::tableBytes(0x03, plain, std::vector<std::string>(100, " text")));
-    disk.put("DBASE.DBF", lab::tableBytes(0xC3, dbase, {" " + memoReference(1) + blobReference(64, 5), "*"}));
+    disk.put("PLAIN.DBF",
+             lab::tableBytes(0x03, "a,C,9:ab,N,6,2:b,D,8:1,L,1: ,X,3:A,F,5", std::vector<std::string>(100, " text")));
+    disk.put("DBASE.DBF", lab::tableBytes(0xC3, "a,M,10:b,B,20:A,C,300:1,V,4",
+                                          {" " + memoReference(1) + blobReference(64, 5), "*"}));
     disk.put("DBASE.DBT", lab::dbtBytes({"a memo"}));
     disk.put("DBASE.BLO", lab::bloBytes({"blob", "other"}));
-    disk.put("FOX.DBF", lab::tableBytes(0xF5, {{"a", 'M', 10}, {"b", 'C', 30}}, {" " + memoReference(8), "*"}));
+    disk.put("FOX.DBF", lab::tableBytes(0xF5, "a,M,10:b,C,30", {" " + memoReference(8), "*"}));
     disk.put("FOX.FPT", lab::fptBytes({"a memo"}));
     // Damaged ones, too, most often where numbers are.
     for (const char* name : {"PLAIN.DBF", "DBASE.DBF", "DBASE.DBT", "DBASE.BLO", "FOX.DBF", "FOX.FPT"}) {

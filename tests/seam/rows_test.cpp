@@ -54,7 +54,7 @@ std::string bytesOf(const std::vector<Value>& words) {
         return words[0].text == "dbt"   ? lab::dbtBytes(texts)
                : words[0].text == "fpt" ? lab::fptBytes(texts)
                                         : lab::bloBytes(texts);
-    return lab::tableBytes(static_cast<int>(words.at(2).number), lab::fieldsOf(words.at(3).text), texts);
+    return lab::tableBytes(static_cast<int>(words.at(2).number), words.at(3).text, texts);
 }
 
 // `T-DBF-32-2` for two bytes at 32 of T.DBF; all that follow without the number of bytes, all without both.
