@@ -11,9 +11,6 @@ namespace {
 
 constexpr const char* kItself = "itself";
 constexpr const char* kElsewhere = "itself, with its arguments elsewhere";
-constexpr const char* kRoom = "what tells the room";
-constexpr const char* kPointerForm = "the pointer form of a length form";
-constexpr const char* kZeroTwin = "the 0-based twin of an entry";
 
 }  // namespace
 
@@ -43,7 +40,7 @@ bool Caller::askRoom(const Layout& layout) {
         if (name.empty()) continue;
         otherPlan_.entry = catalog::find(name);
         otherPlan_.inputs.resize(otherPlan_.entry->arguments.size());
-        if (!make(second_, otherPlan_, layout, kRoom)) return false;
+        if (!make(second_, otherPlan_, layout, "what tells the room")) return false;
         if (name == asked->first) otherPlan_.inputs[1].number = second_.result().number;
     }
     plan_.room = second_.result().number + asked->terminator;
@@ -56,8 +53,8 @@ bool Caller::compare(const catalog::Entry& entry, Random& random, const Layout& 
     if (!make(second_, plan_, opposite, kElsewhere)) return false;
     std::string fault = differenceOf(first_, second_);
     if (!fault.empty()) return complain(fault, second_, kElsewhere);
-    return compareWith(entry.pointerForm, false, kPointerForm, lengthFaultOf, opposite) &&
-           compareWith(entry.zeroTwin, true, kZeroTwin, twinFaultOf, opposite);
+    return compareWith(entry.pointerForm, false, "the pointer form of a length form", lengthFaultOf, opposite) &&
+           compareWith(entry.zeroTwin, true, "the 0-based twin of an entry", twinFaultOf, opposite);
 }
 
 bool Caller::compareWith(int other, bool zeroBased, const char* purpose,

@@ -109,23 +109,14 @@ bool runRounds(const Options& options, const std::vector<const catalog::Entry*>&
     return true;
 }
 
-catalog::Function addressOf(const catalog::Entry& entry) {
-    static const std::vector<catalog::Function> addresses = [] {
-        std::vector<catalog::Function> found;
-        for (const catalog::Entry& e : catalog::allEntries())
-            found.push_back(reinterpret_cast<catalog::Function>(test::address(e.main())));
-        return found;
-    }();
-    return addresses[static_cast<std::size_t>(&entry - catalog::allEntries().data())];
-}
-
 int run(int argc, char** argv) {
     Options options = optionsOf(argc, argv);
     std::vector<const catalog::Entry*> entries = chosenEntries(options);
     test::loadLibrary(argv[0], VEXLOR_LIBRARY_FILE);
     // Never taken down: the library must not meet the machine when it is unloaded, either.
     static World& world = *new World(test::door());
-    Caller caller(addressOf);
+    Caller caller(
+        [](const catalog::Entry& entry) { return reinterpret_cast<catalog::Function>(test::address(entry.main())); });
     caller.printing = options.print;
     watch();
     if (!runRounds(options, entries, caller, world)) {
