@@ -112,6 +112,7 @@ class Handles : public TableTest, public testing::WithParamInterface<std::tuple<
         bool closes = random.oneIn(15), closed = closes && random.oneIn(2) && lib().DbfClose(table) == 0;
         disk.fault = {};
         closed = closed || (closes && lib().DbfClose(table) == 0);
+        EXPECT_TRUE(closed || !closes || faultsLast);
         // Those that the library takes for the moment of a write.
         for (const char* lock : {"T.DBF 3000000002", "T.DBT", "T.FPT", "T.BLO"})
             EXPECT_TRUE(faultsLast || disk.locks().find(lock) == std::string::npos) << disk.locks();
