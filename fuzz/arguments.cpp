@@ -4,21 +4,54 @@
 #include <limits>
 #include <string_view>
 
-#include "fuzz/oddities.h"
 #include "fuzz/texts.h"
 
 namespace vx::fuzz {
-namespace {
-
-constexpr std::int64_t kLeftAloneRoom = 12;
-
-}  // namespace
 
 using catalog::Argument;
 using catalog::Entry;
 using catalog::Kind;
 using catalog::Result;
 using catalog::Value;
+
+namespace {
+
+constexpr std::int64_t kLeftAloneRoom = 12;
+
+constexpr AskedRoom kAskedRooms[] = {
+    {"DbfFieldGet", "", "DbfFieldSize", true},         {"strdbfFieldGet", "", "DbfFieldSize", true},
+    {"DbfField", "DbfFieldPos", "DbfFieldSize", true}, {"strdbfField", "DbfFieldPos", "DbfFieldSize", true},
+    {"DbfRecordGet", "", "DbfRecordSize", false},      {"strdbfRecordGet", "", "DbfRecordSize", false},
+    {"DbfRecordPut", "", "DbfRecordSize", false},
+};
+
+}  // namespace
+
+const AskedRoom* askedRoomOf(const Entry& entry) {
+    auto found = std::find_if(std::begin(kAskedRooms), std::end(kAskedRooms),
+                              [&](const AskedRoom& r) { return r.name == entry.main(); });
+    return found == std::end(kAskedRooms) ? nullptr : found;
+}
+
+bool remembers(const Entry& entry) {
+    // A length form does what its pointer form does.
+    bool isOwn = entry.pointerForm < 0;
+    return (isOwn ? entry : catalog::allEntries()[static_cast<std::size_t>(entry.pointerForm)]).remembers;
+}
+
+bool givesConstantWithoutDest(const Entry& entry) {
+    return std::any_of(entry.arguments.begin(), entry.arguments.end(),
+                       [](const catalog::Argument& a) { return a.nullGivesConstant; });
+}
+
+bool leftAlone(const Plan& plan) {
+    auto leaves = [&](const catalog::Argument& a) {
+        return (a.untouchedWithout >= 0 && plan.inputs[static_cast<std::size_t>(a.untouchedWithout)].null) ||
+               (a.untouchedBelow >= 0 && plan.inputs[static_cast<std::size_t>(a.untouchedBelow)].number < a.limit);
+    };
+    const auto& arguments = plan.entry->arguments;
+    return std::any_of(arguments.begin(), arguments.end(), leaves);
+}
 
 std::vector<Need> needsOf(const Plan& plan) {
     std::span<const Argument> arguments = plan.entry->arguments;

@@ -41,6 +41,25 @@ struct Need {
 // In-place work turns a text into a destination, so an argument's need depends on the others.
 std::vector<Need> needsOf(const Plan& plan);
 
+// Whether the entry keeps something from call to call that its result shows, so that two equal calls may differ.
+bool remembers(const catalog::Entry& entry);
+
+// Whether this call must leave its destinations as they are. They are given terminated, as a caller must who reads
+// them.
+bool leftAlone(const Plan& plan);
+
+// The room of entries whose destination or source depends on the state of a table: what the last of these entries
+// gives, each asked with the table and what the one before gave.
+struct AskedRoom {
+    std::string_view name;
+    std::string_view first, last;  // the first may be empty
+    bool terminator;
+};
+const AskedRoom* askedRoomOf(const catalog::Entry& entry);
+
+// Whether the entry gives a constant empty text when it has no destination; others give NULL.
+bool givesConstantWithoutDest(const catalog::Entry& entry);
+
 // Handles, tables and blocks that earlier calls gave: some calls go on with them.
 class Recall {
  public:

@@ -1,8 +1,9 @@
 #include "fuzz/call.h"
 
 #include <cstring>
+#include <sstream>
 
-#include "fuzz/oddities.h"
+#include "rows/script.h"
 
 namespace vx::fuzz {
 
@@ -19,6 +20,28 @@ char drawSurrounding(Random& random, char other) {
     char c = random.of(kSurroundings);
     while (c == other) c = random.of(kSurroundings);
     return c;
+}
+
+std::string describedArgument(const Call& call, std::size_t i) {
+    Kind kind = call.arguments()[i].kind;
+    const Input& input = call.input(i);
+    const Need& need = call.need(i);
+    if (!isPointer(kind)) return std::to_string(input.number);
+    if (!need.bytes) return "NULL";
+    std::ostringstream text;
+    if (kind == Kind::kOut) text << "[" << input.number << "], ";
+    if (kind != Kind::kOut && kind != Kind::kDest)
+        text << rows::inQuotes(input.bytes) << ", " << input.bytes.size() << " bytes, ";
+    if (need.written) text << "room for " << need.bytes << ", ";
+    text << (call.buffer(i).atFront() ? "behind" : "before") << " an inaccessible page";
+    return text.str();
+}
+
+std::string describedResult(const Call& call) {
+    if (catalog::isNumber(call.entry().result)) return std::to_string(call.result().number);
+    if (auto place = call.find(call.result().block))
+        return std::string(call.arguments()[place->argument].name) + " + " + std::to_string(place->offset);
+    return call.result().block ? "an address outside all arguments" : "NULL";
 }
 
 }  // namespace
@@ -128,6 +151,19 @@ Seen Call::seen() const {
             needs_[i].text ? std::string(bytes) : std::string(bytes, static_cast<std::size_t>(needs_[i].bytes));
     }
     return seen;
+}
+
+std::string described(const Call& call, bool returned) {
+    const Turn& turn = call.plan().turn;
+    std::ostringstream text;
+    text << "  " << call.entry().main() << " of " << call.entry().family << ", pass " << turn.pass
+         << "\n  again: --seed " << turn.seed << " --round " << turn.round << " (and --only "
+         << call.plan().drawnFor->main() << ", unless the calls before it matter)\n";
+    for (std::size_t i = 0; i < call.arguments().size(); ++i)
+        text << "    " << call.arguments()[i].name << " = " << describedArgument(call, i) << "\n";
+    if (returned && call.entry().result != catalog::Result::kVoid)
+        text << "    result = " << describedResult(call) << "\n";
+    return text.str();
 }
 
 }  // namespace vx::fuzz

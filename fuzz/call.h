@@ -76,4 +76,7 @@ class Call {
     catalog::Value result_;
 };
 
+// How to make the call again, its arguments, and its result if there is one.
+std::string described(const Call& call, bool returned);
+
 }  // namespace vx::fuzz

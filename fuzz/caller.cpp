@@ -1,10 +1,9 @@
 #include "fuzz/caller.h"
 
 #include <algorithm>
+#include <cstdio>
 
 #include "fuzz/checks.h"
-#include "fuzz/oddities.h"
-#include "fuzz/report.h"
 #include "fuzz/watch.h"
 
 namespace vx::fuzz {
@@ -12,9 +11,6 @@ namespace {
 
 constexpr const char* kItself = "itself";
 constexpr const char* kElsewhere = "itself, with its arguments elsewhere";
-constexpr const char* kRoom = "what tells the room";
-constexpr const char* kPointerForm = "the pointer form of a length form";
-constexpr const char* kZeroTwin = "the 0-based twin of an entry";
 
 }  // namespace
 
@@ -44,7 +40,7 @@ bool Caller::askRoom(const Layout& layout) {
         if (name.empty()) continue;
         otherPlan_.entry = catalog::find(name);
         otherPlan_.inputs.resize(otherPlan_.entry->arguments.size());
-        if (!make(second_, otherPlan_, layout, kRoom)) return false;
+        if (!make(second_, otherPlan_, layout, "what tells the room")) return false;
         if (name == asked->first) otherPlan_.inputs[1].number = second_.result().number;
     }
     plan_.room = second_.result().number + asked->terminator;
@@ -57,8 +53,8 @@ bool Caller::compare(const catalog::Entry& entry, Random& random, const Layout& 
     if (!make(second_, plan_, opposite, kElsewhere)) return false;
     std::string fault = differenceOf(first_, second_);
     if (!fault.empty()) return complain(fault, second_, kElsewhere);
-    return compareWith(entry.pointerForm, false, kPointerForm, lengthFaultOf, opposite) &&
-           compareWith(entry.zeroTwin, true, kZeroTwin, twinFaultOf, opposite);
+    return compareWith(entry.pointerForm, false, "the pointer form of a length form", lengthFaultOf, opposite) &&
+           compareWith(entry.zeroTwin, true, "the 0-based twin of an entry", twinFaultOf, opposite);
 }
 
 bool Caller::compareWith(int other, bool zeroBased, const char* purpose,
@@ -72,11 +68,7 @@ bool Caller::compareWith(int other, bool zeroBased, const char* purpose,
 
 bool Caller::make(Call& call, const Plan& plan, const Layout& layout, const char* purpose) {
     call.prepare(plan, layout);
-    if (printing) {
-        Report report;
-        report.describe(call, false);
-        report.write();
-    }
+    if (printing) std::fputs(described(call, false).c_str(), stderr);
     beginCall(call, purpose);
     call.make(find_(*plan.entry));
     endCall();
@@ -86,10 +78,7 @@ bool Caller::make(Call& call, const Plan& plan, const Layout& layout, const char
 }
 
 bool Caller::complain(const std::string& fault, const Call& call, const char* purpose) {
-    Report report;
-    report << "random caller: " << fault << "\n  in a call made as " << purpose << "\n";
-    report.describe(call, true);
-    complaint_ = report.text();
+    complaint_ = "random caller: " + fault + "\n  in a call made as " + purpose + "\n" + described(call, true);
     return false;
 }
 

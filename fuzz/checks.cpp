@@ -3,8 +3,6 @@
 #include <cstring>
 #include <limits>
 
-#include "fuzz/oddities.h"
-
 namespace vx::fuzz {
 
 using catalog::Kind;
@@ -45,28 +43,12 @@ std::string memoryFaultOf(const Call& call) {
 
 std::string numberFaultOf(const Call& call) {
     std::int64_t number = call.result().number;
-    std::int64_t least = std::numeric_limits<std::int64_t>::min();
-    std::int64_t most = std::numeric_limits<std::int64_t>::max();
-    switch (call.entry().result) {
-        case Result::kBool:
-            least = 0;
-            most = 1;
-            break;
-        case Result::kChar:
-            least = 0;
-            most = 255;
-            break;
-        case Result::kHandle:
-            least = -1;
-            break;
-        case Result::kPos:
-            least = call.entry().base == 0 ? -1 : 0;
-            break;
-        default:
-            break;
-    }
-    if (number >= least && number <= most) return {};
-    return "the result " + std::to_string(number) + " is outside what its kind allows";
+    Result kind = call.entry().result;
+    bool isWrong = (kind == Result::kBool && (number < 0 || number > 1)) ||
+                   (kind == Result::kChar && (number < 0 || number > 255)) ||
+                   (kind == Result::kHandle && number < -1) ||
+                   (kind == Result::kPos && number < (call.entry().base == 0 ? -1 : 0));
+    return isWrong ? "the result " + std::to_string(number) + " is outside what its kind allows" : "";
 }
 
 // What a text result points to when it is none of the arguments: constant, terminated somewhere near.
@@ -174,7 +156,7 @@ std::string differenceOf(const Call& one, const Call& other) {
     if (difference.empty()) return {};
     return difference +
            " when the same arguments lay elsewhere (if it keeps something from call to call, say so in "
-           "fuzz/oddities.cpp)";
+           "its table)";
 }
 
 std::string lengthFaultOf(const Call& length, const Call& pointer) {

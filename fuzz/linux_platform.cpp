@@ -18,7 +18,6 @@
 #include <map>
 #include <set>
 
-#include "fuzz/report.h"
 #include "fuzz/texts.h"
 #include "platform/linux/names.h"
 #include "platform/linux/search.h"
@@ -26,6 +25,7 @@
 #include "platform/linux/wildcards.h"
 #include "platform/platform.h"
 #include "rows/guarded_memory.h"
+#include "rows/script.h"
 #include "tests/support/workplace.h"
 
 namespace {
@@ -49,11 +49,9 @@ std::uint64_t seed = 1, round = 1;
 
 void expect(bool holds, string_view what, string_view given) {
     if (holds) return;
-    Report report;
-    report << "linux platform: " << what << "\n  given ";
-    report.escaped(given) << "\n  again: --seed " << static_cast<std::int64_t>(seed) << " --round "
-                          << static_cast<std::int64_t>(round) << "\n";
-    report.write();
+    std::fprintf(stderr, "linux platform: %.*s\n  given %s\n  again: --seed %ju --round %ju\n",
+                 static_cast<int>(what.size()), what.data(), rows::inQuotes(given).c_str(), std::uintmax_t{seed},
+                 std::uintmax_t{round});
     std::_Exit(1);
 }
 
@@ -281,7 +279,7 @@ void writeByLocale(Random& random) {
     const nl_item separators[] = {RADIXCHAR, THOUSEP, __MON_THOUSANDS_SEP};
     static bool haveSeparators = false;  // they are looked at once
     for (nl_item item : separators) {
-        if (!haveSeparators) feed(item, drawName(random).substr(0, random.below(3)));
+        if (!haveSeparators) feed(item, random.oneIn(3) ? "\u2019" : drawName(random).substr(0, random.below(3)));
     }
     haveSeparators = true;
     for (int i = 0; i < 12; ++i) {
@@ -299,6 +297,27 @@ void writeByLocale(Random& random) {
     filled(date, false, picture);
     filled(time, false, localeFed[T_FMT].data());
 
+    auto name = [](nl_item first, std::uint16_t month) {
+        string text = localeFed[first + month - 1].data();
+        text.erase(0, std::min(text.find_first_not_of(' '), text.size()));
+        return text.substr(0, text.find_last_not_of(' ') + 1);
+    };
+    moment = {2001, static_cast<std::uint16_t>(1 + below(12)), 0, 3, 9, 5, 3, 0};
+    string full = name(ALTMON_1, moment.month);
+    picture = "MMM/MMMM";
+    expect(filled(date, false, picture) == name(_NL_ABALTMON_1, moment.month) + "/" + full, "names of a month", full);
+    // Cut behind a whole character.
+    char part[40];
+    std::size_t size = 1 + below(39);
+    locale.formatDate(moment, "MMMM", part, static_cast<std::uint32_t>(size));
+    while (size > 1 && size <= full.size() && (full[size - 1] & 0xC0) == 0x80) --size;
+    expect(part == full.substr(0, size - 1), "a name that is cut", full);
+    for (auto [format, text] :
+         {std::pair("%I:%M:%S.%p %Z", "9:05:03"), {"%H點%M分%S秒", "09點05分03秒"}, {"ཚོད%Hམ%Mཆ%S", "ཚོད09མ05ཆ03"}}) {
+        feed(T_FMT, format);
+        expect(filled(time, false, format) == text, "a time", format);
+    }
+
     string digits = drawText(random, "0123456789-.");
     auto format = [&](char* to, std::uint32_t room) { return locale.formatNumber(digits.c_str(), to, room); };
     filled(format, false, digits);
@@ -307,7 +326,7 @@ void writeByLocale(Random& random) {
     digits += string(random.below(80), '0');
     auto separator = [](nl_item item, char empty, char longer) {
         const char* fed = localeFed[item].data();
-        return !*fed ? empty : fed[1] ? longer : *fed;
+        return !*fed ? empty : string_view(fed) == "\u2019" ? '\'' : fed[1] ? longer : *fed;
     };
     const char point = separator(RADIXCHAR, '.', '.');
     char group = separator(THOUSEP, separator(__MON_THOUSANDS_SEP, '\0', ' '), ' ');

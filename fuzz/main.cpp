@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "fuzz/caller.h"
-#include "fuzz/oddities.h"
 #include "fuzz/watch.h"
 #include "fuzz/world.h"
 #include "tests/seam/seam.h"
@@ -27,7 +26,6 @@ struct Options {
     std::optional<std::uint64_t> seconds;
     std::optional<std::uint64_t> round;
     const catalog::Entry* only = nullptr;
-    std::string family;
     bool print = false;
 };
 
@@ -48,7 +46,6 @@ Options optionsOf(int argc, char** argv) {
         ->option_text("N");
     app.add_option("--round", options.round, "This round alone: what a report tells")->option_text("N");
     app.add_option("--only", only, "This entry alone, by any of its names")->option_text("NAME");
-    app.add_option("--family", options.family, "The entries of this family alone")->option_text("FAMILY");
     app.add_flag("--print", options.print, "Tells each call before it is made");
     try {
         app.parse(argc, argv);
@@ -64,13 +61,9 @@ std::vector<const catalog::Entry*> chosenEntries(const Options& options) {
     std::vector<const catalog::Entry*> chosen;
     for (const catalog::Entry& entry : catalog::allEntries()) {
         if (options.only && options.only != &entry) continue;
-        if (!options.family.empty() && options.family != entry.family) continue;
-        if (const char* reason = whySkipped(entry))
-            std::printf("random caller: %s is not called: %s\n", entry.main(), reason);
-        else if (entry.arguments.size() > kMostArguments)
+        if (entry.arguments.size() > kMostArguments)
             refuse(std::string(entry.main()) + " has more arguments than kMostArguments");
-        else
-            chosen.push_back(&entry);
+        chosen.push_back(&entry);
     }
     if (chosen.empty()) refuse("no entry to call");
     return chosen;
@@ -90,7 +83,7 @@ bool runRound(std::uint64_t seed, std::uint64_t round, std::vector<const catalog
     Random random = turn.randomFor("the round");
     world.renew(random);
     caller.forget();
-    for (const char* name : world.putTables()) {
+    for (const char* name : world.putTables(random)) {
         for (std::int32_t mode : {2, 66}) caller.adopt(test::lib().DbfOpen(name, mode));  // alone, shared
     }
     for (; turn.pass < kPasses; ++turn.pass) {
@@ -116,23 +109,14 @@ bool runRounds(const Options& options, const std::vector<const catalog::Entry*>&
     return true;
 }
 
-catalog::Function addressOf(const catalog::Entry& entry) {
-    static const std::vector<catalog::Function> addresses = [] {
-        std::vector<catalog::Function> found;
-        for (const catalog::Entry& e : catalog::allEntries())
-            found.push_back(reinterpret_cast<catalog::Function>(test::address(e.main())));
-        return found;
-    }();
-    return addresses[static_cast<std::size_t>(&entry - catalog::allEntries().data())];
-}
-
 int run(int argc, char** argv) {
     Options options = optionsOf(argc, argv);
     std::vector<const catalog::Entry*> entries = chosenEntries(options);
     test::loadLibrary(argv[0], VEXLOR_LIBRARY_FILE);
     // Never taken down: the library must not meet the machine when it is unloaded, either.
     static World& world = *new World(test::door());
-    Caller caller(addressOf);
+    Caller caller(
+        [](const catalog::Entry& entry) { return reinterpret_cast<catalog::Function>(test::address(entry.main())); });
     caller.printing = options.print;
     watch();
     if (!runRounds(options, entries, caller, world)) {

@@ -3,12 +3,12 @@
 #include <atomic>
 #include <chrono>
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
 #include <thread>
 
-#include "fuzz/report.h"
-
 #if defined(_WIN32)
+#include <io.h>
 #include <windows.h>
 #else
 #include <unistd.h>
@@ -25,66 +25,51 @@ constexpr int kMostSeconds = 10;
 std::atomic<const Call*> running{nullptr};
 std::atomic<const char*> runningFor{""};
 std::atomic<std::uint64_t> begun{0};
-std::atomic<bool> stackUsedUp{false};
 std::atomic_flag told;
 
-// A static one: the stack may be what has run out.
-Report report;
-
-void tell(std::string_view what, const void* address) {
+// Allocates nothing and uses no stream: the heap may be what is broken.
+void tell(const char* what) {
     if (told.test_and_set()) return;
-    report << "\nrandom caller: " << what;
+    static char text[512];  // the stack may be what has run out
+    int size = std::snprintf(text, sizeof text, "\nrandom caller: %s between calls\n", what);
     if (const Call* call = running) {
-        report << " in a call made as " << runningFor.load() << "\n";
-        report.describe(*call, false);
-        if (address) report.locate(*call, address);
-    } else {
-        report << ", between calls\n";
+        const Turn& turn = call->plan().turn;
+        size = std::snprintf(text, sizeof text,
+                             "\nrandom caller: %s in a call of %s made as %s\n  again: --seed %llu --round %llu "
+                             "(and --only %s, unless the calls before it matter; --print tells its arguments)\n",
+                             what, call->entry().main(), runningFor.load(), static_cast<unsigned long long>(turn.seed),
+                             static_cast<unsigned long long>(turn.round), call->plan().drawnFor->main());
     }
-    report.write();
+    [[maybe_unused]] auto written = ::write(2, text, static_cast<unsigned>(size));
 }
 
-[[noreturn]] void tellAndEnd(std::string_view what, const void* address) {
-    tell(what, address);
+[[noreturn]] void tellAndEnd(const char* what) {
+    tell(what);
     std::_Exit(1);
 }
 
-void onAbort(int) { tellAndEnd("abort", nullptr); }
+void onSignal(int) { tellAndEnd("crash"); }
 
 #if defined(_WIN32)
 
 LONG CALLBACK onException(EXCEPTION_POINTERS* exception) {
-    const EXCEPTION_RECORD& record = *exception->ExceptionRecord;
+    DWORD code = exception->ExceptionRecord->ExceptionCode;
+    if (code == EXCEPTION_STACK_OVERFLOW) Sleep(INFINITE);  // the other thread has stack left to tell it
     // Only the codes that mean an error: others are a debugger's and the runtime's affair.
-    if ((record.ExceptionCode & 0xF0000000u) != 0xC0000000u) return EXCEPTION_CONTINUE_SEARCH;
-    if (record.ExceptionCode == EXCEPTION_STACK_OVERFLOW) {
-        stackUsedUp = true;  // the other thread has stack left to tell it
-        Sleep(INFINITE);
-    }
-    bool hasAddress = record.ExceptionCode == EXCEPTION_ACCESS_VIOLATION && record.NumberParameters >= 2;
-    tellAndEnd(hasAddress ? "access violation" : "crash",
-               hasAddress ? reinterpret_cast<const void*>(record.ExceptionInformation[1]) : nullptr);
+    if ((code & 0xF0000000u) == 0xC0000000u) tellAndEnd("crash");
+    return EXCEPTION_CONTINUE_SEARCH;
 }
 
-void catchCrashes() {
-    AddVectoredExceptionHandler(1, onException);
-    std::signal(SIGABRT, onAbort);
-}
+void catchCrashes() { AddVectoredExceptionHandler(1, onException); }
 
 #elif defined(__SANITIZE_ADDRESS__)
 
 // The sanitizers' own handlers tell more about the place; this adds the call.
 void catchCrashes() {
-    __sanitizer_set_death_callback([] { tell("sanitizer's complaint", nullptr); });
-    std::signal(SIGABRT, onAbort);
+    __sanitizer_set_death_callback([] { tell("sanitizer's complaint"); });
 }
 
 #else
-
-void onSignal(int number, siginfo_t* info, void*) {
-    bool hasAddress = number == SIGSEGV || number == SIGBUS;
-    tellAndEnd(hasAddress ? "access to inaccessible memory" : "crash", hasAddress ? info->si_addr : nullptr);
-}
 
 void catchCrashes() {
     static char ownStack[1 << 16];  // works after the call has used up its own
@@ -93,10 +78,9 @@ void catchCrashes() {
     stack.ss_size = sizeof ownStack;
     sigaltstack(&stack, nullptr);
     struct sigaction action {};
-    action.sa_sigaction = onSignal;
-    action.sa_flags = SA_SIGINFO | SA_ONSTACK;
+    action.sa_handler = onSignal;
+    action.sa_flags = SA_ONSTACK;
     for (int number : {SIGSEGV, SIGBUS, SIGFPE, SIGILL}) sigaction(number, &action, nullptr);
-    std::signal(SIGABRT, onAbort);
 }
 
 #endif
@@ -104,15 +88,12 @@ void catchCrashes() {
 // Counts the seconds in which no other call has begun.
 void catchHangs() {
     std::uint64_t last = 0;
-    int seconds = 0;
-    for (;;) {
+    for (int seconds = 0; seconds <= kMostSeconds;) {
         std::this_thread::sleep_for(std::chrono::seconds(1));
-        if (stackUsedUp) tellAndEnd("stack overflow", nullptr);
-        std::uint64_t now = begun;
-        seconds = now == last && running ? seconds + 1 : 0;
-        last = now;
-        if (seconds > kMostSeconds) tellAndEnd("more than 10 seconds", nullptr);
+        seconds = begun == last && running ? seconds + 1 : 0;
+        last = begun;
     }
+    tellAndEnd("more than 10 seconds");
 }
 
 }  // namespace
@@ -129,6 +110,7 @@ namespace vx::fuzz {
 
 void watch() {
     catchCrashes();
+    std::signal(SIGABRT, onSignal);
     std::thread(catchHangs).detach();
 }
 

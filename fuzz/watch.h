@@ -6,7 +6,7 @@
 namespace vx::fuzz {
 
 // Once, before the first call. From then on a crash, a sanitizer's complaint, or a call of more than ten seconds ends
-// the program with exit code 1, after telling the call.
+// the program with exit code 1, after telling how to make the call again.
 void watch();
 
 // Between these two a call is under way. `purpose` says what it is made for; it must outlive the call.

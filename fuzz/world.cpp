@@ -1,6 +1,7 @@
 #include "fuzz/world.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include "fuzz/texts.h"
 #include "tests/lab/table_bytes.h"
@@ -22,7 +23,9 @@ void fill(lab::MadeUpDisk& disk, Random& random) {
 
 }  // namespace
 
-World::World(lab::Door* door) : door_(door), fakes_(std::make_unique<lab::FakePlatform>(door)) { takeState(); }
+World::World(lab::Door* door) : door_(door), fakes_(std::make_unique<lab::FakePlatform>(door)) {
+    std::memcpy(loaded_, state(), sizeof loaded_);
+}
 
 void World::renew(Random& random) {
     fakes_.reset();
@@ -73,39 +76,33 @@ void World::chooseSystem(Random& random) {
     if (random.oneIn(4)) fakes_->volumes.drives['F'].error = platform::kNotReady;
 }
 
-std::vector<const char*> World::putTables() {
+std::vector<const char*> World::putTables(Random& random) {
     using lab::blobReference;
     using lab::memoReference;
     lab::MadeUpDisk& disk = fakes_->disk;
-    std::vector<lab::FieldBytes> plain = {{"a", 'C', 9}, {"ab", 'N', 6, 2}, {"b", 'D', 8},
-                                          {"1", 'L', 1}, {" ", 'X', 3},     {"A", 'F', 5}};
-    std::vector<lab::FieldBytes> dbase = {{"a", 'M', 10}, {"b", 'B', 20}, {"A", 'C', 300}, {"1", 'V', 4}};
-    disk.put("PLAIN.DBF", lab::tableBytes(0x03, plain, std::vector<std::string>(100, " text")));
-    disk.put("DBASE.DBF", lab::tableBytes(0xC3, dbase, {" " + memoReference(1) + blobReference(64, 5), "*"}));
+    disk.put("PLAIN.DBF",
+             lab::tableBytes(0x03, "a,C,9:ab,N,6,2:b,D,8:1,L,1: ,X,3:A,F,5", std::vector<std::string>(100, " text")));
+    disk.put("DBASE.DBF", lab::tableBytes(0xC3, "a,M,10:b,B,20:A,C,300:1,V,4",
+                                          {" " + memoReference(1) + blobReference(64, 5), "*"}));
     disk.put("DBASE.DBT", lab::dbtBytes({"a memo"}));
     disk.put("DBASE.BLO", lab::bloBytes({"blob", "other"}));
-    disk.put("FOX.DBF", lab::tableBytes(0xF5, {{"a", 'M', 10}, {"b", 'C', 30}}, {" " + memoReference(8), "*"}));
+    disk.put("FOX.DBF", lab::tableBytes(0xF5, "a,M,10:b,C,30", {" " + memoReference(8), "*"}));
     disk.put("FOX.FPT", lab::fptBytes({"a memo"}));
+    // Damaged ones, too, most often where numbers are.
+    for (const char* name : {"PLAIN.DBF", "DBASE.DBF", "DBASE.DBT", "DBASE.BLO", "FOX.DBF", "FOX.FPT"}) {
+        std::string& bytes = disk.find(name)->data;
+        while (random.oneIn(4)) bytes[random.below(random.oneIn(2) ? 100 : 500) % bytes.size()] ^= 1 << random.below(8);
+    }
     return {"PLAIN", "DBASE", "FOX"};
 }
 
-void World::takeState() {
-    const Library& library = *door_->library;
-    std::copy(std::begin(library.upper), std::end(library.upper), loaded_.upper);
-    std::copy(std::begin(library.lower), std::end(library.lower), loaded_.lower);
-    std::copy(std::begin(library.collate), std::end(library.collate), loaded_.collate);
-    std::copy(std::begin(library.types), std::end(library.types), loaded_.types);
-    loaded_.fill = library.fill;
-}
+// From the tables of characters to the fill character.
+char* World::state() const { return reinterpret_cast<char*>(door_->library) + offsetof(Library, upper); }
 
 void World::restoreState() {
-    Library& library = *door_->library;
-    std::copy(std::begin(loaded_.upper), std::end(loaded_.upper), library.upper);
-    std::copy(std::begin(loaded_.lower), std::end(loaded_.lower), library.lower);
-    std::copy(std::begin(loaded_.collate), std::end(loaded_.collate), library.collate);
-    std::copy(std::begin(loaded_.types), std::end(loaded_.types), library.types);
-    library.fill = loaded_.fill;
-    std::fill(std::begin(library.handles), std::end(library.handles), kNoHandle);  // they belonged to the disk before
+    std::memcpy(state(), loaded_, sizeof loaded_);
+    auto& handles = door_->library->handles;
+    std::fill(std::begin(handles), std::end(handles), kNoHandle);  // they belonged to the disk before
 }
 
 }  // namespace vx::fuzz

@@ -1,6 +1,7 @@
 // The made-up machine on which all calls run: the fakes of the platform seam, and the library's shared state.
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <vector>
 
@@ -17,21 +18,17 @@ class World {
     // on its number alone.
     void renew(Random& random);
 
-    // Puts small tables of all kinds on the made-up disk; their names.
-    std::vector<const char*> putTables();
+    // Puts small tables of all kinds on the made-up disk, at times damaged ones; their names.
+    std::vector<const char*> putTables(Random& random);
 
  private:
     void chooseSystem(Random& random);
-    void takeState();
+    char* state() const;
     void restoreState();
 
     lab::Door* door_;
     std::unique_ptr<lab::FakePlatform> fakes_;
-    struct {
-        std::uint8_t upper[256], lower[256], collate[256];
-        std::uint32_t types[256];
-        char fill;
-    } loaded_;
+    char loaded_[offsetof(Library, fill) + 1 - offsetof(Library, upper)];
 };
 
 }  // namespace vx::fuzz

@@ -1,5 +1,7 @@
 """The built libraries against the export table: names, nothing but names, and the stack that each entry clears."""
 import collections
+import ctypes
+import ctypes.util
 import pathlib
 import re
 import subprocess
@@ -36,26 +38,38 @@ class KeptList(unittest.TestCase):
 
 
 class Objects(unittest.TestCase):
-    def check_ends_without_destructors(self, build):
+    def test_need_no_destructor_at_the_end(self):
         """Hosts call while they end. What a destructor has ended by then would be met by such a call."""
-        objects = [*(build / "CMakeFiles" / "vexlor32_objects.dir").rglob("*.o*")]
-        self.assertTrue(objects)
         registers = re.compile(r"^_*(cxa_atexit|cxa_thread_atexit|atexit|onexit|dllonexit|at_quick_exit|tlregdtor)$")
-        for file in objects:
-            symbols = {line.split()[0] for line in output("nm", "--undefined-only", "--format=posix", file).splitlines()}
-            self.assertEqual([s for s in symbols if registers.match(s)], [], file.name)
+        for build in [NATIVE, WINDOWS] if DLL.exists() else [NATIVE]:
+            objects = [*(build / "CMakeFiles" / "vexlor32_objects.dir").rglob("*.o*")]
+            self.assertTrue(objects)
+            for file in objects:
+                symbols = {line.split()[0] for line in output("nm", "--undefined-only", "--format=posix", file).splitlines()}
+                self.assertEqual([s for s in symbols if registers.match(s)], [], file)
 
-    def test_native_ones_need_no_destructor_at_the_end(self):
-        self.check_ends_without_destructors(NATIVE)
 
-    @needs_dll
-    def test_windows_ones_need_no_destructor_at_the_end(self):
-        self.check_ends_without_destructors(WINDOWS)
+def expect_one_address_each(test, exports):
+    owner = {}
+    for _, _, names in entries():
+        addresses = {exports[name] for name in names}
+        test.assertEqual(len(addresses), 1, names)
+        test.assertNotIn(min(addresses), owner, names)
+        owner[min(addresses)] = names
 
 
 class NativeLibrary(unittest.TestCase):
     def test_exports_the_table_and_nothing_else(self):
         self.assertEqual(dynamic_symbols(LIBRARY), all_names())
+
+    def test_all_names_of_an_entry_are_one_address(self):
+        lines = output("nm", "--dynamic", "--defined-only", "--format=posix", LIBRARY).splitlines()
+        expect_one_address_each(self, {line.split("@")[0]: line.split()[2] for line in lines})
+
+    def test_names_of_the_c_library_are_ours_by_name(self):
+        library, c_library = ctypes.CDLL(str(LIBRARY)), ctypes.CDLL(ctypes.util.find_library("c"))
+        self.assertEqual([library.isalpha(b"ab1", 3), library.isalpha(b"ab1", 2)], [0, 1])
+        self.assertEqual([bool(c_library.isalpha(ord(c))) for c in "a1"], [True, False])
 
     def test_every_name_has_the_version(self):
         lines = output("nm", "--dynamic", "--defined-only", "--with-symbol-versions", LIBRARY).splitlines()
@@ -96,12 +110,7 @@ class WindowsLibrary(unittest.TestCase):
         self.assertEqual(set(self.exports), all_names())
 
     def test_all_names_of_an_entry_are_one_address(self):
-        owner = {}
-        for _, _, names in entries():
-            addresses = {self.exports[name] for name in names}
-            self.assertEqual(len(addresses), 1, names)
-            self.assertNotIn(min(addresses), owner, names)
-            owner[min(addresses)] = names
+        expect_one_address_each(self, self.exports)
 
     def test_imports_what_the_oldest_systems_have(self):
         """imports.txt is kept by hand. What came later is asked for at run time, in the seam."""

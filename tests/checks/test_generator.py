@@ -83,10 +83,6 @@ class Generator(unittest.TestCase):
         self.assertIn("VX_MODE_ALL (0x10), or another VX_MODE_...", header)
         self.assertIn("#define VX_MODE_NONE (-1) /* none */", header)
 
-    def test_a_length_form_by_hand_says_what_it_returns(self):
-        _, header = self.run_on(SOUND.replace('returns = "dest"', 'returns = "dest"\nlength = "strfirst"\nlength-by-hand = true\nlength-returns = "the count"'))
-        self.assertIn("/* As First, returning the count. */", header)
-
     def test_constants_are_checked(self):
         for old, new, message in (("0x10 - all", "0x10", "constants.toml:4: modes: `VX_MODE_ALL = 0x10` is not of the form"),
                                   ("VX_MODE_ALL", "VX_MODE_NONE", "constants.toml:4: modes: `VX_MODE_NONE = 0x10 - all` is named twice"),
@@ -105,9 +101,11 @@ class Generator(unittest.TestCase):
                 writing.write_if_changed(path, "half\udc80")
             self.assertEqual([(p.name, p.read_text()) for p in pathlib.Path(folder).iterdir()], [("header.h", "whole")])
 
-    def test_a_room_may_be_told_in_words(self):
-        _, header = self.run_on(SOUND.replace("dest[len(text) + 1]", "dest[max(host, 9): the value's length + 1]"))
-        self.assertIn("room: the value's length + 1", header)
+    def test_what_is_told_in_words(self):
+        by_hand = 'returns = "dest"\nlength = "strfirst"\nlength-by-hand = true\nlength-returns = "the count"'
+        for old, new, told in (('returns = "dest"', by_hand, "/* As First, returning the count. */"),
+                               ("dest[len(text) + 1]", "dest[max(host, 9): the value's length + 1]", "room: the value's length + 1")):
+            self.assertIn(told, self.run_on(SOUND.replace(old, new))[1])
 
     def test_faults_are_named_with_file_and_line(self):
         for old, new, line, message in FAULTS:

@@ -87,20 +87,6 @@ print(json.dumps([row['NAME'] for row in table.deleted]))""")
                     for name, amount, count, day, paid, note in ROWS]
         self.assertEqual([json.loads(line) for line in text.splitlines()], [expected, ["deleted"]])
 
-    def test_shapelib_reads_ours(self):
-        records = self.peer("dbfdump", "-m", "ours.dbf").split("Record: ")[1:]
-        fields = [dict(line.split(": ", 1) for line in record.splitlines() if ": " in line) for record in records]
-        self.assertEqual([[f["NAME"].strip(), f["AMOUNT"].strip(), f["COUNT"].strip()] for f in fields],
-                         [row[:3] for row in ROWS[:2] + [DELETED] + ROWS[2:]])
-        self.assertEqual(["(DELETED)" in record for record in records], [False, False, True, False, False])
-
-    def test_pgdbf_reads_ours(self):
-        memo = next(self.folder.glob("ours.[dD][bB][tT]"))
-        text = self.peer("pgdbf", "-m", str(memo), "ours.dbf").partition("FROM STDIN\n")[2].partition("\n\\.")[0]
-        expected = ["\t".join([*row[:3], f"{row[3][:4]}-{row[3][4:6]}-{row[3][6:]}", row[4].lower(),
-                               row[5].replace("\r", "\\r").replace("\n", "\\n")]) for row in ROWS]
-        self.assertEqual(text.replace("\\N", "").split("\n"), expected)
-
     def test_perl_reads_ours(self):
         text = self.peer("dbf_dump", "--fs", "|", "--rs", "#", "ours.dbf")
         rows = [record.split("|") for record in text.rstrip("#").split("#")]

@@ -49,10 +49,9 @@ std::vector<Line> linesOf(const std::string& file) {
     return lines;
 }
 
-std::string tableOf(const Workplace& place, int records = 0) {
+std::string tableOf(const Workplace& place) {
     std::string file = place.path("lines.dbf");
     std::uint32_t table = lib().DbfStrCreate(file.c_str(), kStructure);
-    if (records) lib().DbfAppend(table, records);
     EXPECT_EQ(lib().DbfClose(table), 0);
     return file;
 }
@@ -134,33 +133,6 @@ TEST(SharedTable, NothingOfThreadsIsLost) {
     for (std::thread& thread : threads) thread.join();
     for (int result : results) EXPECT_EQ(result, 0);
     expectLines(place, kThreads, kCount);
-}
-
-// Adds 1 to the number in record 1, COUNT times; each under a lock of the table or of the RECORD.
-const Role adder("add", [](const Arguments& arguments) {
-    bool records = arguments.at(2) == "RECORD";
-    std::uint32_t table = lib().DbfOpen(arguments.at(0).c_str(), kShared);
-    for (int i = 0; table && i < std::stoi(arguments.at(1)); ++i) {
-        if (!insist([&] { return records ? lib().DbfRlock(table, 1) : lib().DbfLock(table); })) return 2;
-        char number[16];
-        lib().DbfFieldGet(table, 2, number);
-        if (!lib().DbfFieldPut(table, 2, std::to_string(std::atoi(number) + 1).c_str())) return 3;
-        if (!lib().DbfUnlock(table)) return 4;
-    }
-    return table && lib().DbfClose(table) == 0 ? 0 : 5;
-});
-
-TEST(SharedTable, NoUpdateIsLostUnderLocks) {
-    constexpr int kProcesses = 3, kCount = 100;
-    for (const char* kind : {"TABLE", "RECORD"}) {
-        Workplace place;
-        std::string file = tableOf(place, 1);
-        std::vector<Child> children;
-        for (int i = 0; i < kProcesses; ++i)
-            children.emplace_back("add", Arguments{file, std::to_string(kCount), kind});
-        for (Child& child : children) EXPECT_EQ(child.wait(), 0);
-        EXPECT_EQ(linesOf(file).at(0).number, kProcesses * kCount) << kind;
-    }
 }
 
 // Appends a line at a time and notes each one once it has been committed. A file tells of the first.

@@ -1,17 +1,11 @@
 // The public header's constants against the numbers that the library itself uses. The tests of diskettes, disks,
 // pruning, locating and searching use theirs.
-#include <gtest/gtest.h>
-
-#include <string>
-
 #include "files/filesearch.h"
 #include "frame/library.h"
 #include "include/vexlor32.h"
 #include "patterns/regex_program.h"
 #include "platform/errors.h"
 #include "platform/files.h"
-#include "tests/support/library.h"
-#include "tests/support/text.h"
 
 namespace vx::test {
 namespace {
@@ -56,26 +50,11 @@ static_assert(VX_ERROR_NONE == platform::kNoError && VX_ERROR_FILE_NOT_FOUND == 
               VX_ERROR_DIRECTORY_NOT_EMPTY == kDirectoryNotEmpty && VX_ERROR_ALREADY_EXISTS == kAlreadyExists &&
               VX_ERROR_NAME_TOO_LONG == kFilenameTooLong);
 
-TEST(Constants, ModesOfTexts) {
-    Dest dest(16);
-    auto trimmed = [&](std::int32_t mode) { return std::string(lib().ChrTrim("-a-", "-", mode, dest)); };
-    EXPECT_EQ(trimmed(VX_TRIM_START), "a-");
-    EXPECT_EQ(trimmed(VX_TRIM_BOTH), "a");
-    EXPECT_EQ(trimmed(VX_TRIM_END), "-a");
-
-    auto justified = [&](std::int32_t mode) { return std::string(lib().StrJustify(" a ", 5, mode, "-", dest)); };
-    EXPECT_EQ(justified(VX_JUSTIFY_NONE), " a --");
-    EXPECT_EQ(justified(VX_JUSTIFY_LEFT), "a ---");
-    EXPECT_EQ(justified(VX_JUSTIFY_RIGHT), "---a ");
-    EXPECT_EQ(justified(VX_JUSTIFY_RIGHT_TRIMMED), "----a");
-
-    auto line = [&](std::int32_t mode) { return std::string(lib().TokenJustify(" a  b  ", " ", 9, mode, dest)); };
-    EXPECT_EQ(line(VX_TOKENS_SPREAD), "a       b");
-    EXPECT_EQ(line(VX_TOKENS_INDENTED), " a b     ");
-    EXPECT_EQ(line(VX_TOKENS_LEFT), "a b      ");
-    EXPECT_EQ(line(VX_TOKENS_RIGHT_INDENTED), "    a b  ");
-    EXPECT_EQ(line(VX_TOKENS_RIGHT), "      a b");
-}
+// Rows have these numbers.
+static_assert(VX_TRIM_START == -1 && VX_TRIM_BOTH == 0 && VX_TRIM_END == 1);
+static_assert(VX_JUSTIFY_NONE == 1 && VX_JUSTIFY_LEFT == 2 && VX_JUSTIFY_RIGHT == 3 && VX_JUSTIFY_RIGHT_TRIMMED == 4);
+static_assert(VX_TOKENS_SPREAD == 0 && VX_TOKENS_INDENTED == 1 && VX_TOKENS_LEFT == 2 &&
+              VX_TOKENS_RIGHT_INDENTED == 3 && VX_TOKENS_RIGHT == 4);
 
 }  // namespace
 }  // namespace vx::test

@@ -25,46 +25,26 @@ inline std::string padded(std::string text, std::size_t size, char with = ' ') {
     return text;
 }
 
-struct FieldBytes {
-    std::string name;
-    char type;
-    int length;
-    int decimals = 0;
-
-    bool isNumber() const { return type == 'N' || type == 'F'; }
-    std::string descriptor() const {
-        std::string word = isNumber() ? little(length, 1) + little(decimals, 1) : little(length, 2);
-        return padded(padded(name, 11, '\0') + type + std::string(4, '\0') + word, 32, '\0');
-    }
-};
-
-// Fields as a structure text names them, with lengths as they stand: `A,C,3:N,N,10,2`.
-inline std::vector<FieldBytes> fieldsOf(const std::string& structure) {
-    std::vector<FieldBytes> fields;
-    std::istringstream entries(structure);
-    for (std::string entry; std::getline(entries, entry, ':');) {
-        std::istringstream parts(entry);
-        FieldBytes field{"", '?', 0};
-        char comma = 0;
-        std::getline(parts, field.name, ',') >> field.type >> comma >> field.length >> comma >> field.decimals;
-        fields.push_back(field);
-    }
-    return fields;
-}
-
-// As written on 31 December 1999. The records come with their deletion flags.
-inline std::string tableBytes(int version, const std::vector<FieldBytes>& fields,
-                              const std::vector<std::string>& records, const std::string& behind = "\x1A") {
-    std::size_t recordSize = 1;
+// Of fields as a structure text names them, with lengths as they stand: `A,C,3:N,N,10,2`. As written on 31 December
+// 1999. The records come with their deletion flags.
+inline std::string tableBytes(int version, const std::string& structure, const std::vector<std::string>& records) {
+    std::size_t fields = 0, recordSize = 1;
     std::string descriptors, data;
-    for (const FieldBytes& field : fields) {
-        descriptors += field.descriptor();
-        recordSize += static_cast<std::size_t>(field.length);
+    std::istringstream entries(structure);
+    for (std::string entry, name; std::getline(entries, entry, ':'); ++fields) {
+        std::istringstream parts(entry);
+        char type = '?', comma = 0;
+        std::size_t length = 0, decimals = 0;
+        std::getline(parts, name, ',') >> type >> comma >> length >> comma >> decimals;
+        bool isNumber = type == 'N' || type == 'F';
+        std::string word = isNumber ? little(length, 1) + little(decimals, 1) : little(length, 2);
+        descriptors += padded(padded(name, 11, '\0') + type + std::string(4, '\0') + word, 32, '\0');
+        recordSize += length;
     }
     for (const std::string& record : records) data += padded(record, recordSize);
     return little(static_cast<std::uint64_t>(version), 1) + "\x63\x0C\x1F" + little(records.size(), 4) +
-           little(33 + 32 * fields.size(), 2) + little(recordSize, 2) + "twenty reserved byte" + descriptors + "\x0D" +
-           data + behind;
+           little(33 + 32 * fields, 2) + little(recordSize, 2) + "twenty reserved byte" + descriptors + "\x0D" + data +
+           "\x1A";
 }
 
 // Each memo in blocks of its own, from block 1 on.

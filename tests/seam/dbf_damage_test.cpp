@@ -101,21 +101,5 @@ TEST_F(Damage, EachByteChangedAndCutAtEveryLength) {
     EXPECT_GT(tables, 10000);
 }
 
-TEST_F(Damage, TwoBytesChanged) {
-    RandomTexts random(11);
-    std::vector<FileSet> seeds = {seed(0xE3), seed(0xF5)};
-    for (int i = 0; i < 50000; ++i) {
-        FileSet files = seeds[static_cast<std::size_t>(random.number(0, 1))];
-        for (int change = 0; change < 2; ++change) {
-            auto file = std::next(files.begin(), random.number(0, static_cast<int>(files.size()) - 1));
-            // Most often where numbers are.
-            int end = static_cast<int>(file->second.size()) - 1;
-            auto at = static_cast<std::size_t>(random.number(0, random.number(0, 1) ? std::min(end, 300) : end));
-            file->second[at] = static_cast<char>(random.number(0, 255));
-        }
-        ASSERT_NO_FATAL_FAILURE(useAll(files, random.oneIn(2) ? kPrivateMode : kSharedMode)) << i;
-    }
-}
-
 }  // namespace
 }  // namespace vx::test

@@ -59,7 +59,7 @@ class TableTest : public testing::Test {
     // Table T with a file of each kind of companion.
     void putFiles(int version, const char* fields, const Texts& records, const Texts& memos = {},
                   const Texts& blobs = {}) {
-        disk.put("T.DBF", lab::tableBytes(version, lab::fieldsOf(fields), records));
+        disk.put("T.DBF", lab::tableBytes(version, fields, records));
         disk.put("T.DBT", lab::dbtBytes(memos));
         disk.put("T.FPT", lab::fptBytes(memos));
         disk.put("T.BLO", lab::bloBytes(blobs));

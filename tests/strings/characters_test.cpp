@@ -114,6 +114,9 @@ TEST(Compare, RandomTexts) {
             other += random.text(alphabet, 3);
             Edit a(shared), b(other);
             SCOPED_TRACE("[" + shared + "] and [" + other + "]");
+            auto same = std::ranges::mismatch(shared, other).in1 - shared.begin();
+            bool isPrefix = shared.starts_with(other) || other.starts_with(shared);
+            EXPECT_EQ(lib().AtDiff(a, b), isPrefix ? 0 : same + 1);
             EXPECT_EQ(lib().StrCmp(a, b), order(shared, other, INT_MAX, false));
             EXPECT_EQ(lib().StrCmpi(a, b), order(shared, other, INT_MAX, true));
             for (int n : {0, 1, 2, 3, 16, 17, -1, INT_MIN, INT_MAX}) {
