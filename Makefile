@@ -1,6 +1,6 @@
 # Thin fronts over CMake presets and scripts; each sets up what it lacks (scripts/setup).
 
-.PHONY: all windows demo test mutants fuzz bench format clean
+.PHONY: all windows demo test lint mutants fuzz bench format clean
 
 all:
 	@scripts/setup build
@@ -21,6 +21,13 @@ demo:
 test:
 	@scripts/setup test
 	@scripts/test
+
+# clang-tidy over the library and its hosts; the quick rules for sources are tests.
+lint:
+	@scripts/setup lint
+	@cmake --preset native >/dev/null
+	@cmake --build build/native --target table
+	@scripts/lint
 
 # Which changes of the library would the tests not notice? For instance AREA="files dbf" COUNT=40; all areas without AREA.
 COUNT ?= 20

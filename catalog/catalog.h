@@ -15,7 +15,7 @@ namespace vx::catalog {
 // A number of bytes; arithmetic stops at the ends of 64 bits instead of wrapping.
 struct Size {
     std::int64_t value;
-    friend auto operator<=>(const Size&, const Size&) = default;
+    friend auto operator<=>(const Size&, const Size&) = default;  // NOLINT(modernize-use-nullptr): 0 is its own
 };
 Size operator+(Size a, Size b);
 Size operator-(Size a, Size b);

@@ -35,8 +35,8 @@ class Caller {
     bool askRoom(const Layout& layout);
     bool make(Call& call, const Plan& plan, const Layout& layout, const char* purpose);
     bool compare(const catalog::Entry& entry, Random& random, const Layout& layout);
-    bool compareWith(int other, bool zeroBased, const char* purpose, std::string (*faultOf)(const Call&, const Call&),
-                     const Layout& layout);
+    bool compareWith(int other, bool zeroBased, const char* purpose,
+                     std::string (*faultBetween)(const Call&, const Call&), const Layout& layout);
     bool complain(const std::string& fault, const Call& call, const char* purpose);
 
     Find find_;

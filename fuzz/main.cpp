@@ -131,4 +131,5 @@ int run(int argc, char** argv) {
 }  // namespace
 }  // namespace vx::fuzz
 
+// NOLINTNEXTLINE(bugprone-exception-escape): lack of memory may end it
 int main(int argc, char** argv) { return vx::fuzz::run(argc, argv); }

@@ -35,6 +35,7 @@ Call::Call(const Row& row, const Form& form, Variables& variables)
     place();
 }
 
+// The row's arguments stand for those that a caller types; what is supplied may be given by name behind them.
 void Call::take(const Row& row, Variables& variables) {
     auto next = row.arguments.begin();
     auto given = row.given;
@@ -106,6 +107,9 @@ void Call::takeOne(std::size_t i, const Value& value, Variables& variables) {
     if (isText(argument.kind)) values_[i].constant = slot.isNull ? nullptr : slot.bytes.c_str();
 }
 
+// Sources get exactly their bytes, destinations exactly the room that the table gives: an access beyond is found out.
+// First the sizes, since a destination that is NULL gives its room to the text that is changed in its place; then the
+// memory, filled so that whatever the call leaves alone can be told from what it writes.
 void Call::place() {
     std::vector<std::size_t> sizes(slots_.size());
     for (std::size_t i = 0; i < slots_.size(); ++i) {
@@ -122,7 +126,7 @@ void Call::place() {
             room += static_cast<std::int64_t>(slot.front);
         }
         if (argument.kind == Kind::kDest)
-            own = slot.given ? slot.bytes.size() + 1 : 0;  // else the documented room only
+            own = slot.given ? slot.bytes.size() + 1 : 0;  // else the room of the table only
         sizes[i] = std::max<std::size_t>({own, static_cast<std::size_t>(room), 1});
         if (isSupplied(argument.kind) && form_.without == static_cast<int>(i)) slot.isNull = true;
         if (argument.kind == Kind::kDest && (form_.inPlace || form_.onto >= 0)) slot.isNull = true;

@@ -11,7 +11,6 @@ namespace {
 using catalog::Argument;
 using catalog::Entry;
 using catalog::Kind;
-using catalog::Result;
 
 const Row* running = nullptr;
 
@@ -56,7 +55,7 @@ class Runner {
         try {
             surroundings.emplace(block, host_, variables_);
         } catch (const ScriptError& error) {
-            report_.failures.push_back(error.what());
+            report_.failures.emplace_back(error.what());
             return;
         }
         for (const Row& row : block.rows) runRow(row, surroundings->isPlace());

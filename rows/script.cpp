@@ -329,7 +329,7 @@ std::string unescaped(std::string_view text) {
             result += meanings[simple];
             ++i;
         } else if (rest.size() >= 3 && rest[0] == 'x' &&
-                   std::from_chars(&rest[1], &rest[3], code, 16).ptr == &rest[3]) {
+                   std::from_chars(rest.data() + 1, rest.data() + 3, code, 16).ptr == rest.data() + 3) {
             result += static_cast<char>(code);
             i += 3;
         } else {

@@ -45,11 +45,11 @@ Surroundings::Surroundings(const Block& block, const Host& host, Variables& vari
     }
 }
 
+// NOLINTNEXTLINE(bugprone-exception-escape): the calls were tried before
 Surroundings::~Surroundings() { takeBack(); }
 
 void Surroundings::set(const Setup& setup) {
-    if (setup.until && !catalog::find(setup.until->name))
-        throw ScriptError(setup.file, setup.line, "there is no function " + setup.until->name);
+    if (setup.until) makeCall(*setup.until, true);  // what is wrong with it shows now, not at the end
     if (setup.call) {
         makeCall(*setup.call);
         return;
@@ -111,13 +111,14 @@ std::int64_t Surroundings::makeCall(const Setup& setup, const char* name, std::v
     return makeCall(row);
 }
 
-std::int64_t Surroundings::makeCall(const Row& row) {
+std::int64_t Surroundings::makeCall(const Row& row, bool onlyTried) {
     const catalog::Entry* entry = catalog::find(row.name);
     if (!entry) throw ScriptError(row.file, row.line, "there is no function " + row.name);
     Variables none;
     Form form{.label = "", .entry = entry, .name = row.name};
     try {
         Call call(row, form, none);
+        if (onlyTried) return 0;
         makeBy(host_, call, form);
         return call.number();
     } catch (const std::string& what) {

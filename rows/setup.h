@@ -21,7 +21,7 @@ namespace vx::rows {
 class Surroundings {
  public:
     Surroundings(const Block& block, const Host& host, Variables& variables);
-    ~Surroundings();
+    ~Surroundings();  // NOLINT(bugprone-exception-escape): the calls were tried before
     Surroundings(const Surroundings&) = delete;
     Surroundings& operator=(const Surroundings&) = delete;
 
@@ -36,7 +36,7 @@ class Surroundings {
     void makeDirectory();
     void takeBack();
     void makeTable(const Setup& setup);
-    std::int64_t makeCall(const Row& row);
+    std::int64_t makeCall(const Row& row, bool onlyTried = false);  // tried: its arguments are
     std::int64_t makeCall(const Setup& setup, const char* name, std::vector<Value> arguments);
 
     const Block& block_;
