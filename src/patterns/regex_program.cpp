@@ -26,7 +26,7 @@ class Decoder {
         program_.anchored = program_.nodes[0].op == Op::kBol;
         findCertainTail();
         findFollowers();
-        findSigns(program_, program_.signs);
+        findPrefix(program_, program_.prefix);
     }
 
  private:
@@ -104,7 +104,7 @@ class Decoder {
         node.set = program_.setCount++;
         bool negated = code[0] == kNotClass;
         for (unsigned c = 0; c < 256; ++c)
-            program_.sets[node.set][c] = ((code[1 + (c >> 3)] >> (c & 7) & 1) != 0) != negated;
+            program_.sets[node.set][c] = (((code[1 + (c >> 3)] >> (c & 7)) & 1) != 0) != negated;
         return node;
     }
 
