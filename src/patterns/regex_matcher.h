@@ -21,7 +21,7 @@
 //      the reverse scan knows too little: no run fails twice at the same position.  RegAt/2000x/(ab)x*x*x*\1y
 //
 // A memo table alone, in place of 3 and the long budget, would do for all programs, but takes six times as long on
-// RegAt/2000x/x*x*x*[yz], and minutes where the reverse scan rules out \(a*\)a*a*\1bc in milliseconds.
+// RegAt/2000x/x*x*x*[yz], and time by the cube of the text for \(a*\)a*a*\1bc where the reverse scan needs one pass.
 //
 // Exact: 1, 3 and 4 leave out only what cannot match, and what is tried is always tried in the backtracker's order.
 // Bounded in time: by nodes times text; with back-references, by a power of the text that grows with the groups that
