@@ -1,4 +1,8 @@
 // From a byte program to the nodes that are executed.
+//
+// kept: patterns mean what an interpreter of the bytes would make of them. It skips one byte too many behind a closure
+// of a class, so that the operand of the next node may be read as an opcode. Here this is played out once, instead of
+// in every attempt.
 #include "patterns/regex_program.h"
 
 #include <algorithm>
