@@ -83,12 +83,15 @@ class Prefilter {
 
  private:
     const char* byProbes(const char* from);
-    const char* byWindow(const char* from) const;
+    const char* byWindow(const char* from);
     const char* byFirst(const char* from) const;
     bool shows(const char* at) const;
 
     const Prefix& prefix_;
     Text& text_;
+    const char* resumeFrom_ = nullptr;  // byWindow's next start, if it goes on where it left off
+    const char* resumeAt_ = nullptr;
+    unsigned resumeState_ = 0;
 };
 
 }  // namespace vx::regex
