@@ -82,7 +82,10 @@ class Matcher {
 
     const char* find(const char* from, Wanted wanted);
     bool matchesAt(const char* at, Wanted wanted);
-    void enterNextPhase();
+    // Kept out of what calls them, which small texts would pay for: RegAt/40B/closure, word.
+    [[gnu::cold]] void enterNextPhase();
+    [[gnu::noinline]] const char* endOfKnownRun(const Node& node, const char* at, MemoTable::Extent& known);
+
     bool lacksCharacter();
     bool openTables();
 
@@ -94,7 +97,6 @@ class Matcher {
     static const char* latestBefore(int follow, const char* floor, const char* high);
     const char* latestGuided(unsigned run, const char* floor, const char* high);
     const char* endOfRun(const Node& node, const char* at);
-    const char* endOfKnownRun(const Node& node, const char* at, MemoTable::Extent& known);
     bool matchesBehindTerminator(unsigned index, const char* at, unsigned stop);
     bool repeats(const Node& reference, const char*& at);
 
