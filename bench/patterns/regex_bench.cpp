@@ -129,6 +129,10 @@ const Cases cases([] {
     at("2000a", {".*.*.*x", ".*.*.*x", ".*.*.*x"}, as);
     at("2000a", {".*a.*a.*x", ".*a.*a.*x", ".*a.*a.*x"}, as);
     at("2000x", {"x*x*x*[yz]", "x*x*x*[yz]", "x*x*x*[yz]"}, xs);
+    static const std::string longest = std::string(200, 'x') + "[yz]";
+    at("2000x", {"x 200 times[yz]", longest.c_str(), longest.c_str()}, xs);
+    auto group = std::make_shared<std::string>("ab" + *xs + "bay");
+    at("2000x", {"(ab)x*x*x*\\1y", "\\(ab\\)x*x*x*\\1y", "(ab)x*x*x*\\1y"}, group);
 
     Text text = prose(1 << 20);
     for (Pattern pattern : {Pattern{"literal", "stone", "stone"},
@@ -137,6 +141,7 @@ const Cases cases([] {
                             {"any", "th.*q", "th.*q"},
                             {"closure", "e+s t", "e+s t"},
                             {"dense", "[a-z].[0-9]", "[a-z].[0-9]"},
+                            {"letters", "[a-z][a-z][a-z][a-z]", "[a-z][a-z][a-z][a-z]"},
                             {"words", "\\<t[a-z]", "\\bt[a-z]"}})
         count(pattern, text);
     auto twice = prose(1 << 16);

@@ -1,4 +1,9 @@
-// Soundex codes and MetaFone keys.
+// Words that sound alike: Soundex codes and MetaFone keys.
+//
+// A Soundex code is the first letter and the digits of those that follow; letters without a digit (vowels, H, W, Y) are
+// passed over, and so is one with the digit of its neighbour. A MetaFone key is worked out letter by letter: each rule
+// looks at one letter, its neighbour before and up to three behind, and writes nothing, one letter or two. Both differ
+// from the textbook where `kept:` says so, since keys are stored in tables and compared with new ones.
 #include "entries/phonetic.h"
 
 #include <algorithm>

@@ -1,4 +1,6 @@
-// The remembered pattern, walks from match to match, and the entry points.
+// The entry points of regular expressions. The pattern of the last call stays compiled: it is meant when a call gives
+// none, and a loop that passes the same one again does not compile it again. Match number n is found by walking from
+// match to match.
 #include "entries/regex.h"
 
 #include <cstring>

@@ -1,4 +1,5 @@
-// From a pattern to its byte program.
+// From a pattern to its byte program, in one pass: each item appends a node. A closure wraps the node before it, which
+// is why a + first writes that node a second time (x+ is xx*), and why what is no single character cannot repeat.
 #include <cstring>
 
 #include "frame/text.h"
@@ -134,7 +135,8 @@ class Compiler {
                 add(byteOf(*at_));
             }
         }
-        if (!*at_++) return kUnfinished;
+        if (!*at_) return kUnfinished;
+        ++at_;
         node(code);
         for (std::uint8_t bits : bitmap) put(bits);
         return kNoError;

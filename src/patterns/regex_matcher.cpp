@@ -1,4 +1,3 @@
-// Backtracking without recursion, and the search for a match's start.
 #include "patterns/regex_matcher.h"
 
 #include <cstring>
@@ -9,36 +8,36 @@
 namespace vx::regex {
 
 const char* Matcher::find(const char* from, Wanted wanted) {
-    if (hopeless_) return nullptr;
+    if (phase_ == Phase::kNoMatch) return nullptr;
     start_ = from;
-    if (guide_) guide_->outlook.startAt(from);
+    if (phase_ == Phase::kGuided) tables_->reverse.startAt(from);
     if (program_.anchored) return matchesAt(from, wanted) ? from : nullptr;
-    for (const char* at = scout_.next(from); at && !hopeless_; at = scout_.next(at + 1)) {
-        if ((program_.signs.exact && wanted == Wanted::kStart) || matchesAt(at, wanted)) return at;
+    for (const char* at = prefilter_.next(from); at && phase_ != Phase::kNoMatch; at = prefilter_.next(at + 1)) {
+        if ((program_.prefix.exact && wanted == Wanted::kStart) || matchesAt(at, wanted)) return at;
     }
     return nullptr;
 }
 
 bool Matcher::matchesAt(const char* at, Wanted wanted) {
-    unsigned stop = wanted == Wanted::kStart ? program_.certain : program_.end;
-    while (!guide_) {
-        Result result = cost_ > budget_ ? Result::kGaveUp : run(at, stop);
-        if (result != Result::kGaveUp) return result == Result::kMatch;
-        hopeless_ = !goOnWiser();
-        if (hopeless_) return false;
+    const unsigned stop = wanted == Wanted::kStart ? program_.certain : program_.end;
+    while (phase_ == Phase::kShortBudget || phase_ == Phase::kLongBudget) {
+        const Result result = steps_ > budget_ ? Result::kOutOfBudget : run(at, stop);
+        if (result != Result::kOutOfBudget) return result == Result::kMatch;
+        enterNextPhase();
     }
-    if (!guide_->outlook.may(0, at)) return false;
-    if (!keepsFailures_ && wanted == Wanted::kStart) return true;
-    if (keepsFailures_) guide_->failures.forget(0);
+    if (phase_ == Phase::kNoMatch || !tables_->reverse.canMatch(0, at)) return false;
+    if (!memoises_ && wanted == Wanted::kStart) return true;
+    if (memoises_) tables_->memo.marksMove(0);
     return run(at, stop) == Result::kMatch;
 }
 
-// After plain backtracking has used up its budget; false if there is nothing to be found.
-bool Matcher::goOnWiser() {
-    if (forewarned_) return openGuide();
-    forewarned_ = true;
-    budget_ += kStepsPerByte * static_cast<std::size_t>(text_.end() - text_.start());
-    return !lacksCharacter();
+void Matcher::enterNextPhase() {
+    if (phase_ == Phase::kShortBudget) {
+        budget_ += kBudgetPerByte * static_cast<std::size_t>(text_.end() - text_.start());
+        phase_ = lacksCharacter() ? Phase::kNoMatch : Phase::kLongBudget;
+    } else {
+        phase_ = openTables() ? Phase::kGuided : Phase::kNoMatch;
+    }
 }
 
 bool Matcher::lacksCharacter() {
@@ -53,12 +52,12 @@ bool Matcher::lacksCharacter() {
     return false;
 }
 
-bool Matcher::openGuide() {
-    guide_.reset(new (std::nothrow) Guide);
-    if (!guide_ || !guide_->outlook.open(program_, start_, text_.end())) return false;
-    keepsFailures_ = program_.lastBackRef != kNone;
-    if (keepsFailures_ && !guide_->failures.open(program_, start_, text_.end())) return false;
-    guide_->outlook.startAt(start_);
+bool Matcher::openTables() {
+    tables_.reset(new (std::nothrow) Tables);
+    if (!tables_ || !tables_->reverse.open(program_, start_, text_.end())) return false;
+    memoises_ = program_.lastBackRef != kNone;
+    if (memoises_ && !tables_->memo.open(program_, start_, text_.end())) return false;
+    tables_->reverse.startAt(start_);
     return true;
 }
 
@@ -103,6 +102,7 @@ Matcher::Result Matcher::run(const char* at, unsigned stop) {
                 holds = at != start_ && isWord(byteOf(at[-1])) && !isWord(byteOf(*at));
                 break;
             case Op::kBackRef:
+                // The first character is compared here, which spares most of the calls: RegAt/40B/reference.
                 holds = marks_[node.open] == marks_[node.close] || (*at == *marks_[node.open] && repeats(node, at));
                 break;
             case Op::kCharRun:
@@ -120,15 +120,21 @@ Matcher::Result Matcher::run(const char* at, unsigned stop) {
             ++index;
             continue;
         }
-        if (depth_ > 0 || countsNodes_) cost_ += index - first;
+        countPassed(index - first);
         if (depth_ == 0) return Result::kNoMatch;
-        if (!guide_ && cost_ > budget_) return Result::kGaveUp;
+        if (phase_ != Phase::kGuided && steps_ > budget_) return Result::kOutOfBudget;
         if (!giveBack(index, at)) return Result::kNoMatch;
         first = index;
     }
-    if (depth_ > 0 || countsNodes_) cost_ += index - first;
+    countPassed(index - first);
     end_ = at;
     return Result::kMatch;
+}
+
+// The tables help against long ways without a choice, too, but with back-references they cost more than such ways do:
+// RegAt/2000x/x 200 times, RegAt/64KB/reference.
+inline void Matcher::countPassed(unsigned nodes) {
+    if (depth_ > 0 || program_.lastBackRef == kNone) steps_ += nodes;
 }
 
 // kept: a class with ^ takes the terminator, too. What comes then finds nothing to look at.
@@ -149,68 +155,91 @@ bool Matcher::repeats(const Node& reference, const char*& at) {
     const char* group = marks_[reference.open];
     std::size_t size = static_cast<std::size_t>(marks_[reference.close] - group);
     if (size > static_cast<std::size_t>(text_.end() - at) || std::memcmp(at, group, size) != 0) return false;
-    cost_ += size;
+    steps_ += size;
     at += size;
     return true;
 }
 
 const char* Matcher::endOfRun(const Node& node, const char* at) {
     if (node.op == Op::kAnyRun) return text_.end();
-    const char* end = keepsFailures_ ? guide_->failures.endOfRun(node, at) : nullptr;
-    if (end) return end;
-    end = at;
+    if (memoises_) {
+        if (MemoTable::Extent* known = tables_->memo.latestExtent(node)) return endOfKnownRun(node, at, *known);
+    }
+    const char* end = at;
     if (node.op == Op::kCharRun) {
         while (byteOf(*end) == node.byte) ++end;
     } else {
         for (const bool* set = program_.sets[node.set]; set[byteOf(*end)];) ++end;
     }
-    cost_ += static_cast<std::size_t>(end - at);
-    if (keepsFailures_) guide_->failures.keepRun(node, at, end);
+    steps_ += static_cast<std::size_t>(end - at);
     return end;
+}
+
+// A run that meets its latest extent ends where that does.
+const char* Matcher::endOfKnownRun(const Node& node, const char* at, MemoTable::Extent& known) {
+    if (known.start <= at && at <= known.end) return known.end;
+    const bool* set = node.op == Op::kSetRun ? program_.sets[node.set] : nullptr;
+    const char* end = at;
+    while (end != known.start && (set ? set[byteOf(*end)] : byteOf(*end) == node.byte)) ++end;
+    known = {at, end == known.start ? known.end : end};
+    return known.end;
 }
 
 bool Matcher::takeRun(const Node& node, unsigned index, const char*& at) {
     const char* chosen = latest(index, at, endOfRun(node, at));
     if (!chosen) return false;
-    if (chosen != at || keepsFailures_) places_[depth_++] = {chosen, at, index};
+    if (chosen != at || memoises_) choices_[depth_++] = {chosen, at, index};
     at = chosen;
     return true;
 }
 
 // The last place between `floor` and `high` from which the rest could match.
 const char* Matcher::latest(unsigned run, const char* floor, const char* high) {
-    const Node& node = program_.nodes[run];
-    auto promising = [&](const char* at) {
-        if (!guide_) return node.follow < 0 || byteOf(*at) == node.follow;
-        return guide_->outlook.may(run + 1, at) && !(keepsFailures_ && guide_->failures.has(node, at));
-    };
+    const int follow = program_.nodes[run].follow;
     const char* at = high;
-    while (!promising(at)) {
-        const char* first = keepsFailures_ ? guide_->failures.add(node, at) : at;
-        if (first <= floor) {
-            cost_ += static_cast<std::size_t>(high - floor);
-            return nullptr;
-        }
+    if (phase_ == Phase::kGuided) {
+        at = latestGuided(run, floor, high);
+    } else if (follow >= 0) {
+        at = latestBefore(follow, floor, high);
+    }
+    steps_ += static_cast<std::size_t>(high - (at ? at : floor));
+    return at;
+}
+
+const char* Matcher::latestBefore(int follow, const char* floor, const char* high) {
+    const char* at = high;
+    for (; byteOf(*at) != follow; --at) {
+        if (at == floor) return nullptr;
+    }
+    return at;
+}
+
+const char* Matcher::latestGuided(unsigned run, const char* floor, const char* high) {
+    const Node& node = program_.nodes[run];
+    const char* at = high;
+    while (!tables_->reverse.canMatch(run + 1, at) || (memoises_ && tables_->memo.hasFailed(node, at))) {
+        const char* first = memoises_ ? tables_->memo.noteFailure(node, at) : at;
+        if (first <= floor) return nullptr;
         at = first - 1;
     }
-    cost_ += static_cast<std::size_t>(high - at);
     return at;
 }
 
 // Goes back to the latest run that can do with less.
 bool Matcher::giveBack(unsigned& index, const char*& at) {
     for (; depth_ > 0; --depth_) {
-        Place& place = places_[depth_ - 1];
-        if (keepsFailures_) {
-            guide_->failures.add(program_.nodes[place.node], place.at);
-            guide_->failures.forget(place.node + 1);
+        Choice& choice = choices_[depth_ - 1];
+        if (memoises_) {
+            tables_->memo.noteFailure(program_.nodes[choice.node], choice.at);
+            tables_->memo.marksMove(choice.node + 1);
         }
-        if (place.at == place.floor) continue;
-        const char* next = latest(place.node, place.floor, place.at - 1);
+        if (choice.at == choice.floor) continue;
+        const char* next = latest(choice.node, choice.floor, choice.at - 1);
         if (!next) continue;
-        ++cost_;
-        at = place.at = next;
-        index = place.node + 1;
+        ++steps_;
+        choice.at = next;
+        at = next;
+        index = choice.node + 1;
         return true;
     }
     return false;

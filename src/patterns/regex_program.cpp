@@ -1,4 +1,8 @@
 // From a byte program to the nodes that are executed.
+//
+// kept: patterns mean what an interpreter of the bytes would make of them. It skips one byte too many behind a closure
+// of a class, so that the operand of the next node may be read as an opcode. Here this is played out once, instead of
+// in every attempt.
 #include "patterns/regex_program.h"
 
 #include <algorithm>
@@ -26,7 +30,7 @@ class Decoder {
         program_.anchored = program_.nodes[0].op == Op::kBol;
         findCertainTail();
         findFollowers();
-        findSigns(program_, program_.signs);
+        findPrefix(program_, program_.prefix);
     }
 
  private:
@@ -104,7 +108,7 @@ class Decoder {
         node.set = program_.setCount++;
         bool negated = code[0] == kNotClass;
         for (unsigned c = 0; c < 256; ++c)
-            program_.sets[node.set][c] = ((code[1 + (c >> 3)] >> (c & 7) & 1) != 0) != negated;
+            program_.sets[node.set][c] = (((code[1 + (c >> 3)] >> (c & 7)) & 1) != 0) != negated;
         return node;
     }
 

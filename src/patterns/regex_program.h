@@ -8,7 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "patterns/regex_scout.h"
+#include "patterns/regex_prefilter.h"
 
 namespace vx::regex {
 
@@ -98,7 +98,7 @@ struct Program {
     bool anchored;   // starts with ^
     bool usesStart;  // has a node that asks for the search's start
     bool usesEnd;    // has $
-    Signs signs;
+    Prefix prefix;
 };
 
 // Word characters of \< and \>. kept: neither Z nor z nor 9 is one.

@@ -1,6 +1,8 @@
 // Approximate search, bit-parallel: 64 rows of a column of edit distances are two words, which say where the distance
-// rises and where it falls from row to row (Myers; blocks of rows as in Hyyro). Of the blocks, only those are computed
-// that can hold distances below a bound (Ukkonen), and the bound is tried small first.
+// rises and where it falls from row to row (Myers; blocks of rows as in Hyyro). Patterns of one block have a loop of
+// their own, which takes a sixth less: Similarity/15x20. Of more blocks, only those are computed that can hold
+// distances below a bound (Ukkonen), and the bound is tried small first. That is up to 7 times as fast for texts that
+// are much alike, Similarity/1000x100000/letters:26/alike:95 and 100, and costs up to 1.7 times for those that are not.
 #include "entries/similarity.h"
 
 #include <algorithm>
@@ -35,8 +37,8 @@ struct Block {
         const Word diagonal = (((equal & rise) + rise) ^ rise) | equal;
         const Word rises = fall | ~(diagonal | rise);
         const Word falls = rise & diagonal;
-        const Word risesAbove = rises << 1 | above.rise;
-        rise = (falls << 1 | above.fall) | ~(vertical | risesAbove);
+        const Word risesAbove = (rises << 1) | above.rise;
+        rise = ((falls << 1) | above.fall) | ~(vertical | risesAbove);
         fall = risesAbove & vertical;
         return {rises >> (kRows - 1), falls >> (kRows - 1)};
     }

@@ -30,12 +30,13 @@ bool fits(char pattern, char text) {
 template <class Fold>
 bool fits(std::string_view stretch, const char* text) {
     for (char c : stretch) {
-        if (!fits<Fold>(c, *text++)) return false;
+        if (!fits<Fold>(c, *text)) return false;
+        ++text;
     }
     return true;
 }
 
-// The longest run without question marks.
+// The longest run without question marks: the likeliest to be rare.
 std::string_view longestLiteral(std::string_view stretch) {
     std::string_view longest;
     while (!stretch.empty()) {
@@ -80,7 +81,9 @@ Place atTheEnd(const char* stretch, std::size_t size, const char* text, const ch
     return fits<Fold>(std::string_view(stretch, size), place) ? Place{place, size} : Place{};
 }
 
-// Places the pattern's next stretch in the text. Near places are tried in turn; farther ones are worth a vector search.
+// Places the pattern's next stretch in the text. Near places are tried in turn; farther ones are worth a vector search,
+// which alone would take three times as long on WildCard/spiteful/2000 and a quarter more on WildCard/20B, but a third
+// less on WildCount/1MB.
 template <class Fold>
 Place place(const char* stretch, const char* text, const char*& textEnd) {
     std::size_t size = 0;
@@ -111,7 +114,8 @@ Reach match(const char* pattern, const char* text, const char*& textEnd) {
     const char* firstPlace = nullptr;
     while (pattern[0] && pattern[1]) {  // at a star that is not last
         if (!*text) return {};          // kept: it does not even match the empty rest of a text
-        Place next = place<Fold>(++pattern, text, textEnd);
+        ++pattern;
+        Place next = place<Fold>(pattern, text, textEnd);
         if (!next.text) return {};
         if (!firstPlace) firstPlace = next.text;
         pattern += next.size;

@@ -9,10 +9,11 @@
 
 namespace vx {
 
+// `start` is where the attempt began, plus what the pattern's first star skipped, unless that ends the pattern. `end`
+// of a pattern that ends in a star is where that star begins.
 struct WildMatch {
-    std::size_t
-        start;  // where the attempt began, plus what the pattern's first star (unless it ends the pattern) skipped
-    std::size_t end;  // of a pattern that ends in a star: where that star begins
+    std::size_t start;
+    std::size_t end;
 };
 
 // A pattern against a text. Attempts take memory of a fixed size, and time linear in the text for each of the

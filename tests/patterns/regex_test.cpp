@@ -21,7 +21,10 @@ class Oracle {
     // Where groups begin and end; group 0 is the whole.
     struct Match {
         std::array<int, 10> open, close;
-        Match() { open.fill(-1), close.fill(-1); }
+        Match() {
+            open.fill(-1);
+            close.fill(-1);
+        }
         std::string group(std::size_t g, const std::string& text) const {
             bool isEmpty = open[g] < 0 || open[g] >= close[g];
             return isEmpty ? "" : (text + '\0').substr(std::size_t(open[g]), std::size_t(close[g] - open[g]));
@@ -89,7 +92,8 @@ class Oracle {
         if (s == "\\)") {
             if (last == kOpen || open_.empty()) return last == kOpen ? -7 : -6;
             node(kClose, {open_.back()});
-            return open_.pop_back(), 0;
+            open_.pop_back();
+            return 0;
         }
         int group = s.size() == 2 && s[1] >= '1' && s[1] <= '9' ? s[1] - '0' : 0;
         if (!group) return node(kChar, {s.back()});
@@ -121,7 +125,7 @@ class Oracle {
 
     bool takes(std::size_t pc, int c) const {
         if (byte(pc) <= kAny) return byte(pc) == kAny ? c > 0 : c == byte(pc + 1);
-        return c >= 0 && (byte(pc + 1 + std::size_t(c >> 3)) >> (c & 7) & 1) != (byte(pc) == kNotClass);
+        return c >= 0 && ((byte(pc + 1 + std::size_t(c >> 3)) >> (c & 7)) & 1) != (byte(pc) == kNotClass);
     }
 
     // Whether a node that takes nothing lets pass.

@@ -1,5 +1,4 @@
-// Outlook and failures.
-#include "patterns/regex_guide.h"
+#include "patterns/regex_reverse.h"
 
 #include <algorithm>
 #include <new>
@@ -8,16 +7,7 @@
 
 namespace vx::regex {
 
-namespace {
-
-template <class T>
-std::unique_ptr<T[]> zeros(std::size_t count) {
-    return std::unique_ptr<T[]>(new (std::nothrow) T[count]());
-}
-
-}  // namespace
-
-bool Outlook::open(const Program& program, const char* from, const char* end) {
+bool ReverseScan::open(const Program& program, const char* from, const char* end) {
     end_ = program.end;
     words_ = end_ / kWordBits + 1;
     usesStart_ = program.usesStart;
@@ -27,7 +17,7 @@ bool Outlook::open(const Program& program, const char* from, const char* end) {
     count_ = static_cast<std::size_t>(end - from) + 2;
     blockSize_ = std::min(count_, kBlockBytes / (words_ * sizeof(Word)));
     std::size_t blocks = (count_ + blockSize_ - 1) / blockSize_;
-    masks_ = zeros<Word>(words_ * (256 + 4 + kKinds));
+    masks_.reset(new (std::nothrow) Word[words_ * (256 + 4 + kKinds)]());
     columns_.reset(new (std::nothrow) Word[blockSize_ * words_]);
     blockStarts_.reset(new (std::nothrow) Word[blocks * words_]);
     if (!masks_ || !columns_ || !blockStarts_) return false;
@@ -39,7 +29,7 @@ bool Outlook::open(const Program& program, const char* from, const char* end) {
     return true;
 }
 
-void Outlook::makeMasks(const Program& program) {
+void ReverseScan::makeMasks(const Program& program) {
     rows_ = masks_.get();
     takers_ = rows_ + 256 * words_;
     runs_ = takers_ + words_;
@@ -103,49 +93,60 @@ void Outlook::makeMasks(const Program& program) {
     }
 }
 
-void Outlook::allowBackReference(const Program& program, unsigned node) {
+void ReverseScan::allowBackReference(const Program& program, unsigned node) {
     for (unsigned c = 0; c < 256; ++c) {
         for (unsigned i = program.nodes[node].open; i < program.nodes[node].close; ++i) {
             unsigned bit = end_ - i;
-            if (row(c)[bit / kWordBits] >> bit % kWordBits & 1) set(row(c), node);
+            if ((row(c)[bit / kWordBits] >> (bit % kWordBits)) & 1) set(row(c), node);
         }
     }
 }
 
-Outlook::Kind Outlook::kindOf(const char* at) const {
+ReverseScan::Kind ReverseScan::kindOf(const char* at) const {
     if (at == textEnd_) return kAtEnd;
     if (at == from_) return kPlain;  // never asked: a search starts there or behind it
     bool before = isWord(byteOf(at[-1]));
     bool here = isWord(byteOf(at[0]));
-    return before == here ? kPlain : here ? kAtWordStart : kAtWordEnd;
+    if (before == here) return kPlain;
+    return here ? kAtWordStart : kAtWordEnd;
 }
 
-void Outlook::startAt(const char* start) {
+void ReverseScan::startAt(const char* start) {
     if (!usesStart_) return;
     start_ = start;
     const Word* next = columnAt(static_cast<std::size_t>(start - from_) + 1);
-    Kind kind = start == textEnd_ ? kAtEnd : isWord(byteOf(*start)) ? kAtWordStart : kPlain;
+    Kind kind = kPlain;  // whatever stands before the start is not looked at, so that no word ends there
+    if (start == textEnd_) {
+        kind = kAtEnd;
+    } else if (isWord(byteOf(*start))) {
+        kind = kAtWordStart;
+    }
     Word passing[kMaxWords];
     for (unsigned w = 0; w < words_; ++w) passing[w] = passing_[kind * words_ + w] | startPassing_[w];
     step<0>(next, startColumn_, byteOf(*start), passing);
 }
 
-void Outlook::loadBlock(std::size_t block) {
+void ReverseScan::loadBlock(std::size_t block) {
     std::size_t first = block * blockSize_;
     std::size_t count = std::min(blockSize_, count_ - first);
     const Word* next = blockStarts_.get() + (block + 1) * words_;
     if (first + count == count_) {
         // Behind the terminator only what takes nothing can match.
-        Word* last = columns_.get() + --count * words_;
+        --count;
+        Word* last = columns_.get() + count * words_;
         step<0>(nothing_, last, 0, passing_ + kPlain * words_);
         next = last;
     }
     block_ = block;
-    words_ == 1 ? fill<1>(first, count, next) : fill<0>(first, count, next);
+    if (words_ == 1) {
+        fill<1>(first, count, next);
+    } else {
+        fill<0>(first, count, next);
+    }
 }
 
 template <unsigned kFixedWords>
-void Outlook::fill(std::size_t first, std::size_t count, const Word* next) {
+void ReverseScan::fill(std::size_t first, std::size_t count, const Word* next) {
     const std::size_t words = kFixedWords ? kFixedWords : words_;
     Word* column = columns_.get() + count * words;
     for (const char* at = from_ + first + count; count > 0; --count) {
@@ -160,15 +161,15 @@ void Outlook::fill(std::size_t first, std::size_t count, const Word* next) {
 // A node can match here if it takes this byte and what follows can match at the next position, or if it can be passed
 // and what follows can match here. The second spreads upwards through nodes that can be passed, as a sum's carry does.
 template <unsigned kFixedWords>
-void Outlook::step(const Word* next, Word* column, std::uint8_t byte, const Word* passing) const {
+void ReverseScan::step(const Word* next, Word* column, std::uint8_t byte, const Word* passing) const {
     const unsigned words = kFixedWords ? kFixedWords : words_;
-    const Word* takes = rows_ + byte * words;
+    const Word* takes = rows_ + (byte * words);
     Word overNext = 0, overHere = 1, carry = 0;
     for (unsigned w = 0; w < words; ++w) {
-        Word taken = takes[w] & (((next[w] << 1 | overNext) & takers_[w]) | (next[w] & runs_[w]));
+        Word taken = takes[w] & ((((next[w] << 1) | overNext) & takers_[w]) | (next[w] & runs_[w]));
         overNext = next[w] >> (kWordBits - 1);
         if (w == 0) taken |= 1;  // the end
-        Word reached = (taken << 1 | overHere) & passing[w];
+        Word reached = ((taken << 1) | overHere) & passing[w];
         overHere = taken >> (kWordBits - 1);
         Word sum = reached + passing[w];
         Word newCarry = sum < reached;
@@ -176,67 +177,6 @@ void Outlook::step(const Word* next, Word* column, std::uint8_t byte, const Word
         carry = newCarry | (sum < carry);
         column[w] = taken | reached | ((sum ^ passing[w]) & passing[w]);
     }
-}
-
-bool Failures::open(const Program& program, const char* from, const char* end) {
-    from_ = from;
-    std::size_t words = static_cast<std::size_t>(end - from) / 64 + 1;
-    count_ = 0;
-    for (unsigned i = 0; i < program.lastBackRef; ++i) count_ += isRun(program.nodes[i].op);
-    rows_ = zeros<Row>(count_);
-    bits_ = count_ > SIZE_MAX / words / sizeof(std::uint64_t) ? nullptr : zeros<std::uint64_t>(count_ * words);
-    if (!rows_ || !bits_) return false;
-    for (unsigned i = 0; i < program.lastBackRef; ++i) {
-        if (!isRun(program.nodes[i].op)) continue;
-        Row& row = rows_[program.nodes[i].run];
-        row.bits = bits_.get() + program.nodes[i].run * words;
-        row.low = SIZE_MAX;
-        row.marks = program.usesStart ? 1 : 0;  // then no failure outlasts its attempt
-        for (unsigned k = i + 1; k <= program.lastBackRef; ++k) {
-            const Node& reference = program.nodes[k];
-            if (reference.op != Op::kBackRef) continue;
-            for (unsigned mark : {reference.open, reference.close}) {
-                if (mark < i) row.marks = std::max(row.marks, mark + 1);
-            }
-        }
-    }
-    return true;
-}
-
-const char* Failures::add(const Node& run, const char* at) {
-    if (run.run >= count_) return at;
-    Row& row = rows_[run.run];
-    std::size_t index = static_cast<std::size_t>(at - from_);
-    row.bits[index / 64] |= std::uint64_t{1} << index % 64;
-    row.low = std::min(row.low, index / 64);
-    row.high = std::max(row.high, index / 64 + 1);
-    if (!row.stretchStart || at + 1 < row.stretchStart || at > row.stretchLast) row.stretchStart = row.stretchLast = at;
-    if (at < row.stretchStart) row.stretchStart = at;
-    return row.stretchStart;
-}
-
-void Failures::forget(unsigned nodes) {
-    for (std::size_t i = 0; i < count_; ++i) {
-        Row& row = rows_[i];
-        if (row.marks <= nodes || row.low >= row.high) continue;
-        std::fill(row.bits + row.low, row.bits + row.high, 0);
-        row.low = SIZE_MAX;
-        row.high = 0;
-        row.stretchStart = row.stretchLast = nullptr;
-    }
-}
-
-const char* Failures::endOfRun(const Node& run, const char* at) const {
-    if (run.run >= count_) return nullptr;
-    const Row& row = rows_[run.run];
-    return row.runStart && row.runStart <= at && at <= row.runEnd ? row.runEnd : nullptr;
-}
-
-void Failures::keepRun(const Node& run, const char* from, const char* end) {
-    if (run.run >= count_) return;
-    Row& row = rows_[run.run];
-    if (row.runEnd != end || from < row.runStart) row.runStart = from;
-    row.runEnd = end;
 }
 
 }  // namespace vx::regex

@@ -1,5 +1,4 @@
-// Signs of a match's start, and the search for them.
-#include "patterns/regex_scout.h"
+#include "patterns/regex_prefilter.h"
 
 #include <algorithm>
 #include <bit>
@@ -15,7 +14,7 @@ namespace {
 // Follows a program from its start through all ways that it can go, a byte at a time.
 class Ways {
  public:
-    Ways(const Program& program, Signs& signs) : program_(program), signs_(signs) { add(current_, 0); }
+    Ways(const Program& program, Prefix& prefix) : program_(program), prefix_(prefix) { add(current_, 0); }
 
     // Notes what the byte at `offset` can be; false if a match may have ended by then, or nothing can be told.
     bool note(unsigned offset) {
@@ -25,7 +24,7 @@ class Ways {
             unsigned i = current_.nodes[k];
             if (noteNode(program_.nodes[i], offset)) add(next, isRun(program_.nodes[i].op) ? i : i + 1);
         }
-        if (offset == 0) signs_.takes[0] = 0;  // no match starts at the terminator
+        if (offset == 0) prefix_.takes[0] = 0;  // no match starts at the terminator
         current_.assign(next);
         return true;
     }
@@ -64,19 +63,19 @@ class Ways {
         switch (node.op) {
             case Op::kChar:
             case Op::kCharRun:
-                signs_.takes[node.byte] |= bit;
+                prefix_.takes[node.byte] |= bit;
                 return true;
             case Op::kAny:
             case Op::kAnyRun:
-                for (unsigned c = 1; c < 256; ++c) signs_.takes[c] |= bit;
+                for (unsigned c = 1; c < 256; ++c) prefix_.takes[c] |= bit;
                 return true;
             case Op::kSet:
             case Op::kSetRun:
-                for (unsigned c = 0; c < 256; ++c) signs_.takes[c] |= program_.sets[node.set][c] ? bit : 0;
+                for (unsigned c = 0; c < 256; ++c) prefix_.takes[c] |= program_.sets[node.set][c] ? bit : 0;
                 return true;
             case Op::kTerminator:
             case Op::kEol:
-                signs_.takes[0] |= bit;
+                prefix_.takes[0] |= bit;
                 return false;
             default:
                 return false;
@@ -84,17 +83,17 @@ class Ways {
     }
 
     const Program& program_;
-    Signs& signs_;
+    Prefix& prefix_;
     Set current_;
 };
 
-void findWindow(const Program& program, Signs& signs) {
-    signs.width = 0;
-    std::memset(signs.takes, 0, sizeof signs.takes);
-    Ways ways(program, signs);
-    while (signs.width < Signs::kMaxWidth && ways.note(signs.width)) {
-        ++signs.width;
-        if (signs.takes[0] >> (signs.width - 1) & 1) break;  // it may be the terminator: no byte behind it
+void findWindow(const Program& program, Prefix& prefix) {
+    prefix.width = 0;
+    std::memset(prefix.takes, 0, sizeof prefix.takes);
+    Ways ways(program, prefix);
+    while (prefix.width < Prefix::kMaxWidth && ways.note(prefix.width)) {
+        ++prefix.width;
+        if ((prefix.takes[0] >> (prefix.width - 1)) & 1) break;  // it may be the terminator: no byte behind it
     }
 }
 
@@ -109,29 +108,30 @@ bool isWindow(const Program& program, unsigned width) {
     return size == width;
 }
 
-void dropOpenTail(Signs& signs) {
-    auto open = [&signs](unsigned k) {
+// A byte at the window's end that can be any costs time and tells nothing: RegAt/64KB/reference.
+void dropOpenTail(Prefix& prefix) {
+    auto open = [&prefix](unsigned k) {
         for (unsigned c = 1; c < 256; ++c) {
-            if (!(signs.takes[c] >> k & 1)) return false;
+            if (!((prefix.takes[c] >> k) & 1)) return false;
         }
         return true;
     };
-    while (signs.width > 0 && open(signs.width - 1)) --signs.width;
+    while (prefix.width > 0 && open(prefix.width - 1)) --prefix.width;
 }
 
-void findProbes(const Program& program, Signs& signs) {
-    signs.hasProbes = false;
+void findProbes(const Program& program, Prefix& prefix) {
+    prefix.hasProbes = false;
     unsigned offset = 0;
-    for (unsigned i = 0; i < program.certain && offset < Signs::kMaxProbe; ++i) {
+    for (unsigned i = 0; i < program.certain && offset < Prefix::kMaxProbe; ++i) {
         const Node& node = program.nodes[i];
         if (node.op == Op::kChar) {
-            signs.probe[1] = node.byte;
-            signs.probeAt[1] = offset;
-            if (!signs.hasProbes) {
-                signs.probe[0] = signs.probe[1];
-                signs.probeAt[0] = offset;
+            prefix.probe[1] = node.byte;
+            prefix.probeAt[1] = offset;
+            if (!prefix.hasProbes) {
+                prefix.probe[0] = prefix.probe[1];
+                prefix.probeAt[0] = offset;
             }
-            signs.hasProbes = true;
+            prefix.hasProbes = true;
         }
         if (node.op == Op::kChar || node.op == Op::kAny || node.op == Op::kSet) {
             ++offset;
@@ -143,26 +143,28 @@ void findProbes(const Program& program, Signs& signs) {
 
 }  // namespace
 
-void findSigns(const Program& program, Signs& signs) {
-    findWindow(program, signs);
-    signs.exact = isWindow(program, signs.width);
-    if (!signs.exact) dropOpenTail(signs);
-    findProbes(program, signs);
+void findPrefix(const Program& program, Prefix& prefix) {
+    findWindow(program, prefix);
+    prefix.exact = isWindow(program, prefix.width);
+    if (!prefix.exact) dropOpenTail(prefix);
+    findProbes(program, prefix);
 }
 
-const char* Scout::byFirst(const char* from) const {
-    while (*from && !(signs_.takes[byteOf(*from)] & 1)) ++from;
+const char* Prefilter::byFirst(const char* from) const {
+    while (*from && !(prefix_.takes[byteOf(*from)] & 1)) ++from;
     return *from ? from : nullptr;
 }
 
-// All starts in the window at once: bit k stands for the one k bytes back.
-const char* Scout::byWindow(const char* from) {
-    const unsigned last = signs_.width - 1;
-    unsigned state = from == resumeFrom_ ? resumeState_ : 0;
-    for (const char* at = from == resumeFrom_ ? resumeAt_ : from;; ++at) {
-        std::uint8_t byte = byteOf(*at);
-        state = (state << 1 | 1) & signs_.takes[byte];
-        if (state >> last & 1) {
+// All starts in the window at once: bit k stands for the one k bytes back. A search that goes on one behind what was
+// found last resumes there, instead of reading the window's bytes again: RegCount/1MB/letters.
+const char* Prefilter::byWindow(const char* from) {
+    const unsigned last = prefix_.width - 1;
+    const bool resumes = from == resumeFrom_;
+    unsigned state = resumes ? resumeState_ : 0;
+    for (const char* at = resumes ? resumeAt_ : from;; ++at) {
+        const std::uint8_t byte = byteOf(*at);
+        state = ((state << 1) | 1) & prefix_.takes[byte];
+        if ((state >> last) & 1) {
             const char* found = at - last;
             resumeFrom_ = byte ? found + 1 : nullptr;
             resumeAt_ = at + 1;
@@ -173,17 +175,17 @@ const char* Scout::byWindow(const char* from) {
     }
 }
 
-bool Scout::shows(const char* at) const {
-    for (unsigned k = 0; k < signs_.width; ++k) {
-        if (!(signs_.takes[byteOf(at[k])] >> k & 1)) return false;
+bool Prefilter::shows(const char* at) const {
+    for (unsigned k = 0; k < prefix_.width; ++k) {
+        if (!((prefix_.takes[byteOf(at[k])] >> k) & 1)) return false;
     }
     return true;
 }
 
-const char* Scout::byProbes(const char* from) {
-    const std::size_t head = signs_.probeAt[0], reach = signs_.probeAt[1];
-    const __m128i first = _mm_set1_epi8(static_cast<char>(signs_.probe[0]));
-    const __m128i last = _mm_set1_epi8(static_cast<char>(signs_.probe[1]));
+const char* Prefilter::byProbes(const char* from) {
+    const std::size_t head = prefix_.probeAt[0], reach = prefix_.probeAt[1];
+    const __m128i first = _mm_set1_epi8(static_cast<char>(prefix_.probe[0]));
+    const __m128i last = _mm_set1_epi8(static_cast<char>(prefix_.probe[1]));
     // Of 16 places, those that have both probes where they belong.
     auto probes = [&](const char* at) {
         return _mm_and_si128(_mm_cmpeq_epi8(load(at + head), first), _mm_cmpeq_epi8(load(at + reach), last));
@@ -201,7 +203,7 @@ const char* Scout::byProbes(const char* from) {
         for (; room(at) >= 32; at += 32) {
             __m128i low = probes(at), high = probes(at + 16);
             if (bits(_mm_or_si128(low, high)) == 0) continue;
-            if (const char* found = pick(at, bits(low) | bits(high) << 16)) return found;
+            if (const char* found = pick(at, bits(low) | (bits(high) << 16))) return found;
         }
         for (; room(at) >= 16; at += 16) {
             if (const char* found = pick(at, bits(probes(at)))) return found;
@@ -210,7 +212,7 @@ const char* Scout::byProbes(const char* from) {
     std::ptrdiff_t left = room(at);
     if (left <= 0) return nullptr;
     std::ptrdiff_t done = 16 - left;  // the text's last 16 places overlap with those before
-    if (at - text_.start() >= done) return pick(at - done, bits(probes(at - done)) >> done << done);
+    if (at - text_.start() >= done) return pick(at - done, (bits(probes(at - done)) >> done) << done);
     for (; left > 0; --left, ++at) {
         if (shows(at)) return at;
     }

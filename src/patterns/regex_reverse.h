@@ -1,11 +1,13 @@
-// What keeps a search linear when plain backtracking goes astray.
+// The program simulated from the text's end backwards, all of its nodes at once.
 //
-// Outlook knows, for each position of the text, the nodes from which the rest of a program can still match there: one
-// bit a node, worked out from the text's end backwards, a word of bits at a time. Without back-references it is exact,
-// so that whoever follows it never has to turn back. A back-reference is taken for any run of the characters that its
-// group can hold.
+// For each position of the text: the set of nodes from which the rest of the program can still match there. A set is
+// one bit a node, worked out from the set one position further on, a word of bits at a time. Without back-references
+// it is exact, so that a backtracker which asks it never has to turn back. A back-reference is taken for any run of the
+// characters that its group can hold: then a set may hold too many nodes, never too few.
 //
-// Failures remembers where the rest of a program with back-references was tried in vain.
+// Memory is bounded: 4 MB hold the sets of the block of text that is asked about; of each block the first set is kept,
+// from which the block before it can be worked out again. Time is the text's size times the words of a set; most
+// programs need one.
 #pragma once
 
 #include <cstddef>
@@ -16,7 +18,7 @@
 
 namespace vx::regex {
 
-class Outlook {
+class ReverseScan {
  public:
     // For all positions from `from` to the terminator at `end`; false if there is no memory for it.
     bool open(const Program& program, const char* from, const char* end);
@@ -25,35 +27,36 @@ class Outlook {
     void startAt(const char* start);
 
     // Whether the program can match from `node` on at `at`.
-    bool may(unsigned node, const char* at) {
+    bool canMatch(unsigned node, const char* at) {
         unsigned bit = end_ - node;
         const Word* column = at == start_ ? startColumn_ : columnAt(static_cast<std::size_t>(at - from_));
-        return (column[bit / kWordBits] >> bit % kWordBits & 1) != 0;
+        return ((column[bit / kWordBits] >> (bit % kWordBits)) & 1) != 0;
     }
 
  private:
     using Word = std::uint64_t;
     static constexpr unsigned kWordBits = 64;
     static constexpr unsigned kMaxWords = Program::kMaxNodes / kWordBits + 1;
-    // Columns held at a time. Of a longer text's others, one a block is kept to start from again.
+    // Columns (the sets of one position each) that are held at a time.
     static constexpr std::size_t kBlockBytes = std::size_t{4} << 20;
 
     enum Kind { kPlain, kAtWordStart, kAtWordEnd, kAtEnd, kKinds };  // of positions, by the conditions that hold there
 
     void makeMasks(const Program& program);
     void allowBackReference(const Program& program, unsigned node);
-    void set(Word* mask, unsigned node) { mask[(end_ - node) / kWordBits] |= Word{1} << (end_ - node) % kWordBits; }
+    void set(Word* mask, unsigned node) { mask[(end_ - node) / kWordBits] |= Word{1} << ((end_ - node) % kWordBits); }
     Kind kindOf(const char* at) const;
-    Word* row(unsigned byte) { return rows_ + byte * words_; }
+    Word* row(unsigned byte) { return rows_ + (byte * words_); }
 
     void loadBlock(std::size_t block);
+    // Sets of one word, known when compiled, take three quarters of the time: RegAt/2000x/x*x*x*[yz].
     template <unsigned kFixedWords>
     void fill(std::size_t first, std::size_t count, const Word* next);
     template <unsigned kFixedWords>
     void step(const Word* next, Word* column, std::uint8_t byte, const Word* passing) const;
     const Word* columnAt(std::size_t index) {
         if (index / blockSize_ != block_) loadBlock(index / blockSize_);
-        return columns_.get() + index % blockSize_ * words_;
+        return columns_.get() + (index % blockSize_) * words_;
     }
 
     unsigned end_ = 0;  // the end node; a node's bit is its distance to it
@@ -77,42 +80,6 @@ class Outlook {
     std::unique_ptr<Word[]> blockStarts_;
     const char* start_ = nullptr;
     Word startColumn_[kMaxWords];
-};
-
-class Failures {
- public:
-    bool open(const Program& program, const char* from, const char* end);
-
-    // Whether the program has failed from the node after `run` on at `at`.
-    bool has(const Node& run, const char* at) const {
-        if (run.run >= count_) return false;
-        std::size_t index = static_cast<std::size_t>(at - from_);
-        return (rows_[run.run].bits[index / 64] >> index % 64 & 1) != 0;
-    }
-
-    // Notes such a failure, and returns the first of those that lie side by side up to it.
-    const char* add(const Node& run, const char* at);
-
-    // The marks behind the first `nodes` nodes are about to move: forgets what was found out with their old places.
-    void forget(unsigned nodes);
-
-    // Where a run that holds `at` ends, if that was kept; else null.
-    const char* endOfRun(const Node& run, const char* at) const;
-    void keepRun(const Node& run, const char* from, const char* end);
-
- private:
-    struct Row {
-        std::uint64_t* bits;
-        unsigned marks;                          // the marks that matter are among so many first nodes; 0: none does
-        std::size_t low, high;                   // the words in use
-        const char *stretchStart, *stretchLast;  // failures side by side, the latest such
-        const char *runStart, *runEnd;           // the latest run
-    };
-
-    const char* from_ = nullptr;
-    std::size_t count_ = 0;  // rows: one for each run before the last back-reference
-    std::unique_ptr<Row[]> rows_;
-    std::unique_ptr<std::uint64_t[]> bits_;
 };
 
 }  // namespace vx::regex
