@@ -10,7 +10,9 @@ all:
 windows:
 	@scripts/setup build windows
 	@cmake --preset win32 >/dev/null
+	@cmake --preset win64 >/dev/null
 	@cmake --build build/win32 --target vexlor32 import_library
+	@cmake --build build/win64 --target vexlor32 import_library
 
 demo:
 	@scripts/setup build

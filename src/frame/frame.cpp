@@ -7,12 +7,13 @@
 #include "frame/notices.h"
 #include "frame/text.h"
 #include "platform/platform.h"
+#include "version.h"
 
 using namespace vx;
 
 namespace {
 
-constexpr std::int32_t kVersion = 199;
+constexpr std::int32_t kVersion = VEXLOR_BUILD;
 
 bool paste(std::string_view text) {
     platform::Desktop& desktop = *platform::current().desktop;

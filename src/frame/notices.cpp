@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "platform/platform.h"
+#include "version.h"
 
 namespace vx::notices {
 namespace {
@@ -27,10 +28,9 @@ std::int32_t unimplemented(const char* title) {
 std::int32_t alert(const char* text) { return show(text, "Vexlor Alert"); }
 
 std::int32_t about() {
-    return show(
-        "The internal version number of this copy of Vexlor32.DLL is 5.0"
-        "\r\nBuild: Beta 199.02 Created: Aug 14 1996 at 14:28:06.",
-        "ABOUT Vexlor32.DLL", platform::BoxIcon::kInformation);
+    return show("The internal version number of this copy of Vexlor32.DLL is " VEXLOR_VERSION
+                "\r\nBuild: Beta " VEXLOR_BUILD_TEXT " Created: Aug 14 1996 at 14:28:06.",
+                "ABOUT Vexlor32.DLL", platform::BoxIcon::kInformation);
 }
 
 }  // namespace vx::notices
