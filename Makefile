@@ -1,6 +1,6 @@
 # Thin fronts over CMake presets and scripts; each sets up what it lacks (scripts/setup).
 
-.PHONY: all windows demo test mutants fuzz bench format clean
+.PHONY: all windows install demo test mutants fuzz bench format clean
 
 all:
 	@scripts/setup build
@@ -13,6 +13,13 @@ windows:
 	@cmake --preset win64 >/dev/null
 	@cmake --build build/win32 --target vexlor32 import_library
 	@cmake --build build/win64 --target vexlor32 import_library
+
+# Library, header, vexlor with its manual page and completions, pkg-config file and CMake package.
+PREFIX ?= /usr/local
+install: all
+	@cmake --build build/native --target shell_files
+	@cmake --install build/native --prefix '$(PREFIX)'
+	@if [ "$$(id -u)" = 0 ] && [ -z "$(DESTDIR)" ]; then ldconfig; fi
 
 demo:
 	@scripts/setup build
