@@ -1,6 +1,6 @@
 # Thin fronts over CMake presets and scripts; each sets up what it lacks (scripts/setup).
 
-.PHONY: all windows install demo test mutants fuzz bench format clean
+.PHONY: all windows release install demo test mutants fuzz bench format clean
 
 all:
 	@scripts/setup build
@@ -13,6 +13,11 @@ windows:
 	@cmake --preset win64 >/dev/null
 	@cmake --build build/win32 --target vexlor32 import_library
 	@cmake --build build/win64 --target vexlor32 import_library
+
+# What is given away, in dist/; TWICE=1 builds it once more elsewhere and compares.
+release:
+	@scripts/setup packages
+	@scripts/release $(if $(TWICE),--twice)
 
 # Library, header, vexlor with its manual page and completions, pkg-config file and CMake package.
 PREFIX ?= /usr/local
@@ -58,4 +63,4 @@ format:
 	@git ls-files '*.cpp' '*.h' | grep -v '^include/' | xargs clang-format -i
 
 clean:
-	rm -rf build
+	rm -rf build dist
