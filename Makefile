@@ -1,6 +1,6 @@
 # Thin fronts over CMake presets and scripts; each sets up what it lacks (scripts/setup).
 
-.PHONY: all windows demo test lint mutants fuzz bench format clean
+.PHONY: all windows release install demo test lint mutants fuzz bench format clean
 
 all:
 	@scripts/setup build
@@ -10,7 +10,21 @@ all:
 windows:
 	@scripts/setup build windows
 	@cmake --preset win32 >/dev/null
+	@cmake --preset win64 >/dev/null
 	@cmake --build build/win32 --target vexlor32 import_library
+	@cmake --build build/win64 --target vexlor32 import_library
+
+# What is given away, in dist/; TWICE=1 builds it once more elsewhere and compares.
+release:
+	@scripts/setup packages
+	@scripts/release $(if $(TWICE),--twice)
+
+# Library, header, vexlor with its manual page and completions, pkg-config file and CMake package.
+PREFIX ?= /usr/local
+install: all
+	@cmake --build build/native --target shell_files
+	@cmake --install build/native --prefix '$(PREFIX)'
+	@if [ "$$(id -u)" = 0 ] && [ -z "$(DESTDIR)" ]; then ldconfig; fi
 
 demo:
 	@scripts/setup build
@@ -56,4 +70,4 @@ format:
 	@git ls-files '*.cpp' '*.h' | grep -v '^include/' | xargs clang-format -i
 
 clean:
-	rm -rf build
+	rm -rf build dist

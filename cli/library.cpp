@@ -9,7 +9,7 @@
 namespace vx::cli {
 namespace {
 
-constexpr char kFile[] = "libvexlor32.so";
+constexpr char kFile[] = VEXLOR_LIBRARY_FILE;
 
 std::string besideProgram() {
     std::error_code failure;

@@ -96,7 +96,7 @@ std::optional<int> parse(int argc, char** argv, CommandLine& line) {
         ->option_text("ARGUMENT=TEXT")
         ->allow_extra_args(false);
     app.add_flag("--lines", line.lines, "Call once for each line of standard input, which {} stands for");
-    app.add_option("--library", line.library, "Load this file (default: libvexlor32.so beside this program)")
+    app.add_option("--library", line.library, "Load this file (default: " VEXLOR_LIBRARY_FILE " beside this program)")
         ->option_text("PATH");
     app.add_flag("--list", line.list, "List the functions of a family, or those that a text finds, or all");
     app.add_flag("--explain", line.explain, "Show what a function does, takes and gives");

@@ -1,6 +1,7 @@
 /* SPDX-License-Identifier: MIT
  *
- * vexlor32.h: the functions of Vexlor32.DLL (32-bit Windows) and libvexlor32.so (64-bit Linux), for C and C++.
+ * vexlor32.h: the functions of Vexlor32.DLL (32-bit Windows), Vexlor64.DLL (64-bit Windows) and libvexlor32.so (64-bit
+ * Linux), for C and C++.
  *
  * Made from the tables under exports/; edit those, not this file.
  *

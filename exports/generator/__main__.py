@@ -46,9 +46,6 @@ def build_products(families, root):
     # The lab library is the same code with one name more, through which tests reach the platform seam.
     products = {
         "mechanical.cpp": library.mechanical(families),
-        "vexlor32.def": library.windows_def(families),
-        "vexlor32-lab.def": library.windows_def(families, ["vexlor32_seam"]),
-        "vexlor32-import.def": library.import_def(families),
         "aliases.ld": library.elf_aliases(families),
         "versions.map": library.elf_versions(families),
         "versions-lab.map": library.elf_versions(families, ["vexlor32_seam"]),
@@ -59,6 +56,10 @@ def build_products(families, root):
         "calls.h": catalog.calls(families),
         "listing.txt": catalog.listing(families),
     }
+    for bits in (32, 64):
+        products[f"vexlor{bits}.def"] = library.windows_def(families, bits)
+        products[f"vexlor{bits}-lab.def"] = library.windows_def(families, bits, ["vexlor32_seam"])
+        products[f"vexlor{bits}-import.def"] = library.import_def(families, bits, clashing_names(lambda heading: heading == "Windows"))
     products |= {f"entries/{f.stem}.h": library.declarations(f) for f in families}
     products |= {f"rows/{f.stem}.rows": examples.rows(f, root) for f in families}
     return products

@@ -74,16 +74,23 @@ def stack_bytes(entry):
     return 4 * len(entry.arguments)
 
 
-def windows_def(families, extra=()):
-    lines = ["LIBRARY Vexlor32.DLL", "EXPORTS"]
-    lines += [f"  {name} = vx_{e.symbol}@{stack_bytes(e)}" for e in all_entries(families) for name in e.names]
+def decoration(entry, bits):
+    """What a stdcall name ends with; 64-bit code has one calling convention, without decoration."""
+    return f"@{stack_bytes(entry)}" if bits == 32 else ""
+
+
+def windows_def(families, bits, extra=()):
+    lines = [f"LIBRARY Vexlor{bits}.DLL", "EXPORTS"]
+    lines += [f"  {name} = vx_{e.symbol}{decoration(e, bits)}" for e in all_entries(families) for name in e.names]
     return "\n".join(lines + [f"  {name}" for name in extra]) + "\n"
 
 
-def import_def(families):
-    """For the MinGW import library: what a compiler emits for a stdcall name, mapped to the undecorated export."""
-    lines = ["LIBRARY Vexlor32.DLL", "EXPORTS"]
-    lines += [f"  {name}@{stack_bytes(e)}" for e in all_entries(families) for name in e.names]
+def import_def(families, bits, clashes):
+    """For the import libraries: what a compiler emits for a name, mapped to the undecorated export. Where nothing decorates
+    names, those that are the C library's, too, are left to it."""
+    lines = [f"LIBRARY Vexlor{bits}.DLL", "EXPORTS"]
+    lines += [f"  {name}{decoration(e, bits)}" for e in all_entries(families) for name in e.names
+              if bits == 32 or name not in clashes]
     return "\n".join(lines) + "\n"
 
 

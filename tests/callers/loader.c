@@ -10,6 +10,7 @@ typedef int32_t(__stdcall *NumberCall)(void);
 
 static void *find(HMODULE library, const char *name) { return (void *)(uintptr_t)GetProcAddress(library, name); }
 
+#if defined(__i386__)
 /* Calls with the stack moved down by `shift` bytes, and puts it back. */
 uint32_t shifted_call(LengthCall call, const char *text, const char *set, int32_t mode, int32_t shift);
 __asm__(
@@ -24,10 +25,17 @@ __asm__(
     "    call *8(%ebp)\n"
     "    leave\n"
     "    ret\n");
+#else
+/* The convention of 64-bit code keeps every stack aligned. */
+static uint32_t shifted_call(LengthCall call, const char *text, const char *set, int32_t mode, int32_t shift) {
+    (void)shift;
+    return call(text, set, mode);
+}
+#endif
 
 int main(void) {
-    HMODULE library = LoadLibraryA("Vexlor32.dll");
-    if (!library) return printf("cannot load Vexlor32.dll: error %lu\n", GetLastError()), 1;
+    HMODULE library = LoadLibraryA(VEXLOR_LIBRARY_FILE);
+    if (!library) return printf("cannot load %s: error %lu\n", VEXLOR_LIBRARY_FILE, GetLastError()), 1;
     TextCall alltrim = (TextCall)(uintptr_t)find(library, "_alltrim");
     LengthCall chrtrimlen = (LengthCall)(uintptr_t)find(library, "chrtrimlen");
     NumberCall version = (NumberCall)(uintptr_t)find(library, "VEXVERSION");

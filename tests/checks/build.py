@@ -6,11 +6,13 @@ import unittest
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 NATIVE = pathlib.Path(os.environ.get("VEXLOR_BUILD", ROOT / "build" / "native")).resolve()
-WINDOWS = pathlib.Path(os.environ.get("VEXLOR_WINDOWS_BUILD", ROOT / "build" / "win32") or "no-build").resolve()
 LIBRARY = NATIVE / "libvexlor32.so"
-DLL = WINDOWS / "Vexlor32.dll"
+DLLS = {bits: pathlib.Path(os.environ.get(f"VEXLOR_WIN{bits}_BUILD", ROOT / "build" / f"win{bits}") or "no-build").resolve() / f"Vexlor{bits}.dll"
+        for bits in (32, 64)}
 
-needs_dll = unittest.skipUnless(DLL.exists(), "the Windows library was not built in this run")
+
+def needs_dll(bits):
+    return unittest.skipUnless(DLLS[bits].exists(), f"the {bits}-bit Windows library was not built in this run")
 
 
 def entries():

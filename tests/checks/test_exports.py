@@ -7,7 +7,7 @@ import re
 import subprocess
 import unittest
 
-from build import DLL, LIBRARY, NATIVE, ROOT, WINDOWS, all_names, clashes, dynamic_symbols, entries, needs_dll, output
+from build import DLLS, LIBRARY, NATIVE, ROOT, all_names, clashes, dynamic_symbols, entries, needs_dll, output
 
 
 class KeptList(unittest.TestCase):
@@ -41,7 +41,7 @@ class Objects(unittest.TestCase):
     def test_need_no_destructor_at_the_end(self):
         """Hosts call while they end. What a destructor has ended by then would be met by such a call."""
         registers = re.compile(r"^_*(cxa_atexit|cxa_thread_atexit|atexit|onexit|dllonexit|at_quick_exit|tlregdtor)$")
-        for build in [NATIVE, WINDOWS] if DLL.exists() else [NATIVE]:
+        for build in [NATIVE, *(dll.parent for dll in DLLS.values() if dll.exists())]:
             objects = [*(build / "CMakeFiles" / "vexlor32_objects.dir").rglob("*.o*")]
             self.assertTrue(objects)
             for file in objects:
@@ -84,7 +84,7 @@ class NativeLibrary(unittest.TestCase):
         self.assertEqual(undefined & all_names(), set())
 
     def test_link_stub_leaves_the_c_library_alone(self):
-        stub = NATIVE / "link" / "libvexlor32.so"
+        stub = NATIVE / "link" / "vexlor32-link.so"
         self.assertEqual(dynamic_symbols(stub), all_names() - clashes("Linux") - clashes("zlib") - clashes("readline"))
         names = [re.search(r"SONAME\s+(\S+)", output("objdump", "-p", library)).group(1) for library in (stub, LIBRARY)]
         self.assertEqual(names[0], names[1])
@@ -94,11 +94,13 @@ class NativeLibrary(unittest.TestCase):
         self.assertLessEqual(needed, {"libc.so.6", "libm.so.6", "libstdc++.so.6", "libgcc_s.so.1", "ld-linux-x86-64.so.2"})
 
 
-@needs_dll
-class WindowsLibrary(unittest.TestCase):
+class WindowsLibrary:
+    """What holds for both; the class of each names its bits and its tools."""
+
     @classmethod
     def setUpClass(cls):
-        text = output("i686-w64-mingw32-objdump", "-p", DLL)
+        cls.dll = DLLS[cls.bits]
+        text = output(cls.tools + "objdump", "-p", cls.dll)
         cls.headers = text
         cls.image_base = int(re.search(r"ImageBase\s+(\w+)", text).group(1), 16)
         addresses = {int(i): int(rva, 16) for i, rva in re.findall(r"\[ *(\d+)\] \+base\[ *\d+\] +(\w+) Export RVA", text)}
@@ -114,11 +116,11 @@ class WindowsLibrary(unittest.TestCase):
 
     def test_imports_what_the_oldest_systems_have(self):
         """imports.txt is kept by hand. What came later is asked for at run time, in the seam."""
-        allowed, imported = set(), set()
+        allowed, imported, bits = set(), set(), ""
         for line in (pathlib.Path(__file__).parent / "imports.txt").read_text().splitlines():
             if line.startswith("["):
-                library = line.strip("[]")
-            elif not line.startswith("#"):
+                library, _, bits = line.strip("[]").partition(" ")
+            elif not line.startswith("#") and bits in ("", str(self.bits)):
                 allowed.update((library, name) for name in line.split())
         for line in self.headers.partition("The Import Tables")[2].partition("The Export Tables")[0].splitlines():
             if "DLL Name:" in line:
@@ -128,19 +130,32 @@ class WindowsLibrary(unittest.TestCase):
         self.assertIn(("KERNEL32.dll", "CloseHandle"), imported)
         self.assertEqual(imported - allowed, set())
 
+    def test_is_such_a_library_with_a_version(self):
+        self.assertIn({32: "pei-i386", 64: "pei-x86-64"}[self.bits], output(self.tools + "objdump", "-f", self.dll))
+        image = self.dll.read_bytes()
+        for text in ("OriginalFilename", f"Vexlor{self.bits}.DLL", "5.0 Beta 199.02"):
+            self.assertIn(text.encode("utf-16-le"), image)
+
+    def test_import_library_has_what_programs_call(self):
+        lines = output(self.tools + "nm", "--defined-only", self.dll.parent / f"libvexlor{self.bits}.a").splitlines()
+        symbols = {line.split()[2] for line in lines if " T " in line}
+        self.assertEqual(symbols, self.linked_names())
+
+
+@needs_dll(32)
+class WindowsLibrary32(WindowsLibrary, unittest.TestCase):
+    bits, tools = 32, "i686-w64-mingw32-"
+
+    def linked_names(self):
+        return {f"_{name}@{size}" for _, size, names in entries() for name in names}
+
     def test_asks_for_no_newer_system(self):
         self.assertLessEqual(int(re.search(r"MajorSubsystemVersion\s+(\d+)", self.headers).group(1)), 4)
-
-    def test_is_a_32_bit_library_with_a_version(self):
-        self.assertIn("pei-i386", output("i686-w64-mingw32-objdump", "-f", DLL))
-        image = DLL.read_bytes()
-        self.assertIn("OriginalFilename".encode("utf-16-le"), image)
-        self.assertIn("Vexlor32.DLL".encode("utf-16-le"), image)
 
     def test_each_entry_clears_its_arguments(self):
         """stdcall: `ret n` with n four times the number of arguments, or the program's stack drifts."""
         functions, current = {}, []
-        for line in output("i686-w64-mingw32-objdump", "-d", "--no-show-raw-insn", DLL).splitlines():
+        for line in output(self.tools + "objdump", "-d", "--no-show-raw-insn", self.dll).splitlines():
             if heading := re.match(r"([0-9a-f]+) <.*>:$", line):
                 current = functions[int(heading.group(1), 16)] = []
             elif instruction := re.match(r"\s*[0-9a-f]+:\t(ret|jmp)\s*(\S*)", line):
@@ -157,12 +172,13 @@ class WindowsLibrary(unittest.TestCase):
             self.assertEqual(cleared(self.exports[names[0]]), {size}, names[0])
 
 
-class ImportLibrary(unittest.TestCase):
-    @needs_dll
-    def test_has_every_name_decorated(self):
-        lines = output("i686-w64-mingw32-nm", "--defined-only", DLL.parent / "libvexlor32.a").splitlines()
-        symbols = {line.split()[2] for line in lines if " T " in line}
-        self.assertEqual(symbols, {f"_{name}@{size}" for _, size, names in entries() for name in names})
+@needs_dll(64)
+class WindowsLibrary64(WindowsLibrary, unittest.TestCase):
+    bits, tools = 64, "x86_64-w64-mingw32-"
+
+    def linked_names(self):
+        """Nothing is decorated here, so the C library keeps its names."""
+        return all_names() - clashes("Windows")
 
 
 if __name__ == "__main__":
