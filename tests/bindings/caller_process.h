@@ -24,6 +24,9 @@
 
 namespace vx::test {
 
+// What a friendly function makes by itself and gives back.
+inline bool isMade(catalog::Kind kind) { return kind == catalog::Kind::kDest || kind == catalog::Kind::kOut; }
+
 class CallerProcess : public rows::Remote {
  public:
     CallerProcess(const std::vector<std::string>& command, bool isFriendly);
