@@ -170,7 +170,7 @@ void Call::make(Remote& remote) {
     std::vector<Passed> passed(slots_.size());
     for (std::size_t i = 0; i < slots_.size(); ++i) {
         const Slot& slot = slots_[i];
-        if (!isMemory(entry_.arguments[i].kind)) {
+        if (!isPointer(entry_.arguments[i].kind)) {
             passed[i].number = values_[i].number;
         } else if (slot.memory && !slot.isNull) {
             passed[i] = {.how = Passed::How::kMemory,

@@ -42,7 +42,7 @@ std::string friendlyWord(const Argument& declared, const Passed& argument) {
 }
 
 // What a friendly function makes itself, or does not ask for.
-bool isOmitted(Kind kind) { return catalog::isDestination(kind) || kind == Kind::kAny; }
+bool isOmitted(Kind kind) { return (catalog::isSupplied(kind) && kind != Kind::kBlock) || kind == Kind::kAny; }
 
 std::size_t argumentCalled(const Entry& entry, const std::string& name) {
     for (std::size_t i = 0; i < entry.arguments.size(); ++i) {

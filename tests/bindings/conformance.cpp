@@ -44,7 +44,7 @@ bool isForExactOnly(const rows::Row& row, std::set<std::string>& closed) {
     std::size_t next = 0;
     for (const catalog::Argument& argument : entry->arguments) {
         auto isGiven = [&](const auto& given) { return given.first == argument.name; };
-        if (catalog::isDestination(argument.kind)) {
+        if (catalog::isSupplied(argument.kind) && argument.kind != catalog::Kind::kBlock) {
             if (std::any_of(row.given.begin(), row.given.end(), isGiven)) return true;
         } else if (argument.kind != catalog::Kind::kBlock && next < row.arguments.size()) {
             const rows::Value& value = row.arguments[next];
