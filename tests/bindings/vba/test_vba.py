@@ -49,6 +49,7 @@ def declarations(name):
     section = None
     for number, line in code_lines(name):
         if line.startswith("#"):
+            assert line in (*SECTIONS, "#If VBA7 = 0 Then", "#If VBA7 Then", "#End If"), f"{name}:{number}: {line}"
             section = SECTIONS.get(line)
         elif " Declare " in line:
             match = DECLARE.fullmatch(line)
@@ -169,6 +170,7 @@ class Modules(unittest.TestCase):
     def check_procedure(self, name, given, result, body, known, variables):
         local = [n.lower() for _, n, _, _ in given] + [re.match(r"Dim (\w+)", line)[1].lower() for _, line in body if line.startswith("Dim ")]
         self.assertEqual(len(set(local)), len(local), "two of a name")
+        self.assertFalse(set(local) & set(known), "hides what it may need")
         for n in [name.lower(), *local]:
             self.assertTrue(NAME.fullmatch(n) and n not in RESERVED, n)
         arrays = {n.lower() for _, n, brackets, _ in given if brackets} | {n.lower() for _, line in body for n in re.findall(r"Dim (\w+)\(\) As", line)}
