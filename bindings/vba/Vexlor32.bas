@@ -56,6 +56,7 @@ Private Function TextAt(ByVal address As LongPtr) As String
     Dim count As Long
     Dim content() As Byte
     If address = 0 Then Exit Function
+    TextAt = ""
     count = lstrlenA(address)
     If count = 0 Then Exit Function
     ReDim content(0 To count - 1)
