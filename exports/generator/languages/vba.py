@@ -74,7 +74,7 @@ def function_name(function):
 def method_name(function):
     """Without the prefix, unless Visual Basic has the word itself: FClose, DbfLock."""
     main = function.entry.main.lstrip("_")
-    short = main.removeprefix({"Table": "Dbf", "File": "F"}[function.owner]) if re.match("Dbf|F[A-Z]", main) else main
+    short = re.sub("^(Dbf|F(?=[A-Z]))", "", main)
     return main if short.lower() in RESERVED | {"handle", "forget", "attach"} else short[0].upper() + short[1:]
 
 

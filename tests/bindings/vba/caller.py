@@ -12,7 +12,8 @@ from table import read_table
 
 LIBRARY = ctypes.CDLL(os.environ["VEXLOR32_LIBRARY"])
 DEFAULTS = {"Long": 0, "Double": 0.0, "Boolean": False, "LongPtr": 0}
-ORDER = [{"Or": operator.or_}, {"And": operator.and_}, {"=": operator.eq, "<>": operator.ne, "<": operator.lt, ">": operator.gt, "<=": operator.le, ">=": operator.ge},
+ORDER = [{"Or": operator.or_}, {"And": operator.and_},
+         {"=": operator.eq, "<>": operator.ne, "<": operator.lt, ">": operator.gt, "<=": operator.le, ">=": operator.ge},
          {"&": lambda a, b: (a or "") + (b or "")}, {"+": operator.add, "-": operator.sub}, {"*": operator.mul, "/": operator.truediv}]
 
 
@@ -46,10 +47,13 @@ def converted(text, how):
 
 
 ENVIRONMENT = [f"{n}={v}" for n, v in os.environ.items()]
-OWN = {"instr": lambda _, a, b, __: (a or "").find(b) + 1, "strcomp": lambda a, b, _: (a or "") != (b or ""), "strconv": converted, "lenb": len, "len": lambda t: len(t or ""),
-       "clng": lambda v: long(round(v)), "cdbl": float, "cstr": lambda v: v if isinstance(v, str) else str(v), "string$": lambda n, c: c * n, "left$": lambda t, n: t[:n],
-       "strptr": lambda t: 0 if t is None else 1, "lbound": lambda a: 0, "ubound": lambda a: len(a) - 1, "vartype": lambda v: "vbString" if isinstance(v, str) else "",
-       "asc": ord, "fix": int, "environ$": lambda i: ENVIRONMENT[i - 1] if i <= len(ENVIRONMENT) else ""}
+OWN = {
+    "instr": lambda _, a, b, __: (a or "").find(b) + 1, "strcomp": lambda a, b, _: (a or "") != (b or ""), "strconv": converted,
+    "lenb": len, "len": lambda t: len(t or ""), "clng": lambda v: long(round(v)), "cdbl": float, "fix": int, "asc": ord,
+    "cstr": lambda v: v if isinstance(v, str) else str(v), "string$": lambda n, c: c * n, "left$": lambda t, n: t[:n],
+    "strptr": lambda t: 0 if t is None else 1, "lbound": lambda a: 0, "ubound": lambda a: len(a) - 1,
+    "vartype": lambda v: "vbString" if isinstance(v, str) else "", "environ$": lambda i: ENVIRONMENT[i - 1] if i <= len(ENVIRONMENT) else "",
+}
 CONSTANTS = {"vbnullstring": None, "vbnullchar": "\0", "least_host_room": 262144.0, "largest_room": 2147483647.0, "unsigned_range": 4294967296.0}
 
 
