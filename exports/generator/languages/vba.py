@@ -213,7 +213,7 @@ def class_module(owner, functions):
 def friendly(families):
     called = {n: c for _, n, c in exact_names(families)}
     body, private, owned = [], [], {"Table": [], "File": []}
-    for _, functions in model.functions(families):
+    for _, functions in model.functions(families, 1):
         for f in functions:
             by_address = needs_addresses(f)
             body += definition(f, f"At_{f.entry.main.lstrip('_')}" if by_address else called[f.entry.main])
