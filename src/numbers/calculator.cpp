@@ -2,6 +2,7 @@
 #include "entries/calculator.h"
 
 #include <algorithm>
+#include <cfenv>
 #include <clocale>
 #include <cmath>
 #include <cstdio>
@@ -231,7 +232,20 @@ void write(char* dest, const Format& format, double value) {
     output.finish();
 }
 
+// Hosts in Pascal have the processor raise exceptions; in here, what overflows is a number like any other.
+class QuietNumbers {
+ public:
+    QuietNumbers() { std::feholdexcept(&before_); }
+    ~QuietNumbers() { std::fesetenv(&before_); }
+    QuietNumbers(const QuietNumbers&) = delete;
+    QuietNumbers& operator=(const QuietNumbers&) = delete;
+
+ private:
+    std::fenv_t before_;
+};
+
 bool calculate(const char* expression, const char* text, char* dest) try {
+    QuietNumbers quiet;
     Format format;
     if (!parseFormat(text, format)) return false;
     std::optional<float> value = evaluate(expression);
