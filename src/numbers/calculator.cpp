@@ -1,6 +1,8 @@
 // The expression calculator: a reader of characters, a stack machine in 32-bit floats, and a checked format.
 #include "entries/calculator.h"
 
+#include <xmmintrin.h>
+
 #include <algorithm>
 #include <cfenv>
 #include <clocale>
@@ -235,12 +237,20 @@ void write(char* dest, const Format& format, double value) {
 // Hosts in Pascal have the processor raise exceptions; in here, what overflows is a number like any other.
 class QuietNumbers {
  public:
-    QuietNumbers() { std::feholdexcept(&before_); }
-    ~QuietNumbers() { std::fesetenv(&before_); }
+    QuietNumbers() {
+        std::feholdexcept(&before_);
+        _mm_setcsr(kQuiet);  // on Windows feholdexcept leaves this register alone
+    }
+    ~QuietNumbers() {
+        _mm_setcsr(control_);
+        std::fesetenv(&before_);
+    }
     QuietNumbers(const QuietNumbers&) = delete;
     QuietNumbers& operator=(const QuietNumbers&) = delete;
 
  private:
+    static constexpr unsigned kQuiet = 0x1F80;
+    unsigned control_ = _mm_getcsr();
     std::fenv_t before_;
 };
 
