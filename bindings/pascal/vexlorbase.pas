@@ -100,7 +100,7 @@ end;
 
 procedure NeedText(const Text: AnsiString);
 begin
-  if Pos(AnsiChar(#0), Text) > 0 then raise EArgumentException.Create('the text has a NUL in it');
+  if Int64(StrLen(PAnsiChar(Text))) <> Len(Text) then raise EArgumentException.Create('the text has a NUL in it');
 end;
 
 function Len(const Text: AnsiString): Int64;
