@@ -1,6 +1,6 @@
 // Runs the rows of the tests, or the examples of the table, through a binding of another language.
 //
-//     vexlor_conformance [--friendly] PROGRAM ARGUMENT...
+//     vexlor_conformance [--friendly] -- PROGRAM ARGUMENT...
 //
 // The program answers as caller_process.h says. What it lacks it may tell by ending with 77 before it answers.
 #include <CLI/CLI.hpp>
@@ -77,9 +77,7 @@ int main(int argc, char** argv) {
     std::vector<std::string> command;
     app.add_flag("--friendly", isFriendly, "the examples of the table, by the friendly functions");
     app.add_option("command", command, "the program that makes the calls")->required();
-    app.prefix_command();
     CLI11_PARSE(app, argc, argv);
-    for (const std::string& word : app.remaining()) command.push_back(word);
     std::signal(SIGPIPE, SIG_IGN);  // a program that has ended shows in what it does not answer
     test::CallerProcess process(command, isFriendly);
     rows::Host host{.find = nullptr, .machine = nullptr, .remote = &process, .onlyRows = isFriendly};
