@@ -59,9 +59,8 @@ struct Place {
 std::shared_ptr<Place> largeTable() {
     static std::weak_ptr<Place> kept;
     if (auto place = kept.lock()) return place;
-    std::vector<lab::FieldBytes> fields = {
-        {"ID", 'N', 10}, {"NAME", 'C', 30}, {"CITY", 'C', 20}, {"REST", 'C', 19}, {"LAST", 'C', 20}};
-    std::string content = lab::tableBytes(3, fields, {}, "");
+    std::string content = lab::tableBytes(3, "ID,N,10:NAME,C,30:CITY,C,20:REST,C,19:LAST,C,20", {});
+    content.pop_back();  // the end mark
     content.replace(4, 4, lab::little(kRecords, 4));
     content.reserve(content.size() + kRecords * kRecordSize);
     for (std::int32_t i = 1; i <= kRecords; ++i) content += recordBytes(i);
@@ -110,7 +109,7 @@ void randomGoto() {
 
 // Both start anew from time to time, so that the file does not grow beyond memory.
 void append() {
-    std::vector<lab::FieldBytes> fields = {{"ID", 'N', 10}, {"NAME", 'C', 30}, {"REST", 'C', 59}};
+    const char* fields = "ID,N,10:NAME,C,30:REST,C,59";
     auto place = std::make_shared<Place>(lab::tableBytes(3, fields, {}));
     auto other = std::make_shared<Place>(lab::tableBytes(3, fields, {}));
     auto record = std::make_shared<std::string>(recordBytes(7));
@@ -136,7 +135,7 @@ void append() {
 }
 
 void memo() {
-    auto place = std::make_shared<Place>(lab::tableBytes(0x83, {{"M", 'M', 10}}, {" " + lab::memoReference(1)}),
+    auto place = std::make_shared<Place>(lab::tableBytes(0x83, "M,M,10", {" " + lab::memoReference(1)}),
                                          lab::dbtBytes({std::string(kMemoSize, 'm'), "another"}));
     pair(
         "DbfFieldGet/memo of 2 KB", kMemoSize,
