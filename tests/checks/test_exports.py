@@ -179,7 +179,3 @@ class WindowsLibrary64(WindowsLibrary, unittest.TestCase):
     def linked_names(self):
         """Nothing is decorated here, so the C library keeps its names."""
         return all_names() - clashes("Windows")
-
-
-if __name__ == "__main__":
-    unittest.main()
