@@ -2,6 +2,8 @@
 #include "tests/support/rows.h"
 
 #include <algorithm>
+#include <concepts>
+#include <cstdio>
 #include <functional>
 #include <iterator>
 #include <map>
@@ -23,8 +25,8 @@ namespace {
 using rows::Value;
 
 Value seen(const std::string& text) { return {Value::Kind::kText, 0, text}; }
-template <std::integral Number>
-Value seen(Number number) {
+template <std::integral Integer>
+Value seen(Integer number) {
     return {Value::Kind::kNumber, static_cast<std::int64_t>(number), {}};
 }
 
