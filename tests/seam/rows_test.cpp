@@ -173,6 +173,8 @@ class MadeUpMachine final : public rows::Machine {
             drive() = {.kind = number(2), .label = text(3)};
             if (words.size() > 4) drive().fileSystem = text(4);
         };
+        auto setMemory = [&] { process.memory = {number(1), number(2)}; };
+        auto setSpace = [&] { drive().space = {number(2), number(3), number(4), number(5)}; };
         auto onlyHardDisks = [&] {
             volumes.drives.clear();
             for (char c : text(1)) volumes.drives[c] = {};
@@ -215,7 +217,7 @@ class MadeUpMachine final : public rows::Machine {
             {"no-focus", [&] { fake.desktop.focus = 0; }},
             {"clipboard-busy", [&] { fake.desktop.clipboardOpens = false; }},
             {"clipboard-fails", [&] { fake.desktop.clipboardKeeps = false; }},
-            {"memory", [&] { process.memory = platform::Memory(number(1), number(2)); }},
+            {"memory", setMemory},
             {"date-text", [&] { fake.locale.dateText = text(1); }},
             {"time-text", [&] { fake.locale.timeText = text(1); }},
             {"number-text", [&] { fake.locale.formatted = text(1); }},
@@ -243,7 +245,7 @@ class MadeUpMachine final : public rows::Machine {
             {"drives", onlyHardDisks},
             {"no-drives", [&] { volumes.drives.clear(); }},
             {"serial", [&] { drive().serial = number(2); }},
-            {"space", [&] { drive().space = platform::DiskSpace(number(2), number(3), number(4), number(5)); }},
+            {"space", setSpace},
             {"drive-fails", [&] { drive().error = number(2); }},
             {"label-fails", [&] { drive().labelError = number(2); }},
             {"current", [&] { volumes.current = text(1).at(0); }},
