@@ -37,6 +37,14 @@ class Line {
         return name;
     }
 
+    // A name, or those in braces.
+    std::vector<std::string> names() {
+        if (!take("{")) return {name()};
+        std::vector<std::string> all;
+        while (!take("}")) all.push_back(name());
+        return all;
+    }
+
     // `name=` in front of a value.
     std::string label() {
         std::size_t size = 0;
@@ -143,7 +151,7 @@ class Line {
 
 // A line as it stands: each value with the others that stand in its braces.
 struct Sheaf {
-    std::string name;
+    std::vector<std::string> names;
     std::vector<std::vector<Value>> arguments;
     std::vector<std::pair<std::string, std::vector<Value>>> given, outputs;
     std::vector<Value> outcome;
@@ -151,7 +159,7 @@ struct Sheaf {
 
 Sheaf parseCall(Line& line) {
     Sheaf sheaf;
-    sheaf.name = line.name();
+    sheaf.names = line.names();
     while (!line.atEnd() && !line.take("-> ")) {
         std::string label = line.label();
         if (label.empty()) {
@@ -164,9 +172,9 @@ Sheaf parseCall(Line& line) {
 }
 
 Row rowOf(const Sheaf& sheaf, std::size_t index) {
-    auto pick = [&](const std::vector<Value>& values) { return values.size() == 1 ? values[0] : values[index]; };
+    auto pick = [&](const auto& values) { return values.size() == 1 ? values[0] : values[index]; };
     Row row;
-    row.name = sheaf.name;
+    row.name = pick(sheaf.names);
     for (const auto& values : sheaf.arguments) row.arguments.push_back(pick(values));
     for (const auto& [label, values] : sheaf.given) row.given.emplace_back(label, pick(values));
     for (const auto& [label, values] : sheaf.outputs) row.outputs.emplace_back(label, pick(values));
@@ -177,10 +185,11 @@ Row rowOf(const Sheaf& sheaf, std::size_t index) {
 // How many rows the braces stand for.
 std::size_t countOf(const Sheaf& sheaf) {
     std::size_t count = 1;
-    auto take = [&](const std::vector<Value>& values) {
+    auto take = [&](const auto& values) {
         if (values.empty() || (values.size() > 1 && count > 1 && values.size() != count)) throw std::string(kUnequal);
         count = std::max(count, values.size());
     };
+    take(sheaf.names);
     for (const auto& values : sheaf.arguments) take(values);
     for (const auto& [label, values] : sheaf.given) take(values);
     for (const auto& [label, values] : sheaf.outputs) take(values);

@@ -23,9 +23,11 @@
 // a call in place gives another text. A text is "..." with \n \t \r \0 \\ \" \xHH, "x"*300 repeats it, + joins two.
 // A number is decimal or 0x hexadecimal, a character "x" or its code. `# ` begins a comment.
 //
-// Values in braces stand for as many rows: the first of each for the first row, and so on; all others are the same.
+// Values or functions in braces stand for as many rows: the first of each for the first row, and so on; all others are
+// the same.
 //
 //     RomanToNum {"VX" "IM" "X I"} -> {5 999 0}
+//     {FTell FEof} -1 -> {-1 1}
 //
 // Braces in a block's `with` lines stand for as many blocks; those of its rows go along with them.
 //

@@ -177,14 +177,6 @@ std::uint32_t sizeOfValue(Table& table, const Field& field) {
     }
 }
 
-// The length of the name.
-std::uint32_t putName(const Place& place, char* buffer) {
-    if (!buffer) return 0;
-    std::string_view name = place ? place.field->nameText() : std::string_view();
-    store(buffer, name);
-    return static_cast<std::uint32_t>(name.size());
-}
-
 }  // namespace
 }  // namespace vx::dbf
 
@@ -192,8 +184,8 @@ using namespace vx;
 using namespace vx::dbf;
 
 char* VX_CALL vx_DbfFieldName(uint32_t handle, int32_t number, char* buffer) noexcept {
-    putName({handle, number}, buffer);
-    return buffer;
+    Place place(handle, number);
+    return buffer ? store(buffer, place ? place.field->nameText() : std::string_view()) : nullptr;
 }
 
 char* VX_CALL vx_DbfFieldType(uint32_t handle, int32_t number, char* buffer) noexcept {

@@ -265,7 +265,3 @@ class Catalog(Host):
             strchrtrim, StrChrTrim
             Trimming and padding (trim)""".split("\n"):
             self.assertIn(piece.strip(), text)
-
-
-if __name__ == "__main__":
-    unittest.main()

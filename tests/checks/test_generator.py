@@ -115,7 +115,3 @@ class Generator(unittest.TestCase):
                 self.assertEqual(run.returncode, 1)
                 self.assertTrue(run.stderr.startswith(f"exports/sample.toml:{line}: "), run.stderr)
                 self.assertIn(message, run.stderr)
-
-
-if __name__ == "__main__":
-    unittest.main()

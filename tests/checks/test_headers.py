@@ -126,7 +126,3 @@ class Clashes(unittest.TestCase):
                     self.skipTest(f"the headers of {name} are not installed")
                 path = pathlib.Path(output("g++", f"-print-file-name=lib{library}.so").strip())
                 self.assertEqual(clashes(name), (self.declared(NATIVE, headers) | all_names() & dynamic_symbols(path)) - clashes("Linux"))
-
-
-if __name__ == "__main__":
-    unittest.main()

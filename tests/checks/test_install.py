@@ -96,7 +96,3 @@ class Installed(unittest.TestCase):
         for shell, file in [("zsh", "_vexlor"), ("fish", "vexlor.fish")]:
             if shutil.which(shell):
                 run(shell, "-n", next(PREFIX.rglob(file)))
-
-
-if __name__ == "__main__":
-    unittest.main()

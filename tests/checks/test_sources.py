@@ -215,7 +215,3 @@ class WrongTree(unittest.TestCase):
     def test_cppcheck(self):
         root = self.planted({"src/a/a.cpp": "int a() { int i[2] = {1, 2}; return i[2]; }\n"})
         self.assertIn("arrayIndexOutOfBounds", "".join(cppcheck(root, root / "cache", root)))
-
-
-if __name__ == "__main__":
-    unittest.main()

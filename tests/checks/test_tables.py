@@ -123,7 +123,3 @@ $t->close;""")
             table.append({1: "Ours", 5: "A memo among theirs."})
         last = self.peer("dbf_dump", "--fs", "|", "theirs.dbf").strip().split("\n")[-1]
         self.assertTrue(last.startswith("Ours|") and last.endswith("|A memo among theirs."), last)
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -135,6 +135,20 @@ TEST(SharedTable, NothingOfThreadsIsLost) {
     expectLines(place, kThreads, kCount);
 }
 
+TEST(SharedTable, ReachesTheLastPosition) {
+    constexpr std::uint32_t kLast = 0x7FFFFFFF, kRecords = (kLast - 65) / 2;
+    Workplace place;
+    EXPECT_EQ(lib().DbfClose(lib().DbfStrCreate(place.path("t.dbf").c_str(), "A,C,1")), 0);
+    std::filesystem::resize_file(place.native("t.dbf"), kLast);
+    std::uint32_t table = lib().DbfOpen(place.path("t.dbf").c_str(), kShared);
+    EXPECT_EQ(lib().DbfLastrec(table), kRecords);
+    lib().DbfGoto(table, kRecords);
+    EXPECT_EQ(lib().DbfFieldPut(table, 1, "x"), 1);
+    EXPECT_EQ(lib().DbfClose(table), 0);
+    std::ifstream file(place.native("t.dbf"), std::ios::binary);
+    EXPECT_EQ(file.seekg(kLast - 1).get(), 'x');
+}
+
 // Appends a line at a time and notes each one once it has been committed. A file tells of the first.
 const Role committer("commit", [](const Arguments& arguments) {
     std::uint32_t table = lib().DbfOpen(arguments.at(0).c_str(), kShared);

@@ -26,7 +26,6 @@ class MadeUpHardware final : public platform::Hardware, public MadeUpDevice {
     // for.
     bool hasDosDevice = true;
     bool carry = false;  // every service fails
-    std::uint16_t formatSectors = 2880;
     std::uint16_t mediumSectors = 1440;
     std::string diskette = std::string(std::size_t{1440} * kSectorSize, '\0');
     bool writeProtected = false;
@@ -47,10 +46,8 @@ class MadeUpHardware final : public platform::Hardware, public MadeUpDevice {
     bool callDos(platform::DosService service, platform::DosRegisters& registers,
                  const platform::DosMemory& memory) override {
         call();
-        if (dosCalls.size() < kMostKept) {
-            dosCalls.push_back({service, registers, bytes(memory.packet, sizeof(platform::DiskPacket)),
-                                bytes(memory.parameters, kParameterBytes), memory.sectors});
-        }
+        dosCalls.push_back({service, registers, bytes(memory.packet, sizeof(platform::DiskPacket)),
+                            bytes(memory.parameters, kParameterBytes), memory.sectors});
         if (!hasDosDevice) return refuse(false, platform::kNotSupported);
         bool done = !carry && serve(service, memory);
         registers.flags = done ? registers.flags & ~platform::kCarryFlag : registers.flags | platform::kCarryFlag;
@@ -61,12 +58,10 @@ class MadeUpHardware final : public platform::Hardware, public MadeUpDevice {
                             std::span<platform::DriveGeometry> entries) override {
         call();
         bool types = query == platform::kMediaTypes;
-        if (queries.size() < kMostKept) {
-            queries += std::string{letter, types ? 't' : 'g'} + std::to_string(entries.size()) + ' ';
-        }
+        queries += std::string{letter, types ? 't' : 'g'} + std::to_string(entries.size()) + ' ';
         auto found = media.find(letter);
         if (found == media.end()) return refuse(-1, platform::kFileNotFound);
-        std::size_t count = std::min({found->second.size(), entries.size(), types ? kMostKept : 1});
+        std::size_t count = std::min(found->second.size(), entries.size());
         for (std::size_t i = 0; i < count; ++i) entries[i] = {80, found->second[i], 2, 18, 512};
         return static_cast<std::int32_t>(count);
     }
@@ -80,11 +75,11 @@ class MadeUpHardware final : public platform::Hardware, public MadeUpDevice {
     std::uint8_t readCmos(std::uint8_t index) override { return cmos[index & 127]; }
     std::uint8_t readPort(std::uint16_t port) override { return ports[port]; }
     void writePort(std::uint16_t port, std::uint8_t value) override {
-        if (portWrites.size() < kMostKept) portWrites.push_back({port, value});
+        portWrites.push_back({port, value});
         ports[port] = value;
     }
     std::int32_t beep(std::uint32_t frequency, std::uint32_t milliseconds) override {
-        if (beeps.size() < kMostKept) beeps.push_back({frequency, milliseconds});
+        beeps.push_back({frequency, milliseconds});
         return beepResult;
     }
     std::uint32_t processorFamily() override { return family; }
@@ -92,7 +87,6 @@ class MadeUpHardware final : public platform::Hardware, public MadeUpDevice {
  private:
     static constexpr std::size_t kSectorSize = 512;
     static constexpr std::size_t kParameterBytes = 32;
-    static constexpr std::size_t kMostKept = 100;
 
     static std::string bytes(const void* from, std::size_t size) {
         return from ? std::string(static_cast<const char*>(from), size) : std::string();
@@ -101,7 +95,7 @@ class MadeUpHardware final : public platform::Hardware, public MadeUpDevice {
     bool serve(platform::DosService service, const platform::DosMemory& memory) {
         if (service == platform::kDosIoctl) {
             auto* block = static_cast<std::uint8_t*>(memory.parameters);
-            std::uint16_t sectors = block[0] ? mediumSectors : formatSectors;
+            std::uint16_t sectors = block[0] ? mediumSectors : std::uint16_t{2880};
             std::memcpy(block + 15, &sectors, sizeof sectors);
             return true;
         }

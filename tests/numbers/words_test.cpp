@@ -1,4 +1,4 @@
-// Numbers in words.
+// Numbers in words, in Roman numerals, and in any base.
 #include <gtest/gtest.h>
 
 #include <iterator>
@@ -53,6 +53,38 @@ TEST(Words, AsGroupByGroup) {
         EXPECT_EQ(words(number), model(number));
     }
     EXPECT_LT(words("-" + std::string(32, '7')).size(), 448u);
+}
+
+// By the table of thousands, hundreds, tens and units.
+std::string romanModel(int value) {
+    static const char* const hundreds[] = {"", "C", "CC", "CCC", "CD", "D", "DC", "DCC", "DCCC", "CM"};
+    static const char* const tens[] = {"", "X", "XX", "XXX", "XL", "L", "LX", "LXX", "LXXX", "XC"};
+    static const char* const units[] = {"", "I", "II", "III", "IV", "V", "VI", "VII", "VIII", "IX"};
+    std::string thousands(static_cast<std::size_t>(value / 1000), 'M');
+    return thousands + hundreds[value / 100 % 10] + tens[value / 10 % 10] + units[value % 10];
+}
+
+TEST(Roman, AllNumerals) {
+    Dest dest(16);
+    for (int value = 1; value <= 3999; ++value) {
+        EXPECT_EQ(lib().NumToRoman(value, dest), dest.get());
+        EXPECT_EQ(dest.text(), romanModel(value)) << value;
+        EXPECT_EQ(lib().RomanToNum(dest), value) << dest.text();
+    }
+}
+
+TEST(Radix, AnyBaseReadBack) {
+    Dest dest(33);
+    RandomTexts random(41);
+    for (std::int32_t base = 2; base <= 36; ++base) {
+        for (int i = 0; i < 200; ++i) {
+            auto value = static_cast<std::uint32_t>(random.number(INT32_MIN, INT32_MAX)) >> random.number(0, 31);
+            lib().NumToBase(value, base, dest);
+            EXPECT_EQ(static_cast<std::uint32_t>(lib().BaseToNum(dest, base)), value)
+                << dest.text() << " base " << base;
+            EXPECT_TRUE(dest.text() == "0" || dest.text()[0] != '0') << dest.text();
+        }
+    }
 }
 
 }  // namespace

@@ -1,7 +1,11 @@
 // The rows that need a made-up machine, and that machine.
 #include "tests/support/rows.h"
 
+#include <algorithm>
+#include <concepts>
+#include <cstdio>
 #include <functional>
+#include <iterator>
 #include <map>
 #include <memory>
 #include <numeric>
@@ -13,7 +17,6 @@
 
 #include "rows/runner.h"
 #include "tests/lab/table_bytes.h"
-#include "tests/seam/drive_words.h"
 #include "tests/seam/seam.h"
 
 namespace vx::test {
@@ -21,8 +24,39 @@ namespace {
 
 using rows::Value;
 
-Value textValue(const std::string& text) { return {Value::Kind::kText, 0, text}; }
-Value numberValue(std::int64_t number) { return {Value::Kind::kNumber, number, {}}; }
+Value seen(const std::string& text) { return {Value::Kind::kText, 0, text}; }
+template <std::integral Integer>
+Value seen(Integer number) {
+    return {Value::Kind::kNumber, static_cast<std::int64_t>(number), {}};
+}
+
+// A word's number, as whatever it is for.
+struct Number {
+    std::int64_t value;
+    template <typename As>
+    operator As() const {
+        return static_cast<As>(value);
+    }
+};
+
+// Whether calls since the last look that may reach for a disk were all made without the system's boxes, which are on
+// again: 1, 0 if there were none, -1 if not.
+class Silence {
+ public:
+    void watch(lab::FakePlatform& fake) {
+        process_ = &fake.process;
+        seen_ = 0;
+        fake.volumes.onCall = fake.hardware.onCall = fake.disk.onCall = [this] {
+            bool isSilent = process_->errorMode == platform::kFailSilently;
+            seen_ = isSilent && seen_ >= 0 ? 1 : -1;
+        };
+    }
+    int take() { return process_->errorMode ? -1 : std::exchange(seen_, 0); }
+
+ private:
+    const lab::FixedProcess* process_ = nullptr;
+    int seen_ = 0;
+};
 
 platform::Moment momentOf(const std::vector<Value>& words) {
     auto field = [&](std::size_t i) { return static_cast<std::uint16_t>(i < words.size() ? words[i].number : 0); };
@@ -69,6 +103,50 @@ std::optional<std::string> partOfFile(lab::MadeUpDisk& disk, std::string name) {
     return node->data.substr(at, words.size() > 3 ? std::stoul(words[3]) : std::string::npos);
 }
 
+template <typename Items, typename Show = std::identity>
+std::string joined(const Items& items, const std::string& gap, Show show = {}) {
+    std::string all;
+    for (const auto& item : items) all += (all.empty() ? "" : gap) + show(item);
+    return all;
+}
+
+std::string shownBeep(std::pair<std::uint32_t, std::uint32_t> beep) {
+    std::string length = beep.second == platform::kUntilNextBeep ? "" : " for " + std::to_string(beep.second) + " ms";
+    return std::to_string(beep.first) + " Hz" + length;
+}
+
+std::string shownPort(std::pair<std::uint16_t, std::uint8_t> write) {
+    char text[16];
+    std::snprintf(text, sizeof text, "%02X=%02X", write.first, write.second);
+    return text;
+}
+
+// Without the one terminator that belongs to it.
+std::string clipboardOf(const lab::RecordedDesktop& desktop) {
+    std::string pasted = desktop.pasted.empty() ? std::string(1, '\0') : desktop.pasted.back();
+    return pasted.ends_with('\0') ? pasted.substr(0, pasted.size() - 1) : pasted + " without end";
+}
+
+// The last call of the DOS device: `read drive 0: 3 from 1437`, and what else it was told.
+std::string shownCall(const lab::DosCall& call) {
+    auto [service, registers, packet, parameters, sectors] = call;
+    char text[160];
+    if (service == platform::kDosIoctl) {
+        bool rest =
+            parameters.find_first_not_of('\0', 1) != parameters.npos || parameters.size() != 32 || !packet.empty();
+        std::snprintf(text, sizeof text, "request %X %X of %u, special %d%s", registers.eax, registers.ecx,
+                      registers.ebx, parameters[0], rest || registers.esi || registers.edi ? " and more" : "");
+    } else {
+        platform::DiskPacket content{};
+        std::memcpy(&content, packet.data(), std::min(packet.size(), sizeof content));
+        std::snprintf(text, sizeof text, "%s drive %u: %u from %u%s",
+                      service == platform::kDosAbsoluteRead ? "read" : "write", registers.eax, unsigned{content.count},
+                      unsigned{content.firstSector},
+                      registers.ecx != 0xFFFFFFFF || registers.edx || !parameters.empty() ? " and more" : "");
+    }
+    return std::string(text) + (registers.flags == platform::kCarryFlag ? "" : ", no carry flag");
+}
+
 // The stand-ins of the platform, set by words.
 class MadeUpMachine final : public rows::Machine {
  public:
@@ -80,93 +158,112 @@ class MadeUpMachine final : public rows::Machine {
 
     bool set(const std::vector<Value>& words) override {
         lab::FakePlatform& fake = *fake_;
-        const std::string& what = words[0].text;
+        lab::FixedProcess& process = fake.process;
+        lab::MadeUpDisk& disk = fake.disk;
+        lab::MadeUpHardware& hardware = fake.hardware;
+        lab::MadeUpVolumes& volumes = fake.volumes;
         auto text = [&](std::size_t i) { return i < words.size() ? words[i].text : std::string(); };
-        auto number = [&](std::size_t i) { return i < words.size() ? words[i].number : 0; };
-        auto small = [&](std::size_t i) { return static_cast<std::int32_t>(number(i)); };
-        auto word = [&](std::size_t i) { return static_cast<std::uint32_t>(number(i)); };
-        auto drive = [&]() -> lab::MadeUpDrive& { return fake.volumes.drives[text(1).at(0)]; };
+        auto number = [&](std::size_t i) { return Number{i < words.size() ? words[i].number : 0}; };
+        auto numbers = [&](std::size_t i) {
+            std::istringstream in(text(i));
+            return std::vector<std::uint32_t>(std::istream_iterator<std::uint32_t>(in), {});
+        };
+        auto drive = [&]() -> lab::MadeUpDrive& { return volumes.drives[text(1).at(0)]; };
+        auto setDrive = [&] {
+            drive() = {.kind = number(2), .label = text(3)};
+            if (words.size() > 4) drive().fileSystem = text(4);
+        };
+        auto setMemory = [&] { process.memory = {number(1), number(2)}; };
+        auto setSpace = [&] { drive().space = {number(2), number(3), number(4), number(5)}; };
+        auto onlyHardDisks = [&] {
+            volumes.drives.clear();
+            for (char c : text(1)) volumes.drives[c] = {};
+        };
+        // Lost when its drive is changed to without it.
+        auto startIn = [&] { drive() = {.directory = text(2), .startedIn = true}; };
         lab::MadeUpDisk::Node none;
         bool isMissing = false;
         auto node = [&]() -> lab::MadeUpDisk::Node& {
-            lab::MadeUpDisk::Node* found = fake.disk.find(text(1));
+            lab::MadeUpDisk::Node* found = disk.find(text(1));
             isMissing = !found;
             return found ? *found : none;
         };
-        auto bytes = [&] { fake.disk.put(text(1), bytesOf(words)); };
+        auto written = [&](const std::vector<Value>& moment) {
+            fake.clock.toFileTime(momentOf(moment), node().times.written);
+        };
+        auto bytes = [&] { disk.put(text(1), bytesOf(words)); };
+        auto files = [&] {
+            for (std::size_t i = 1; i < words.size(); ++i) disk.put(text(i));
+        };
+        auto lock = [&](std::int32_t handle) { disk.lock(handle, number(2), number(3)); };
         const std::map<std::string, std::function<void()>> all = {
-            {"box", [&] { fake.desktop.boxResult = small(1); }},
-            {"beep-result", [&] { fake.hardware.beepResult = small(1); }},
-            {"log-off-result", [&] { fake.desktop.logOffResult = small(1); }},
-            {"set-result", [&] { fake.clock.setResult = small(1); }},
-            {"windows95", [&] { fake.process.id = platform::kWindows95Id; }},
-            {"windows-nt", [&] { fake.process.id = platform::kWindowsNtId; }},
-            {"win32s", [&] { fake.process.id = platform::kWin32sId; }},
-            {"unknown-system", [&] { fake.process.id = platform::kUnknownId; }},
+            {"box", [&] { fake.desktop.boxResult = number(1); }},
+            {"beep-result", [&] { hardware.beepResult = number(1); }},
+            {"log-off-result", [&] { fake.desktop.logOffResult = number(1); }},
+            {"set-result", [&] { fake.clock.setResult = number(1); }},
+            {"windows95", [&] { process.id = platform::kWindows95Id; }},
+            {"windows-nt", [&] { process.id = platform::kWindowsNtId; }},
+            {"win32s", [&] { process.id = platform::kWin32sId; }},
+            {"unknown-system", [&] { process.id = platform::kUnknownId; }},
             {"clock", [&] { fake.clock.now = momentOf(words); }},
-            {"command", [&] { fake.process.command = text(1); }},
-            {"no-variables", [&] { fake.process.variables.clear(); }},
-            {"variable", [&] { fake.process.variables.push_back(text(1)); }},
-            {"program", [&] { fake.process.path = text(1); }},
-            {"version", [&] { fake.process.version = word(1); }},
-            {"family", [&] { fake.hardware.family = word(1); }},
-            {"port",
-             [&] {
-                 fake.hardware.ports[static_cast<std::uint16_t>(number(1))] = static_cast<std::uint8_t>(number(2));
-             }},
-            {"no-memory", [&] { fake.process.memoryLeft = fake.desktop.memoryLeft = false; }},
+            {"command", [&] { process.command = text(1); }},
+            {"no-variables", [&] { process.variables.clear(); }},
+            {"variable", [&] { process.variables.push_back(text(1)); }},
+            {"program", [&] { process.path = text(1); }},
+            {"version", [&] { process.version = number(1); }},
+            {"family", [&] { hardware.family = number(1); }},
+            {"port", [&] { hardware.ports[number(1)] = number(2); }},
+            {"no-memory", [&] { process.memoryLeft = fake.desktop.memoryLeft = false; }},
             {"no-focus", [&] { fake.desktop.focus = 0; }},
             {"clipboard-busy", [&] { fake.desktop.clipboardOpens = false; }},
             {"clipboard-fails", [&] { fake.desktop.clipboardKeeps = false; }},
-            {"memory",
-             [&] {
-                 fake.process.memory = {static_cast<std::uint64_t>(number(1)), static_cast<std::uint64_t>(number(2))};
-             }},
+            {"memory", setMemory},
             {"date-text", [&] { fake.locale.dateText = text(1); }},
             {"time-text", [&] { fake.locale.timeText = text(1); }},
             {"number-text", [&] { fake.locale.formatted = text(1); }},
-            {"file", [&] { fake.disk.put(text(1), text(2)); }},
-            {"files",
-             [&] {
-                 for (std::size_t i = 1; i < words.size(); ++i) fake.disk.put(text(i));
-             }},
-            {"directory", [&] { fake.disk.putDirectory(text(1)); }},
+            {"lead-bytes", [&] { fake.locale.leadBytes = text(1); }},
+            {"file", [&] { disk.put(text(1), text(2)); }},
+            {"files", files},
+            {"directory", [&] { disk.putDirectory(text(1)); }},
             {"dbf", bytes},
             {"dbt", bytes},
             {"fpt", bytes},
             {"blo", bytes},
-            {"attributes", [&] { node().attributes = word(2); }},
-            {"bytes", [&] { node().data.replace(word(2), text(3).size(), text(3)); }},
-            {"cut", [&] { node().data.resize(word(2)); }},
-            {"in", [&] { fake.disk.directory = text(1), fake.volumes.drives['C'].directory = text(1).substr(2); }},
-            {"link", [&] { fake.disk.putLink(text(1), text(2)); }},
+            {"attributes", [&] { node().attributes = number(2); }},
+            {"bytes", [&] { node().data.replace(number(2), text(3).size(), text(3)); }},
+            {"cut", [&] { node().data.resize(number(2)); }},
+            {"in", [&] { disk.directory = text(1), volumes.drives['C'].directory = text(1).substr(2); }},
+            {"working-directory", [&] { disk.directory = text(1); }},
+            {"link", [&] { disk.putLink(text(1), text(2)); }},
             {"short-name", [&] { node().shortName = text(2); }},
-            {"written",
-             [&] {
-                 fake.clock.toFileTime(momentOf({words.begin() + 1, words.end()}), node().times.written);
-             }},
-            {"drops-ends", [&] { fake.disk.dropsEnds = true; }},
-            {"fault", [&] { fake.disk.fault = {.atCall = small(1), .code = word(2)}; }},
-            {"lead-bytes", [&] { fake.locale.leadBytes = text(1); }},
-            {"free", [&] { fake.volumes.bytesFree = static_cast<std::uint64_t>(number(1)); }},
-            {"serial", [&] { drive().serial = word(2); }},
-            {"lock",
-             [&] {
-                 fake.disk.lock(fake.disk.open(text(1).c_str(), platform::kReadWrite | platform::kDenyNone), word(2),
-                                word(3));
-             }},
-            {"drive",
-             [&] {
-                 drive() = {.kind = static_cast<platform::DriveKind>(number(2)), .label = text(3)};
-                 if (words.size() > 4) drive().fileSystem = text(4);
-             }},
-            {"no-drives", [&] { fake.volumes.drives.clear(); }},
-            {"drive-fails", [&] { drive().error = word(2); }},
-            {"current", [&] { fake.volumes.current = text(1).at(0); }},
+            {"written", [&] { written(std::vector(words.begin() + 1, words.end())); }},
+            {"drops-ends", [&] { disk.dropsEnds = true; }},
+            {"fault", [&] { disk.fault.atCall = number(1), disk.fault.code = number(2); }},
+            {"lock", [&] { lock(disk.open(text(1).c_str(), platform::kReadWrite | platform::kDenyNone)); }},
+            {"free", [&] { volumes.bytesFree = number(1).value; }},
+            {"drive", setDrive},
+            {"drives", onlyHardDisks},
+            {"no-drives", [&] { volumes.drives.clear(); }},
+            {"serial", [&] { drive().serial = number(2); }},
+            {"space", setSpace},
+            {"drive-fails", [&] { drive().error = number(2); }},
+            {"label-fails", [&] { drive().labelError = number(2); }},
+            {"current", [&] { volumes.current = text(1).at(0); }},
+            {"directory-of", [&] { drive().directory = text(2); }},
+            {"started-in", startIn},
+            {"system-directories", [&] { volumes.system = volumes.windows = text(1); }},
+            {"media", [&] { (hardware.media.clear(), hardware.media[text(1).at(0)]) = numbers(2); }},
+            {"physical-drives", [&] { hardware.physicalDrives = numbers(1); }},
+            {"medium", [&] { hardware.mediumSectors = number(1); }},  // its sectors by DOS
+            {"diskette", [&] { hardware.diskette.replace(number(1), text(2).size(), text(2)); }},
+            {"write-protected", [&] { hardware.writeProtected = true; }},
+            {"carry", [&] { hardware.carry = true; }},
+            {"no-dos-device", [&] { hardware.hasDosDevice = false; }},
+            {"cmos", [&] { hardware.cmos[words[1].number & 127] = number(2); }},
         };
-        auto found = all.find(what);
-        if (found == all.end() && !setDrives(fake, words)) return false;
-        if (found != all.end()) found->second();
+        auto found = all.find(words[0].text);
+        if (found == all.end()) return false;
+        found->second();
         fake.forgetClass();
         return !isMissing;
     }
@@ -176,71 +273,49 @@ class MadeUpMachine final : public rows::Machine {
     const Value* observed(const std::string& name) override {
         lab::FakePlatform& fake = *fake_;
         lab::RecordedDesktop& desktop = fake.desktop;
+        lab::MadeUpHardware& hardware = fake.hardware;
+        auto& sets = fake.clock.sets;
+        auto& sleeps = fake.clock.sleeps;
         const lab::Box box = desktop.boxes.empty() ? lab::Box{} : desktop.boxes.back();
-        // What is since the last look: beeps, ports, reads, steps.
+        // Beeps, ports, reads, steps and calls of DOS are those since the last look.
+        auto dos = [&] { return std::exchange(hardware.dosCalls, {}); };
+        auto here = [&](char letter) { return std::string{letter, ':'} + fake.volumes.drives[letter].directory; };
         const std::map<std::string, std::function<Value()>> all = {
-            {"box", [&] { return textValue(box.text); }},
-            {"title", [&] { return textValue(box.title); }},
-            {"owner", [&] { return numberValue(static_cast<std::int64_t>(box.owner)); }},
-            {"icon", [&] { return textValue(box.icon == platform::BoxIcon::kInformation ? "information" : ""); }},
-            {"boxes", [&] { return numberValue(static_cast<std::int64_t>(desktop.boxes.size())); }},
-            {"clipboard",
-             [&] {
-                 // Without the one terminator that belongs to it.
-                 std::string pasted = desktop.pasted.empty() ? std::string(1, '\0') : desktop.pasted.back();
-                 bool ends = pasted.ends_with('\0');
-                 return textValue(ends ? pasted.substr(0, pasted.size() - 1) : pasted + " without end");
-             }},
-            {"clipboard-steps", [&] { return textValue(std::exchange(desktop.steps, {})); }},
-            {"log-offs", [&] { return numberValue(desktop.logOffs); }},
-            {"copies", [&] { return numberValue(fake.process.copies); }},
-            {"asked", [&] { return textValue(askedFor(fake.locale)); }},
-            {"reads", [&] { return numberValue(std::exchange(fake.clock.reads, 0)); }},
-            {"slept", [&] { return numberValue(fake.clock.sleeps.empty() ? 0 : fake.clock.sleeps.back()); }},
-            {"slept-in-all",
-             [&] { return numberValue(std::accumulate(fake.clock.sleeps.begin(), fake.clock.sleeps.end(), 0)); }},
-            {"calls", [&] { return numberValue(fake.disk.calls - calls_); }},
-            {"blocks", [&] { return textValue(lab::blocksOf(fake.disk.find("T.BLO")->data)); }},
-            {"locks", [&] { return textValue(fake.disk.locks()); }},
-            {"set", [&] { return textValue(fake.clock.sets.empty() ? "" : textOf(fake.clock.sets.back())); }},
-            {"labels", [&] { return textValue(fake.volumes.labels); }},
-            {"names",
-             [&] {
-                 std::string names;
-                 for (const std::string& path : fake.disk.names()) names += (names.empty() ? "" : " ") + path;
-                 return textValue(names);
-             }},
-            {"error", [&] { return numberValue(fake.process.error); }},
-            {"error-mode", [&] { return numberValue(fake.process.errorMode); }},
-            {"directory", [&] { return textValue(fake.volumes.drives.at('C').directory); }},
-            {"searches", [&] { return numberValue(static_cast<std::int64_t>(fake.disk.openSearches())); }},
-            {"beeps",
-             [&] {
-                 std::string beeps;
-                 for (auto [frequency, milliseconds] : std::exchange(fake.hardware.beeps, {})) {
-                     beeps += (beeps.empty() ? "" : ", ") + std::to_string(frequency) + " Hz";
-                     if (milliseconds != platform::kUntilNextBeep)
-                         beeps += " for " + std::to_string(milliseconds) + " ms";
-                 }
-                 return textValue(beeps);
-             }},
-            {"ports",
-             [&] {
-                 std::string ports;
-                 char text[16];
-                 for (auto [port, value] : std::exchange(fake.hardware.portWrites, {})) {
-                     std::snprintf(text, sizeof text, "%s%02X=%02X", ports.empty() ? "" : " ", port, value);
-                     ports += text;
-                 }
-                 return textValue(ports);
-             }},
-            {"silent", [&] { return numberValue(silence_.take()); }},
+            {"box", [&] { return seen(box.text); }},
+            {"title", [&] { return seen(box.title); }},
+            {"owner", [&] { return seen(box.owner); }},
+            {"icon", [&] { return seen(box.icon == platform::BoxIcon::kInformation ? "information" : ""); }},
+            {"boxes", [&] { return seen(desktop.boxes.size()); }},
+            {"clipboard", [&] { return seen(clipboardOf(desktop)); }},
+            {"clipboard-steps", [&] { return seen(std::exchange(desktop.steps, {})); }},
+            {"log-offs", [&] { return seen(desktop.logOffs); }},
+            {"copies", [&] { return seen(fake.process.copies); }},
+            {"asked", [&] { return seen(askedFor(fake.locale)); }},
+            {"reads", [&] { return seen(std::exchange(fake.clock.reads, 0)); }},
+            {"slept", [&] { return seen(sleeps.empty() ? 0 : sleeps.back()); }},
+            {"slept-in-all", [&] { return seen(std::accumulate(sleeps.begin(), sleeps.end(), 0)); }},
+            {"calls", [&] { return seen(fake.disk.calls - calls_); }},
+            {"blocks", [&] { return seen(lab::blocksOf(fake.disk.find("T.BLO")->data)); }},
+            {"locks", [&] { return seen(fake.disk.locks()); }},
+            {"set", [&] { return seen(sets.empty() ? "" : textOf(sets.back())); }},
+            {"labels", [&] { return seen(fake.volumes.labels); }},
+            {"names", [&] { return seen(joined(fake.disk.names(), " ")); }},
+            {"error", [&] { return seen(fake.process.error); }},
+            {"error-mode", [&] { return seen(fake.process.errorMode); }},
+            {"directory", [&] { return seen(fake.volumes.drives.at('C').directory); }},
+            {"here", [&] { return seen(here(fake.volumes.current)); }},
+            {"searches", [&] { return seen(fake.disk.openSearches()); }},
+            {"open", [&] { return seen(std::to_string(fake.disk.openFiles() + fake.disk.openSearches())); }},
+            {"beeps", [&] { return seen(joined(std::exchange(hardware.beeps, {}), ", ", shownBeep)); }},
+            {"ports", [&] { return seen(joined(std::exchange(hardware.portWrites, {}), " ", shownPort)); }},
+            {"queries", [&] { return seen(hardware.queries); }},
+            {"dos", [&] { return seen(hardware.dosCalls.empty() ? "" : shownCall(dos().back())); }},
+            {"silent", [&] { return seen(silence_.take()); }},
         };
         auto found = all.find(name);
-        auto text = found == all.end() ? partOfFile(fake.disk, name) : std::nullopt;
-        if (found == all.end() && !text) text = seenOfDrives(fake, name);
-        if (found == all.end() && !text) return nullptr;
-        seen_ = text ? textValue(*text) : found->second();
+        auto part = found == all.end() ? partOfFile(fake.disk, name) : std::nullopt;
+        if (found == all.end() && !part) return nullptr;
+        seen_ = part ? seen(*part) : found->second();
         return &seen_;
     }
 
