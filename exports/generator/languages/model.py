@@ -91,7 +91,10 @@ def result_output(entry):
     return Output("result", kind, result_words(entry), (written or [a.name for a in entry.arguments if a.kind == "str"][-1:])[0])
 
 
-def function(entry):
+def function(entry, first=None):
+    called = entry
+    if entry.base == 1 and first is not None:
+        entry = dataclasses.replace(entry, base=first)
     parameters = [Parameter(a.name, a.kind, argument_words(entry, a), a) for a in entry.arguments
                   if a.kind not in ("dest", "out") and not ARGUMENTS[a.kind].ignored]
     outputs = [o for o in [result_output(entry)] if o]
@@ -101,7 +104,7 @@ def function(entry):
         if a.kind == "out":
             outputs.append(Output(a.name, "number", argument_words(entry, a)))
     owner = OBJECTS.get(parameters[0].kind, "") if parameters else ""
-    return Function(entry, owner, parameters, outputs)
+    return Function(called, owner, parameters, outputs)
 
 
 def is_friendly(entry):
@@ -109,8 +112,9 @@ def is_friendly(entry):
     return not is_length(entry) and entry.base != 0
 
 
-def functions(families):
-    return [(family, [function(e) for e in family.entries if is_friendly(e)]) for family in families]
+def functions(families, first=None):
+    """`first` is the position with which the language begins, if the words shall say that one instead of the entries'."""
+    return [(family, [function(e, first) for e in family.entries if is_friendly(e)]) for family in families]
 
 
 def fold_case(names):
