@@ -283,8 +283,7 @@ void writeByLocale(Random& random) {
     }
     haveSeparators = true;
     for (int i = 0; i < 12; ++i) {
-        for (nl_item item : {ALTMON_1 + i, _NL_ABALTMON_1 + i, DAY_1 + i % 7, ABDAY_1 + i % 7})
-            feed(item, drawName(random));
+        for (nl_item item : {ALTMON_1 + i, _NL_ABALTMON_1 + i, DAY_1 + i % 7}) feed(item, drawName(random));
     }
     feed(_NL_LOCALE_NAME(LC_TIME), "xx_XX");
     feed(T_FMT, drawText(random, "%%%HkIlMSRTrpEO :."));

@@ -58,8 +58,8 @@ namespace Vexlor32
                 if (loaded != IntPtr.Zero) return loaded;
                 looked.Add(place + ": " + (Windows ? "error " + Marshal.GetLastWin32Error() : Marshal.PtrToStringAnsi(dlerror())));
             }
-            throw new DllNotFoundException("cannot load " + file + " into this program of " + bits + " bits; VEXLOR32_LIBRARY may name the file. Tried "
-                                           + string.Join("; ", looked));
+            throw new DllNotFoundException("cannot load " + file + " into this program of " + bits +
+                                           " bits; VEXLOR32_LIBRARY may name the file. Tried " + string.Join("; ", looked));
         }
 
         // The library reads texts up to their NUL.

@@ -6,11 +6,13 @@ def is_length(entry):
     return entry.symbol.endswith("_length")
 
 
-def argument_words(entry, argument):
+def argument_words(entry, argument, base=None):
+    """`base`: of positions, where it is another than the entry's."""
+    base = entry.base if base is None else base
     kind = argument.of_kind
     words = argument.meaning or kind.words
-    if argument.kind == "pos" and entry.base >= 0:
-        words = f"{words} (the first character is {entry.base})"
+    if argument.kind == "pos" and base >= 0:
+        words = f"{words} (the first character is {base})"
     if kind.null and "NULL" not in words:
         words += f"; {kind.null}"
     if argument.room is not None:
@@ -34,14 +36,15 @@ def argument_words(entry, argument):
     return words
 
 
-def result_words(entry):
+def result_words(entry, base=None):
+    base = entry.base if base is None else base
     if is_length(entry):
         return entry.length_returns or "the length of the resulting text"
     if entry.result_meaning:
         return entry.result_meaning
     if entry.returns == "pos":
         return {0: "a position, the first character is 0; -1 if there is none",
-                1: "a position, the first character is 1; 0 if there is none"}.get(entry.base, "a position; 0 if there is none")
+                1: "a position, the first character is 1; 0 if there is none"}.get(base, "a position; 0 if there is none")
     if entry.returns == "dest":
         dest = next((a for a in entry.arguments if a.kind == "dest"), None)
         text = dest.in_place if dest else next((a.name for a in entry.arguments if a.kind == "edit"), "the text")

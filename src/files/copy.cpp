@@ -9,7 +9,7 @@
 #include <cstring>
 #include <optional>
 
-#include "checks/cipher.h"
+#include "checksums/cipher.h"
 #include "entries/wholefile.h"
 #include "files/open_file.h"
 #include "files/path.h"

@@ -12,7 +12,7 @@ std::size_t fillPattern(std::string_view pattern, std::string_view from, char* t
     char* end = to;
     for (std::size_t i = 0; i < pattern.size(); ++i) {
         if (pattern[i] == '*') {
-            end = appendPiece(end, from.substr(std::min(i, from.size())));
+            end = putText(end, from.substr(std::min(i, from.size())));
             break;
         }
         if (pattern[i] == '?' && i >= from.size()) break;

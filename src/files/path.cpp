@@ -81,11 +81,11 @@ std::size_t joinPath(const PathView& parts, char* to) {
         *end++ = ':';
     }
     std::string_view directory = cut(parts.directory);
-    end = appendPiece(end, directory);
+    end = putText(end, directory);
     if (!directory.empty() && !endsInSeparator(directory)) *end++ = '\\';
-    end = appendPiece(end, cut(parts.name));
+    end = putText(end, cut(parts.name));
     if (!parts.extension.empty() && parts.extension.front() != '.') *end++ = '.';
-    end = appendPiece(end, cut(parts.extension));
+    end = putText(end, cut(parts.extension));
     *end = '\0';
     return static_cast<std::size_t>(end - to);
 }
@@ -160,7 +160,7 @@ char* VX_CALL vx_FParsef(const char* path, char* dest) noexcept {
     if (!dest) return nullptr;
     PathView parts = viewPath(view(path));
     // No terminator in between: the destination may be the text that the pieces lie in.
-    store(appendPiece(dest, parts.name), parts.extension);
+    store(putText(dest, parts.name), parts.extension);
     return dest;
 }
 

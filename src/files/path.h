@@ -35,12 +35,6 @@ std::string_view drivePart(std::string_view path);
 // Whether two paths differ in nothing but letter case.
 bool isSamePath(std::string_view a, std::string_view b);
 
-// Puts a piece of a path at `to`, which may overlap it, without a terminator; what is behind it.
-inline char* appendPiece(char* to, std::string_view piece) {
-    moveBytes(to, piece.data(), piece.size());
-    return to + piece.size();
-}
-
 // NULL is an empty path.
 PathParts splitPath(const char* path);
 

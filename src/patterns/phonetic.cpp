@@ -34,15 +34,13 @@ struct SoundexCodes {
 };
 constexpr SoundexCodes kSoundex;
 
-// Not through the case tables: Soundex knows plain letters only.
-char plainUpper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
-
 // Each character that is written has been read before, so that dest may be the text.
 void soundex(const char* text, char pad, std::size_t length, char* dest) {
     char* const end = dest + length;
     while (*text == ' ' || *text == '\t') ++text;
-    if (*text && dest < end) *dest++ = plainUpper(*text++);
-    char previous = '\0';  // kept: the first character does not hide the digit of the second
+    if (*text && dest < end)
+        *dest++ = asciiUpper(*text++);  // not through the case tables: Soundex knows plain letters only
+    char previous = '\0';               // kept: the first character does not hide the digit of the second
     for (; *text && dest < end; ++text) {
         char code = kSoundex.of[byteOf(*text)];
         if (code == previous) code = '\0';  // kept: so a third letter with the same digit writes it again

@@ -23,8 +23,8 @@ class Locale {
     // terminator included; 0 if the text is no number or the result does not fit.
     virtual std::uint32_t formatNumber(const char* number, char* to, std::uint32_t room) = 0;
 
-    // A date by a picture, with the names of the system's default locale: runs of d, M and y mean what they mean to
-    // GetDateFormat, all else stands for itself. Only the date counts. Result as above; 0 for what is no date.
+    // A date by a picture, with the names of the system's default locale: yyyy, MM and dd are numbers, MMM, MMMM and
+    // dddd names, and what is no letter of these stands for itself. Only the date counts. Result as above; 0 for what is no date.
     virtual std::uint32_t formatDate(const Moment& date, const char* picture, char* to, std::uint32_t room) = 0;
 
     // A time of day as the user's locale writes it, in 24 hours and without a marker. Only the hour, the minute and

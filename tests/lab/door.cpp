@@ -1,6 +1,6 @@
 #include "tests/lab/door.h"
 
-#include "checks/checksum.h"
+#include "checksums/checksum.h"
 
 #if defined(_WIN32)
 #define VISIBLE

@@ -32,7 +32,7 @@ def capital(name):
 def function_name(function):
     """The entry's main name, as methods begin: _str2blob -> Str2blob; without the prefix where it is a method of an object."""
     name = function.entry.main.lstrip("_")
-    return capital(name.removeprefix({"Table": "Dbf", "File": "F"}[function.owner]) if function.owner and re.match("Dbf|F[A-Z]", name) else name)
+    return capital(re.sub("^(Dbf|F(?=[A-Z]))", "", name) if function.owner else name)
 
 
 def xml(indent, tag, words, attributes=""):
@@ -40,41 +40,46 @@ def xml(indent, tag, words, attributes=""):
     return [f"{indent}/// {line}" for line in lines]
 
 
+def is_block(argument):
+    return EXACT[argument.ctype][0] == "p"
+
+
+def signature(entry):
+    """The name of the entry's delegate, and its result's type."""
+    result, result_type = EXACT_RESULTS.get(entry.result_type, ("Pointer", "IntPtr"))
+    return result + "_" + "".join(EXACT[a.ctype][0] for a in entry.arguments), result_type
+
+
+def checked(argument):
+    name = identifier(argument.name)
+    return f"Native.Text({name})" if argument.kind == "edit" else EXACT[argument.ctype][3].format(name)
+
+
 def exact_definition(entry, name):
     """The name's function, and the delegate that it keeps; blocks are given as arrays or as addresses."""
-    result, result_type = EXACT_RESULTS.get(entry.result_type, ("Pointer", "IntPtr"))
-    letters = "".join(EXACT[a.ctype][0] for a in entry.arguments)
-    function = f"{result}_{letters}"
-    blocks = [identifier(a.name) for a in entry.arguments if EXACT[a.ctype][0] == "p"]
-
-    def declared(kind):
-        return ", ".join(f"{kind(a)} {identifier(a.name)}" for a in entry.arguments)
-
-    def check(a):
-        return "Native.Text({})" if a.kind == "edit" else EXACT[a.ctype][3]
-
-    passed = ", ".join(check(a).format(identifier(a.name)) for a in entry.arguments)
-    returns = "" if result_type == "void" else "return "
+    delegate, result = signature(entry)
+    by_address = ", ".join(f"{'IntPtr' if is_block(a) else EXACT[a.ctype][2]} {identifier(a.name)}" for a in entry.arguments)
+    as_arrays = ", ".join(f"{EXACT[a.ctype][2]} {identifier(a.name)}" for a in entry.arguments)
+    passed = ", ".join(checked(a) for a in entry.arguments)
+    pinned = ", ".join(f"{a.name}_.Pointer" if is_block(a) else identifier(a.name) for a in entry.arguments)
+    returns = "" if result == "void" else "return "
     about = xml("        ", "summary", model.summary(entry) if name == entry.main else f"Another name of {entry.main}.")
-    lines = [*about, f"        public static {result_type} {name}({declared(lambda a: 'IntPtr' if EXACT[a.ctype][0] == 'p' else EXACT[a.ctype][2])})", "        {",
-             f'            {returns}(_at_{name} ?? (_at_{name} = Native.Bind<{function}>("{name}")))({passed});', "        }"]
-    if blocks:
-        lines += [*about, f"        public static {result_type} {name}({declared(lambda a: EXACT[a.ctype][2])})", "        {",
-                  *(f"            using (var {b}_ = new Pinned({b}))" for b in blocks),
-                  f"                {returns}{name}({', '.join((a.name + '_.Pointer' if EXACT[a.ctype][0] == 'p' else identifier(a.name)) for a in entry.arguments)});",
-                  "        }"]
-    return lines + [f"        static {function} _at_{name};", ""]
+    lines = [*about, f"        public static {result} {name}({by_address})", "        {",
+             f'            {returns}(_at_{name} ?? (_at_{name} = Native.Bind<{delegate}>("{name}")))({passed});', "        }"]
+    if as_arrays != by_address:
+        lines += [*about, f"        public static {result} {name}({as_arrays})", "        {",
+                  *(f"            using (var {a.name}_ = new Pinned({identifier(a.name)}))" for a in entry.arguments if is_block(a)),
+                  f"                {returns}{name}({pinned});", "        }"]
+    return lines + [f"        static {delegate} _at_{name};", ""]
 
 
 def exact(families):
-    delegates = {}
-    lines = []
+    delegates, lines = {}, []
     for family in families:
         for entry in family.entries:
-            result, result_type = EXACT_RESULTS.get(entry.result_type, ("Pointer", "IntPtr"))
-            letters = "".join(EXACT[a.ctype][0] for a in entry.arguments)
+            delegate, result = signature(entry)
             parameters = ", ".join(f"{EXACT[a.ctype][1]} {chr(ord('a') + i)}" for i, a in enumerate(entry.arguments))
-            delegates[f"{result}_{letters}"] = f"{result_type} {result}_{letters}({parameters});"
+            delegates[delegate] = f"{result} {delegate}({parameters});"
             for name in entry.names:
                 lines += exact_definition(entry, name)
     head = ["    // Signatures: the result, and a letter for each argument.",
@@ -199,9 +204,11 @@ def friendly(families):
             members[f.owner] += definition(f)
     lines = []
     for owner, (name, number, none, what) in CLASSES.items():
-        lines += [f"    /// <summary>{what} that is open; closed at the end of a using block.</summary>", f"    public sealed class {name} : Handle", "    {",
+        lines += [f"    /// <summary>{what} that is open; closed at the end of a using block.</summary>",
+                  f"    public sealed class {name} : Handle", "    {",
                   f"        internal {name}({number} handle) : base(handle, {none}) {{ }}", "",
-                  "        /// <summary>The number by which the library knows it.</summary>", f"        public {number} Number {{ get {{ return ({number})Opened; }} }}", "",
+                  "        /// <summary>The number by which the library knows it.</summary>",
+                  f"        public {number} Number {{ get {{ return ({number})Opened; }} }}", "",
                   "        internal override void End()", "        {", "            Close();", "        }", "", *members[owner][:-1], "    }", ""]
     lines += ["    /// <summary>The functions with strings. A failure shows in the result; FError() gives the reason of the last one.</summary>",
               "    /// <remarks>Positions begin with 0, and one that does not exist is -1. null is NULL, as an argument and as a result.</remarks>",

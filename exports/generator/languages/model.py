@@ -81,30 +81,33 @@ def name_words(main, prefix=""):
     return [w.lower() for w in words]
 
 
-def result_output(entry):
+def result_output(entry, base):
     """The result as an output of its own, or None where it is the text of an argument, or nothing."""
     kind = {"int": "number", "uint": "unsigned", "bool": "bool", "char": "char", "pos": "pos", "const": "text",
             "inside": "offset", "end": "offset", "handle": "File", "table": "Table"}.get(entry.returns)
     if kind != "offset":
-        return Output("result", kind, result_words(entry)) if kind else None
+        return Output("result", kind, result_words(entry, base)) if kind else None
     written = [a.name for a in entry.arguments if a.kind in ("dest", "edit", "block")]
     return Output("result", kind, result_words(entry), (written or [a.name for a in entry.arguments if a.kind == "str"][-1:])[0])
 
 
-def function(entry, first=None):
-    called = entry
-    if entry.base == 1 and first is not None:
-        entry = dataclasses.replace(entry, base=first)
-    parameters = [Parameter(a.name, a.kind, argument_words(entry, a), a) for a in entry.arguments
+def output_words(argument):
+    """What comes back; the room and NULL are no concern of who does not give a destination."""
+    return argument.meaning or {"dest": "the resulting text", "edit": "the changed text"}.get(argument.kind, argument.name)
+
+
+def function(entry, first):
+    base = first if entry.base == 1 else entry.base
+    parameters = [Parameter(a.name, a.kind, argument_words(entry, a, base), a) for a in entry.arguments
                   if a.kind not in ("dest", "out") and not ARGUMENTS[a.kind].ignored]
-    outputs = [o for o in [result_output(entry)] if o]
+    outputs = [o for o in [result_output(entry, base)] if o]
     for a in entry.arguments:
         if a.kind in ("dest", "edit"):
-            outputs.append(Output(a.name, "text", argument_words(entry, a)))
+            outputs.append(Output(a.name, "text", output_words(a)))
         if a.kind == "out":
-            outputs.append(Output(a.name, "number", argument_words(entry, a)))
+            outputs.append(Output(a.name, "number", output_words(a)))
     owner = OBJECTS.get(parameters[0].kind, "") if parameters else ""
-    return Function(called, owner, parameters, outputs)
+    return Function(entry, owner, parameters, outputs)
 
 
 def is_friendly(entry):
@@ -112,8 +115,8 @@ def is_friendly(entry):
     return not is_length(entry) and entry.base != 0
 
 
-def functions(families, first=None):
-    """`first` is the position with which the language begins, if the words shall say that one instead of the entries'."""
+def functions(families, first=0):
+    """`first`: the position of a text's first character in the language."""
     return [(family, [function(e, first) for e in family.entries if is_friendly(e)]) for family in families]
 
 

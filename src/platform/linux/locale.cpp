@@ -135,10 +135,10 @@ void putDatePart(Output& out, const Moment& date, char letter, int count) {
     if (letter == 'M' && count >= 4) return out.putName(user.text(itemAt(ALTMON_1, month)));
     if (letter == 'M' && count == 3) return out.putName(user.text(itemAt(_NL_ABALTMON_1, month)));
     if (letter == 'M') return out.put(date.month, count);
-    if (letter == 'y') return count <= 2 ? out.put(date.year % 100u, count) : out.put(date.year, 4);
+    if (letter == 'y') return out.put(date.year, 4);
     if (count <= 2) return out.put(date.day, count);
     unsigned dayOfWeek = std::chrono::weekday(std::chrono::sys_days(dateOf(date))).c_encoding();
-    out.putName(user.text(itemAt(count == 3 ? ABDAY_1 : DAY_1, dayOfWeek)));
+    out.putName(user.text(itemAt(DAY_1, dayOfWeek)));
 }
 
 // A time by a format of strftime's kind, 12 hours turned into 24, the marker (with what separates it from the time

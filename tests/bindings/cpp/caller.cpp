@@ -141,6 +141,7 @@ std::string answerTo(const std::string& line) {
 }  // namespace
 
 int main() {
+    std::ios::sync_with_stdio(false);  // lines are long
     for (std::string line; std::getline(std::cin, line);) {
         try {
             std::cout << answerTo(line) << std::endl;

@@ -118,7 +118,8 @@ static class Caller
         Type[] types = method.GetParameters().Select(p => p.ParameterType).ToArray();
         object[] given = words.Select((w, i) => FriendlyArgument(w, parameters[i][1], i < own ? type : types[i - own], pos)).ToArray();
         object value = method.Invoke(own == 0 ? null : given[0], given.Skip(own).ToArray());
-        object[] values = outputs.Length < 2 ? new[] { value } : outputs.Select((_, i) => value.GetType().GetField("Item" + (i + 1)).GetValue(value)).ToArray();
+        Func<int, object> item = i => value.GetType().GetField("Item" + (i + 1)).GetValue(value);
+        object[] values = outputs.Length < 2 ? new[] { value } : outputs.Select((_, i) => item(i)).ToArray();
         var gave = outputs.Select((o, i) => new[] { o[0], o[1], FriendlyOutput(values[i], o[1], o[2], pos) }).ToList();
         for (int i = 0; i < given.Length; ++i)
             if (parameters[i][1] == "block" && given[i] != null) gave.Add(new[] { parameters[i][0], "text", "t" + Hex((byte[])given[i]) });

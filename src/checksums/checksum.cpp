@@ -5,7 +5,7 @@
 // to move 128 bits of a message forward over a distance is to multiply them by x to that power modulo the polynomial,
 // and four such lanes do not wait for one another; the tables then take what is left. The rows Crc32 of the benchmark
 // compare both with other libraries.
-#include "checks/checksum.h"
+#include "checksums/checksum.h"
 
 #include <emmintrin.h>
 #include <wmmintrin.h>
@@ -13,7 +13,7 @@
 #include <bit>
 #include <cstring>
 
-#include "checks/crc_tables.h"
+#include "checksums/crc_tables.h"
 #include "entries/checksum.h"
 #include "frame/text.h"
 

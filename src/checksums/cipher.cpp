@@ -1,5 +1,5 @@
 // Two ciphers that xor with a repeated key: of texts, with the caller's key, and of blocks, with a built-in one.
-#include "checks/cipher.h"
+#include "checksums/cipher.h"
 
 #include <emmintrin.h>
 

@@ -1,0 +1,292 @@
+"""Makes the friendly calls of vexlor_conformance through the Visual Basic modules, which it interprets: as much of the language as they
+use, on Latin-1 and with the Linux library in the DLL's place. caller_process.h has the protocol."""
+import ctypes
+import operator
+import os
+import sys
+
+from test_vba import ROOT, TOKEN, declarations, parameters, procedures
+
+from languages import model, vba  # by the path that test_vba sets
+from table import read_table
+
+LIBRARY = ctypes.CDLL(os.environ["VEXLOR32_LIBRARY"])
+DEFAULTS = {"Long": 0, "Double": 0.0, "Boolean": False, "LongPtr": 0}
+ORDER = [{"Or": operator.or_}, {"And": operator.and_},
+         {"=": operator.eq, "<>": operator.ne, "<": operator.lt, ">": operator.gt, "<=": operator.le, ">=": operator.ge},
+         {"&": lambda a, b: (a or "") + (b or "")}, {"+": operator.add, "-": operator.sub}, {"*": operator.mul, "/": operator.truediv}]
+
+
+class Cell:
+    def __init__(self, value=None):
+        self.value = value
+
+
+class Object:
+    def __init__(self, module):
+        self.module, self.cells = module, {"opened": Cell(0)}
+        run(CLASSES[module]["class_initialize"], [], self)
+
+
+class Leave(Exception):
+    pass
+
+
+def long(value):
+    if not -(1 << 31) <= value < 1 << 31:
+        raise OverflowError(f"6: {value} is no Long")
+    return int(value)
+
+
+def array(content):
+    return (ctypes.c_ubyte * len(content)).from_buffer_copy(content)
+
+
+def converted(text, how):
+    return bytes(text).decode("latin-1") if how == "vbUnicode" else array((text or "").encode("latin-1", "replace"))
+
+
+ENVIRONMENT = [f"{n}={v}" for n, v in os.environ.items()]
+OWN = {
+    "instr": lambda _, a, b, __: (a or "").find(b) + 1, "strcomp": lambda a, b, _: (a or "") != (b or ""), "strconv": converted,
+    "lenb": len, "len": lambda t: len(t or ""), "clng": lambda v: long(round(v)), "cdbl": float, "fix": int, "asc": ord,
+    "cstr": lambda v: v if isinstance(v, str) else str(v), "string$": lambda n, c: c * n, "left$": lambda t, n: t[:n],
+    "strptr": lambda t: 0 if t is None else 1, "lbound": lambda a: 0, "ubound": lambda a: len(a) - 1,
+    "vartype": lambda v: "vbString" if isinstance(v, str) else "", "environ$": lambda i: ENVIRONMENT[i - 1] if i <= len(ENVIRONMENT) else "",
+}
+CONSTANTS = {"vbnullstring": None, "vbnullchar": "\0", "least_host_room": 262144.0, "largest_room": 2147483647.0, "unsigned_range": 4294967296.0}
+
+
+class Statement:
+    """The tokens of a statement, evaluated while they are read."""
+
+    def __init__(self, line, cells, me):
+        self.tokens, self.at, self.cells, self.me = TOKEN.findall(line), 0, cells, me
+
+    def peek(self):
+        return self.tokens[self.at] if self.at < len(self.tokens) else ""
+
+    def take(self, *wanted):
+        if not wanted or self.peek() in wanted:
+            self.at += 1
+            return self.tokens[self.at - 1]
+        return ""
+
+    def expression(self, level=0):
+        return self.operand(level).value
+
+    def operand(self, level=0):
+        """A cell, the variable's own where it is one."""
+        if level == len(ORDER):
+            return self.single()
+        cell = self.operand(level + 1)
+        while token := self.take(*ORDER[level]):
+            cell = Cell(ORDER[level][token](cell.value, self.operand(level + 1).value))
+        return cell
+
+    def single(self, is_statement=False):
+        token = self.take()
+        name = token.lower()
+        if token == "-":
+            return Cell(-self.single().value)
+        if token == "(":
+            cell = Cell(self.expression())
+            assert self.take(")")
+            return cell
+        if token == "New":
+            return Cell(Object(self.take()))
+        if token == "Me":
+            return Cell(self.me)
+        if token[0] == '"':
+            return Cell(token[1:-1])
+        if token.startswith("&H"):
+            return Cell(int(token[2:-1], 16))
+        if token[0].isdigit():
+            return Cell(float(token[:-1]) if token.endswith("#") else int(token.rstrip("&")))
+        if name in CONSTANTS or name.startswith("vb"):
+            return Cell(CONSTANTS.get(name, token))
+        if name in self.cells:
+            return self.member(self.element(self.cells[name]), is_statement)
+        return Cell(self.call(name))
+
+    def element(self, cell):
+        if not isinstance(cell.value, ctypes.Array) or not self.take("("):
+            return cell
+        place = Cell()
+        place.address = ctypes.addressof(cell.value) + self.expression()
+        assert self.take(")") and place.address < ctypes.addressof(cell.value) + len(cell.value), "9: index"
+        return place
+
+    def member(self, cell, is_statement):
+        while self.take("."):
+            procedure = CLASSES[cell.value.module][self.take().lower()]
+            cell = Cell(run(procedure, self.arguments() if is_statement or self.peek() == "(" else [], cell.value))
+        return cell
+
+    def arguments(self):
+        """In brackets, or up to the statement's end."""
+        brackets, cells = self.take("("), []
+        while self.peek() not in (")", "", "Else", "="):
+            cells.append(Cell() if self.peek() == "," else self.operand())
+            if not self.take(","):
+                break
+        assert not brackets or self.take(")")
+        return cells
+
+    def call(self, name):
+        if name == "err":
+            self.take("."), self.take()
+            number, *words = self.arguments()
+            raise RuntimeError(f"{number.value}: {words[-1].value if words else ''}")
+        given = self.arguments()
+        if name == "varptr":
+            return given[0].address
+        if name in OWN:
+            return OWN[name](*(c.value for c in given))
+        return declared(*DECLARED[name], given) if name in DECLARED else run(PROCEDURES[name], given)
+
+    def perform(self):
+        if self.take("Exit"):
+            raise Leave
+        self.take("Set")
+        name = self.peek().lower()
+        if self.tokens[self.at + 1:self.at + 2] == ["="]:
+            self.at += 2
+            self.cells[name].value = self.expression()
+        else:
+            self.single(is_statement=True)
+
+
+def declared(name, wanted, result, given):
+    passed, back = [], []
+    for (how, _, _, kind), cell in zip(wanted, given, strict=True):
+        if kind == "String":
+            memory = None if cell.value is None else ctypes.create_string_buffer(cell.value.encode("latin-1", "replace"))
+            passed.append(memory)
+            if memory:
+                back.append((cell, lambda m=memory: m.raw[:-1].decode("latin-1")))
+        elif kind == "Any" or kind == "LongPtr":
+            passed.append(ctypes.c_void_p(cell.address if kind == "Any" else cell.value))
+        elif how == "ByRef":
+            number = ctypes.c_int32(cell.value)
+            passed.append(ctypes.byref(number))
+            back.append((cell, lambda n=number: n.value))
+        else:
+            passed.append(ctypes.c_int32(long(cell.value)))
+    function = {"lstrlenA": ctypes.CDLL(None).strlen, "RtlMoveMemory": ctypes.CDLL(None).memmove}.get(name) or LIBRARY[name]
+    function.restype = {"Long": ctypes.c_int32, "LongPtr": ctypes.c_void_p}.get(result)
+    value = function(*passed)
+    for cell, read in back:
+        cell.value = read()
+    return value or 0
+
+
+def run(procedure, given, me=None):
+    name, wanted, result, body = procedure
+    cells = dict(me.cells) if me else {}
+    cells[name.lower()] = Cell(DEFAULTS.get(result))
+    for (how, n, _, kind), cell in zip(wanted, given, strict=True):
+        cells[n.lower()] = cell if how == "ByRef" else Cell(float(cell.value) if kind == "Double" else cell.value)
+    lines, i = [line for _, line in body], 0
+    try:
+        while i < len(lines):
+            statement, i = Statement(lines[i], cells, me), i + 1
+            if statement.take("Dim"):
+                cells[statement.take().lower()] = Cell(DEFAULTS.get(statement.tokens[-1]))
+            elif statement.take("ReDim"):
+                n = statement.take().lower()
+                statement.take("("), statement.take(), statement.take("To")
+                cells[n].value = array(bytes(statement.expression() + 1))
+            elif statement.take("If"):
+                holds = statement.expression()
+                assert statement.take("Then")
+                if statement.peek():
+                    if not holds:
+                        statement.at = statement.tokens.index("Else") + 1 if "Else" in statement.tokens else len(statement.tokens)
+                    if statement.peek():
+                        statement.perform()
+                elif not holds:
+                    i = next(k for k in range(i, len(lines)) if lines[k] in ("Else", "End If")) + 1
+            elif statement.take("Else"):
+                i = lines.index("End If", i) + 1
+            elif statement.take("Do"):
+                statement.take("While")
+                i = i if statement.expression() else lines.index("Loop", i) + 1
+            elif lines[i - 1] == "Loop":
+                i = next(k for k in range(i - 1, -1, -1) if lines[k].startswith("Do "))
+            elif lines[i - 1] != "End If":
+                statement.perform()
+    except Leave:
+        pass
+    return cells[name.lower()].value
+
+
+def module(name):
+    return {n.lower(): (n, given, result, body) for _, n, given, result, body in procedures(name)}
+
+
+PROCEDURES = module("Vexlor32.bas")
+CLASSES = {name: module(name + ".cls") for name in ("VexlorTable", "VexlorFile")}
+DECLARED = {d[3].lower(): (d[5] or d[3], parameters(d[6]), d[7]) for m in ("Vexlor32Exact.bas", "Vexlor32.bas") for _, d in declarations(m)}
+FUNCTIONS = {f.entry.main: f for _, functions in model.functions(read_table(ROOT)[0]) for f in functions}
+opened = {}
+
+
+def given(word, parameter):
+    if parameter.type_name:
+        return opened[parameter.type_name, word]
+    if word[0] in "nz":
+        return int(word[1:]) if word[0] == "n" else None
+    content = bytes.fromhex(word[1:])
+    return array(content) if parameter.is_memory else content.decode("latin-1")
+
+
+def shown(value, output):
+    if output.kind in ("Table", "File"):
+        if value is None:
+            return {"Table": "n0", "File": "n-1"}[output.kind]
+        word = f"n{value.cells['opened'].value}"
+        opened[output.kind, word] = value
+        return word
+    if output.kind == "offset":
+        return f"p{output.place}@{value - 1}" if value else "z"
+    if output.kind == "text":
+        return "z" if value is None else "t" + value.encode("latin-1").hex()
+    return f"n{int(value)}"
+
+
+def friendly_call(main, words):
+    function = FUNCTIONS[main]
+    cells = [Cell(given(word, p)) for word, p in zip(words, function.parameters, strict=True)]
+    outputs = [Cell(DEFAULTS.get(vba.VALUES[o.kind])) for o in vba.others(function)]
+    if function.owner:
+        owner = cells[0].value
+        value = run(CLASSES[owner.module][vba.method_name(function).lower()], cells[1:] + outputs, owner)
+    else:
+        value = run(PROCEDURES[vba.function_name(function).lower()], cells + outputs)
+    gave = {o.name: shown(c.value, o) for o, c in zip(vba.others(function), outputs)}
+    if vba.value_of(function):
+        gave[vba.value_of(function).name] = shown(value, vba.value_of(function))
+    texts = [o.name for o in function.outputs if o.kind == "text" and o.name != "result"]
+    blocks = {p.name: "t" + bytes(c.value).hex() for p, c in zip(function.parameters, cells) if p.kind == "block" and c.value is not None}
+    written = texts or list(blocks)
+    result = gave.pop("result", None) or ("v" if not written else "z" if gave.get(written[0]) == "z" else f"p{written[0]}@0")
+    return " ".join([result] + [f"{n}={v}" for n, v in (gave | blocks).items() if v != "z"])
+
+
+def main():
+    for line in sys.stdin:
+        what, *words = line.split()
+        try:
+            if what == "enter":
+                os.chdir(bytes.fromhex(words[0]).decode())
+                answer = "ok"
+            else:
+                answer = friendly_call(words[0], words[1:])
+        except Exception as error:  # whatever it is, the row shows it
+            answer = f"!{type(error).__name__}: {error}".replace("\n", " ")
+        print(answer, flush=True)
+
+
+if __name__ == "__main__":
+    main()
