@@ -12,7 +12,7 @@ import examples
 import header
 import library
 import pages
-from languages import cpp, csharp, java, node, python, vba
+from languages import cpp, csharp, java, node, pascal, python, vba
 from table import TableError, read_table
 from writing import write_if_changed
 
@@ -71,7 +71,7 @@ def bindings(families, groups):
     folder = ROOT / "bindings"
     products = {f"bindings/{p.relative_to(folder)}": p.read_text(encoding="utf-8")
                 for p in sorted(folder.rglob("*")) if p.is_file() and "__pycache__" not in p.parts}
-    for language in (cpp, csharp, java, node, python, vba):
+    for language in (cpp, csharp, java, node, pascal, python, vba):
         products |= {f"bindings/{name}": text for name, text in language.products(families, groups, clashes).items()}
     return products
 

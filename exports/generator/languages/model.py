@@ -72,10 +72,14 @@ class Function:
         return names[0] if names and self.entry.returns == "dest" else ""
 
 
+def without_prefix(name, prefix):
+    rest = name.removeprefix(prefix)
+    return rest if rest[:1].isupper() else name
+
+
 def name_words(main, prefix=""):
-    """FSeekLine -> f seek line; _str2blob -> str2blob; IsChrAlpha -> is chr alpha."""
-    name = main.lstrip("_")
-    name = name.removeprefix(prefix)
+    """FSeekLine -> f seek line; _str2blob -> str2blob; IsChrAlpha -> is chr alpha. FileAttr does not begin with the prefix F."""
+    name = without_prefix(main.lstrip("_"), prefix)
     words = re.findall(r"[A-Z]+(?![a-z])[0-9]*|[A-Z]?[a-z0-9]+", name)
     assert "".join(words) == name.replace("_", ""), main
     return [w.lower() for w in words]
