@@ -74,12 +74,14 @@ std::vector<rows::Block> allExamples() {
 int main(int argc, char** argv) {
     CLI::App app("Runs rows through a binding of another language.");
     bool isFriendly = false;
-    std::vector<std::string> command;
     app.add_flag("--friendly", isFriendly, "the examples of the table, by the friendly functions");
-    app.add_option("command", command, "the program that makes the calls")->required();
-    app.prefix_command();
+    app.prefix_command();  // the rest is the program that makes the calls, with its own options
     CLI11_PARSE(app, argc, argv);
-    for (const std::string& word : app.remaining()) command.push_back(word);
+    std::vector<std::string> command = app.remaining();
+    if (command.empty()) {
+        std::fputs("which program makes the calls?\n", stderr);
+        return 2;
+    }
     std::signal(SIGPIPE, SIG_IGN);  // a program that has ended shows in what it does not answer
     test::CallerProcess process(command, isFriendly);
     rows::Host host{.find = nullptr, .machine = nullptr, .remote = &process, .onlyRows = isFriendly};
