@@ -138,7 +138,7 @@ def definition(function, family, name_in_c):
     uses = any("result" in v for v in values)
     lines.append(f"{body}{'auto result = ' if uses else ''}{call};")
     if closes:
-        lines.append(f"{body}forget();")
+        lines.append(f"{body}if ({model.CLOSED[function.owner]}) forget();  // what could not be written stays open")
     if values:
         lines.append(f"{body}return {values[0]};" if len(values) == 1 else f"{body}return {{{', '.join(values)}}};")
     lines.append(indent + "}")

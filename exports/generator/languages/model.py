@@ -13,6 +13,8 @@ from rooms import HOST
 from wording import argument_words, is_length, result_words, summary
 
 OBJECTS = {"table": "Table", "handle": "File"}
+# What closing gives where it is done.
+CLOSED = {"Table": "result == 0", "File": "result != 0"}
 
 
 @dataclasses.dataclass

@@ -140,7 +140,7 @@ def definition(function):
     uses = any("result" in o for o in outputs)
     lines.append(f"{indent}  {'const result = ' if uses else ''}{call}")
     if function.owner and name == "close":
-        lines.append(f"{indent}  this.forget();")
+        lines.append(f"{indent}  if ({model.CLOSED[function.owner].replace('==', '===').replace('!=', '!==')}) this.forget(); // what could not be written stays open")
     if outputs:
         lines.append(f"{indent}  return {outputs[0] if len(outputs) == 1 else '[' + ', '.join(outputs) + ']'};")
     return lines + [indent + "}"]

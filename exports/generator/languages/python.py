@@ -183,7 +183,7 @@ def definition(function, family):
     outputs = returned(function)
     uses_result = any("result" in o for o in outputs)
     if method and function_name(function) == "close":
-        lines += [f"{body}result = {call}", f"{body}self.forget()", f"{body}return {outputs[0]}"]
+        lines += [f"{body}result = {call}", f"{body}if {model.CLOSED[function.owner]}:  # what could not be written stays open", f"{body}    self.forget()", f"{body}return {outputs[0]}"]
     elif not outputs:
         lines.append(body + call)
     else:

@@ -47,8 +47,8 @@ class WindowsFiles final : public Files {
     }
 
     bool close(std::int32_t handle) override {
-        if (handle != -1) return CloseHandle(handleOf(handle));
-        SetLastError(kInvalidHandle);  // Windows NT closes the running process's handle, and that is no failure
+        if (handle >= 0) return CloseHandle(handleOf(handle));
+        SetLastError(kInvalidHandle);  // Windows has such for the running process, and closing one is no failure to it
         return false;
     }
 
