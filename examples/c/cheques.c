@@ -12,6 +12,8 @@
 
 enum { LINE_WIDTH = 64, AMOUNT_WIDTH = 12, MEMO_WIDTH = 40, SOUND = 6, CENTS_OVER_100 = 0, MOST_COLUMNS = 32 };
 
+static const char structure[] = "NUMBER,N,6:PAYEE,C,30:TOWN,C,20:STATE,C,2:DATED,D:AMOUNT,N,12,2:CLEARED,L:MEMO,M";
+
 struct row {
     int count;
     char *fields[MOST_COLUMNS];
@@ -52,11 +54,11 @@ static char *field(struct run *run, const char *name) {
 static struct payee *cleaned(struct run *run) {
     struct payee *payee = memory(sizeof *payee);
     /* Quotes, asterisks, stops and blanks around a name are how it was typed, not what it is. */
-    const char *typed = field(run, "name"), *state = AllTrim(field(run, "state"), NULL);
+    const char *typed = field(run, "name"), *region = AllTrim(field(run, "state"), NULL);
     payee->name = ChrTrim(typed, " \t\"*.", VX_TRIM_BOTH, memory(strlen(typed) + 1));
     Soundex(payee->name, NULL, SOUND, payee->sound);
     payee->town = AllTrim(field(run, "town"), NULL);
-    strlen(state) == 2 ? strcpy(payee->code, state) : StateCode(state, payee->code);
+    strlen(region) == 2 ? strcpy(payee->code, region) : StateCode(region, payee->code);
     payee->zip = AllTrim(field(run, "zip"), NULL);
     payee->date = AllTrim(field(run, "date"), NULL);
     payee->memo = field(run, "memo");
@@ -79,12 +81,14 @@ static const char *objection_to(const struct payee *payee) {
 /* The same sound, the same amount: perhaps the same bill, typed twice. NULL if not. */
 static const struct payee *twin_of(const struct run *run, const struct payee *payee) {
     const struct payee *paid = run->paid;
-    while (paid && (strcmp(paid->sound, payee->sound) != 0 || strcmp(paid->amount, payee->amount) != 0)) paid = paid->before;
+    while (paid && (strcmp(paid->sound, payee->sound) != 0 || strcmp(paid->amount, payee->amount) != 0))
+        paid = paid->before;
     return paid;
 }
 
 static void write_cheque(int number, const struct payee *payee) {
-    char line[LINE_WIDTH + 1], date[14 * 11 + 1], amount[AMOUNT_WIDTH + 1], words[512], state[21], memo[MEMO_WIDTH + 1];
+    char line[LINE_WIDTH + 1], memo[MEMO_WIDTH + 1], amount[AMOUNT_WIDTH + 1];
+    char date[14 * 11 + 1], words[512], state_name[21]; /* the rooms that the header states */
     GetJDatef(DateToJulian(payee->date), "MMMM DDD, YYYY", date);
     printf("No. %d%s\n", number, StrJustify(date, LINE_WIDTH - 8, VX_JUSTIFY_RIGHT_TRIMMED, " ", line));
     /* Stars in front of an amount leave no room for a digit more. */
@@ -92,7 +96,7 @@ static void write_cheque(int number, const struct payee *payee) {
     CapFirst(UnTrim(payee->name, LINE_WIDTH - 8 - 2 - AMOUNT_WIDTH, ".", line), NULL);
     printf("Pay     %s$ %s\n", line, amount);
     printf("        %s\n", NumToDollars(payee->amount, CENTS_OVER_100, words));
-    printf("        %s, %s %s\n", payee->town, StateCode(payee->code, state), payee->zip);
+    printf("        %s, %s %s\n", payee->town, StateCode(payee->code, state_name), payee->zip);
     for (int i = 1; i <= WrapCount(payee->memo, MEMO_WIDTH); ++i) {
         StrWrap(payee->memo, i, MEMO_WIDTH, memo);
         printf("%s%s\n", i == 1 ? "Memo    " : "        ", AllTrim(memo, NULL));
@@ -118,7 +122,8 @@ static void pay(struct run *run) {
     if (objection) {
         printf("no cheque for [%s]: %s\n\n", field(run, "name"), objection);
     } else if (twin) {
-        printf("no cheque for [%s]: sounds like %s, with the same amount: paid twice?\n\n", field(run, "name"), twin->name);
+        printf("no cheque for [%s]: sounds like %s, with the same amount: paid twice?\n\n", field(run, "name"),
+               twin->name);
     } else {
         write_cheque(++run->number, payee);
         enter(run->table, run->number, payee);
@@ -147,7 +152,7 @@ int main(int argc, char **argv) {
     struct csv_parser parser;
     char bytes[4096];
     if (argc != 3) return fprintf(stderr, "usage: %s PAYEES.csv CHEQUES.dbf\n", argv[0]), 2;
-    run.table = DbfStrCreate(argv[2], "NUMBER,N,6:PAYEE,C,30:TOWN,C,20:STATE,C,2:DATED,D:AMOUNT,N,12,2:CLEARED,L:MEMO,M");
+    run.table = DbfStrCreate(argv[2], structure);
     if (!run.table) fail("cannot create the table ", argv[2]);
     FILE *file = fopen(argv[1], "rb");
     if (!file) fail("cannot read ", argv[1]);

@@ -1,7 +1,7 @@
 // The cheque run of a small business: reads payees from a CSV file, cleans and checks them, and writes a cheque for each
 // that is in order, on the screen and in a table.
 //
-//     mcs -langversion:7 -r:Vexlor32.Net.dll Cheques.cs
+//     mcs -langversion:7 Cheques.cs $VEXLOR/csharp/*.cs
 //     mono Cheques.exe PAYEES.csv CHEQUES.dbf
 using System;
 using System.Collections.Generic;
@@ -31,7 +31,8 @@ static class Cheques
             row.Add(field.Groups[1].Success ? field.Groups[1].Value.Replace("\"\"", "\"") : field.Groups[2].Value);
             if (field.Groups[3].Value == ",") continue;
             if (names == null) names = row;
-            else if (string.Concat(row) != "") yield return names.Zip(row, Tuple.Create).ToDictionary(pair => pair.Item1, pair => pair.Item2);
+            else if (string.Concat(row) != "")
+                yield return names.Zip(row, Tuple.Create).ToDictionary(pair => pair.Item1, pair => pair.Item2);
             row = new List<string>();
         }
     }
@@ -40,7 +41,8 @@ static class Cheques
 
     static Dictionary<string, string> Cleaned(Dictionary<string, string> row)
     {
-        var payee = row.ToDictionary(field => field.Key, field => field.Key == "memo" ? field.Value : AllTrim(field.Value));
+        var payee = row.ToDictionary(field => field.Key, field => AllTrim(field.Value));
+        payee["memo"] = row["memo"];
         // Quotes, asterisks, stops and blanks around a name are how it was typed, not what it is.
         payee["name"] = ChrTrim(row["name"], " \t\"*.", VX_TRIM_BOTH);
         if (payee["state"].Length != 2) payee["state"] = StateCode(payee["state"]);
@@ -73,17 +75,20 @@ static class Cheques
         Console.WriteLine("        " + NumToDollars(payee["amount"], CentsOver100));
         Console.WriteLine($"        {payee["town"]}, {StateCode(payee["state"])} {payee["zip"]}");
         for (int line = 1; line <= WrapCount(payee["memo"], MemoWidth); ++line)
-            Console.WriteLine((line == 1 ? "Memo    " : "        ") + AllTrim(StrWrap(payee["memo"], line, MemoWidth).Dest));
+        {
+            string text = StrWrap(payee["memo"], line, MemoWidth).Dest;
+            Console.WriteLine((line == 1 ? "Memo    " : "        ") + AllTrim(text));
+        }
         Console.WriteLine(Replicate("-", LineWidth) + "\n");
     }
 
     static void Enter(Table table, int number, Dictionary<string, string> payee)
     {
-        if (table.Append(1) == 0 || !table.Replace("NUMBER", number.ToString()) || !table.Replace("PAYEE", payee["name"]) ||
-            !table.Replace("TOWN", payee["town"]) || !table.Replace("STATE", payee["state"]) ||
-            !table.Replace("DATED", GetJDatef(DateToJulian(payee["date"]), "YYYYMMDD")) ||
-            !table.Replace("AMOUNT", payee["amount"]) || !table.Replace("CLEARED", "F") || !table.Replace("MEMO", payee["memo"]))
-            throw new IOException("cannot write to the table");
+        bool written = table.Append(1) != 0 && table.Replace("NUMBER", number.ToString()) &&
+            table.Replace("PAYEE", payee["name"]) && table.Replace("TOWN", payee["town"]) && table.Replace("STATE", payee["state"]) &&
+            table.Replace("DATED", GetJDatef(DateToJulian(payee["date"]), "YYYYMMDD")) &&
+            table.Replace("AMOUNT", payee["amount"]) && table.Replace("CLEARED", "F") && table.Replace("MEMO", payee["memo"]);
+        if (!written) throw new IOException("cannot write to the table");
     }
 
     static void Run(string csv, string dbf)

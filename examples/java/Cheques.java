@@ -1,7 +1,8 @@
 // The cheque run of a small business: reads payees from a CSV file, cleans and checks them, and writes a cheque for each
 // that is in order, on the screen and in a table.
 //
-//     java -cp vexlor32.jar:jna.jar Cheques.java PAYEES.csv CHEQUES.dbf
+//     javac -d . -cp /usr/share/java/jna.jar -sourcepath $VEXLOR/java/src Cheques.java
+//     java -cp .:/usr/share/java/jna.jar Cheques PAYEES.csv CHEQUES.dbf
 import static vexlor32.Constants.VX_JUSTIFY_RIGHT_TRIMMED;
 import static vexlor32.Constants.VX_TRIM_BOTH;
 import static vexlor32.Vexlor32.*;
@@ -58,8 +59,8 @@ public final class Cheques {
         String name = chrTrim(row.get("name"), " \t\"*.", VX_TRIM_BOTH), state = allTrim(row.get("state"));
         // 1,250 and 1250.00 are one amount; what is no number is none.
         String amount = withoutCommas(comma(withoutCommas(allTrim(row.get("amount")))));
-        return new Payee(name, allTrim(row.get("town")), state.length() == 2 ? state : stateCode(state), allTrim(row.get("zip")),
-                allTrim(row.get("date")), amount, row.get("memo"));
+        return new Payee(name, allTrim(row.get("town")), state.length() == 2 ? state : stateCode(state),
+                allTrim(row.get("zip")), allTrim(row.get("date")), amount, row.get("memo"));
     }
 
     private String objectionTo(Payee payee) {
@@ -82,17 +83,19 @@ public final class Cheques {
         System.out.println("        " + numToDollars(payee.amount, CENTS_OVER_100));
         System.out.println("        " + payee.town + ", " + stateCode(payee.state) + " " + payee.zip);
         for (int line = 1; line <= wrapCount(payee.memo, MEMO_WIDTH); ++line) {
-            System.out.println((line == 1 ? "Memo    " : "        ") + allTrim(strWrap(payee.memo, line, MEMO_WIDTH).dest()));
+            String text = strWrap(payee.memo, line, MEMO_WIDTH).dest();
+            System.out.println((line == 1 ? "Memo    " : "        ") + allTrim(text));
         }
         System.out.println(replicate("-", LINE_WIDTH) + "\n");
     }
 
     private void enter(Table table, Payee payee) throws IOException {
         String date = getJDatef(dateToJulian(payee.date), "YYYYMMDD");
-        if (table.append(1) == 0 || !table.replace("NUMBER", Integer.toString(number)) || !table.replace("PAYEE", payee.name)
-                || !table.replace("TOWN", payee.town) || !table.replace("STATE", payee.state) || !table.replace("DATED", date)
-                || !table.replace("AMOUNT", payee.amount) || !table.replace("CLEARED", "F") || !table.replace("MEMO", payee.memo))
-            throw new IOException("cannot write to the table");
+        boolean written = table.append(1) != 0 && table.replace("NUMBER", Integer.toString(number))
+                && table.replace("PAYEE", payee.name) && table.replace("TOWN", payee.town)
+                && table.replace("STATE", payee.state) && table.replace("DATED", date)
+                && table.replace("AMOUNT", payee.amount) && table.replace("CLEARED", "F") && table.replace("MEMO", payee.memo);
+        if (!written) throw new IOException("cannot write to the table");
     }
 
     private void run(String csv, String dbf) throws IOException {

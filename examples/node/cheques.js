@@ -16,7 +16,8 @@ const CENTS_OVER_100 = 0;
 // The rows of a CSV file, as objects by the names of the first one.
 function readCsv(path) {
   const rows = [[]];
-  for (const [, quoted, plain, end] of fs.readFileSync(path, 'latin1').matchAll(/(?:"((?:[^"]|"")*)"|([^,\r\n]*))(,|\r?\n|$)/g)) {
+  const fields = /(?:"((?:[^"]|"")*)"|([^,\r\n]*))(,|\r?\n|$)/g;
+  for (const [, quoted, plain, end] of fs.readFileSync(path, 'latin1').matchAll(fields)) {
     rows.at(-1).push(quoted?.replaceAll('""', '"') ?? plain);
     if (end !== ',') rows.push([]);
   }
@@ -77,7 +78,8 @@ function enter(table, number, payee) {
     CLEARED: 'F',
     MEMO: payee.memo,
   };
-  if (!table.append(1) || !Object.entries(values).every(([field, value]) => table.replace(field, value))) throw new Error('cannot write to the table');
+  const written = table.append(1) && Object.entries(values).every(([field, value]) => table.replace(field, value));
+  if (!written) throw new Error('cannot write to the table');
 }
 
 function run(csv, dbf) {

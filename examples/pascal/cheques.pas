@@ -1,14 +1,14 @@
 // The cheque run of a small business: reads payees from a CSV file, cleans and checks them, and writes a cheque for each
 // that is in order, on the screen and in a table.
 //
-//     fpc cheques.pas
+//     fpc -FU. -Fu$VEXLOR/pascal cheques.pas
 //     ./cheques PAYEES.csv CHEQUES.dbf
 program Cheques;
 
 {$MODE DELPHI}{$H+}
 
 uses
-  Classes, SysUtils, CsvDocument, Vexlor, VexlorConsts;
+  SysUtils, Fgl, CsvDocument, Vexlor, VexlorConsts;
 
 const
   LineWidth = 64;
@@ -25,7 +25,7 @@ type
 var
   Csv: TCSVDocument;
   Table: TVexlorTable;
-  Paid: TStringList;  // who, by sound and amount
+  Paid: TFPGMap<string, string>;  // who, by sound and amount
   Number: Integer = 1000;
   Refused: Integer = 0;
 
@@ -64,8 +64,8 @@ begin
   if not IsZip(Payee.State, Payee.Zip) then Exit('the ZIP code is not in this state');
   // The same sound, the same amount: perhaps the same bill, typed twice.
   Bill := Soundex(Payee.Name, '', 6) + ' ' + Payee.Amount;
-  if Paid.IndexOfName(Bill) >= 0 then Exit('sounds like ' + Paid.Values[Bill] + ', with the same amount: paid twice?');
-  Paid.Values[Bill] := Payee.Name;
+  if Paid.IndexOf(Bill) >= 0 then Exit('sounds like ' + Paid[Bill] + ', with the same amount: paid twice?');
+  Paid[Bill] := Payee.Name;
   Result := '';
 end;
 
@@ -124,10 +124,12 @@ procedure Run(const CsvPath, DbfPath: string);
 var
   Row: Integer;
 begin
+  Csv.EqualColCountPerRow := False;  // so that empty lines show
   Csv.LoadFromFile(CsvPath);
   Table := DbfStrCreate(DbfPath, Structure);
   if Table = nil then raise EInOutError.Create('cannot create the table ' + DbfPath);
-  for Row := 1 to Csv.RowCount - 1 do Pay(Row);
+  for Row := 1 to Csv.RowCount - 1 do
+    if Csv.HasCell(1, Row) then Pay(Row);
   // All is on the disk when this returns.
   if Table.Close <> 0 then raise EInOutError.Create('cannot close the table');
   WriteLn(Number - 1000, ' cheques written, ', Refused, ' payees to look at');
@@ -140,7 +142,7 @@ begin
     Halt(2);
   end;
   Csv := TCSVDocument.Create;
-  Paid := TStringList.Create;
+  Paid := TFPGMap<string, string>.Create;
   try
     try
       Run(ParamStr(1), ParamStr(2));

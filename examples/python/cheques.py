@@ -1,7 +1,7 @@
 """The cheque run of a small business: reads payees from a CSV file, cleans and checks them, and writes a cheque for each
 that is in order, on the screen and in a table.
 
-    python3 cheques.py PAYEES.csv CHEQUES.dbf
+    PYTHONPATH=$VEXLOR/python python3 cheques.py PAYEES.csv CHEQUES.dbf
 """
 import csv
 import itertools
