@@ -4,6 +4,7 @@
     python3 exports/generator --check       says which committed products differ from the table; writes nothing
 """
 import argparse
+import hashlib
 import pathlib
 import sys
 
@@ -12,7 +13,7 @@ import examples
 import header
 import library
 import pages
-from languages import cpp, csharp, java, node, pascal, python, vba
+from languages import cpp, csharp, java, node, pascal, python, rust, vba
 from table import TableError, read_table
 from writing import write_if_changed
 
@@ -71,9 +72,11 @@ def bindings(families, groups):
     folder = ROOT / "bindings"
     products = {f"bindings/{p.relative_to(folder)}": p.read_text(encoding="utf-8")
                 for p in sorted(folder.rglob("*")) if p.is_file() and "__pycache__" not in p.parts}
-    for language in (cpp, csharp, java, node, pascal, python, vba):
+    for language in (cpp, csharp, java, node, pascal, python, rust, vba):
         products |= {f"bindings/{name}": text for name, text in language.products(families, groups, clashes).items()}
-    return products
+    # What compilers of other languages depend on, which tell nobody what they have read.
+    everything = "\0".join(f"{name}\0{text}" for name, text in sorted(products.items()))
+    return products | {"bindings/digest": hashlib.sha256(everything.encode()).hexdigest() + "\n"}
 
 
 def main():

@@ -51,6 +51,14 @@ std::size_t argumentCalled(const Entry& entry, const std::string& name) {
     throw std::string(entry.main()) + " has no argument " + name;
 }
 
+// Rows compare the 32 bits of a number; what it is in a wider one of the language is checked here.
+void checkRange(catalog::Result kind, std::int64_t number) {
+    bool isUnsigned = kind == catalog::Result::kUint || kind == catalog::Result::kTable;
+    bool fits = isUnsigned ? number >= 0 && number <= UINT32_MAX : number >= INT32_MIN && number <= INT32_MAX;
+    if (catalog::isNumber(kind) && !fits)
+        throw "gave " + std::to_string(number) + ", which the result's type cannot be";
+}
+
 void fill(const Passed& argument, const std::string& bytes, bool isText) {
     if (argument.how != Passed::How::kMemory) return;
     if (bytes.size() + isText > argument.size)
@@ -128,6 +136,7 @@ void CallerProcess::call(const Entry& entry, const std::string& name, std::span<
         takeFriendly(answer, entry, arguments, result);
     else
         takeExact(answer, arguments, result);
+    checkRange(entry.result, result.number);
 }
 
 void CallerProcess::takeExact(const Words& answer, std::span<const Passed> arguments, catalog::Value& result) {

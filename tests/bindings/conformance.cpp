@@ -1,6 +1,6 @@
 // Runs the rows of the tests, or the examples of the table, through a binding of another language.
 //
-//     vexlor_conformance [--friendly] PROGRAM ARGUMENT...
+//     vexlor_conformance [--friendly] -- PROGRAM ARGUMENT...
 //
 // The program answers as caller_process.h says. What it lacks it may tell by ending with 77 before it answers.
 #include <CLI/CLI.hpp>
@@ -74,14 +74,10 @@ std::vector<rows::Block> allExamples() {
 int main(int argc, char** argv) {
     CLI::App app("Runs rows through a binding of another language.");
     bool isFriendly = false;
+    std::vector<std::string> command;
     app.add_flag("--friendly", isFriendly, "the examples of the table, by the friendly functions");
-    app.prefix_command();  // the rest is the program that makes the calls, with its own options
+    app.add_option("command", command, "the program that makes the calls")->required();
     CLI11_PARSE(app, argc, argv);
-    std::vector<std::string> command = app.remaining();
-    if (command.empty()) {
-        std::fputs("which program makes the calls?\n", stderr);
-        return 2;
-    }
     std::signal(SIGPIPE, SIG_IGN);  // a program that has ended shows in what it does not answer
     test::CallerProcess process(command, isFriendly);
     rows::Host host{.find = nullptr, .machine = nullptr, .remote = &process, .onlyRows = isFriendly};
