@@ -24,6 +24,7 @@ LANGUAGES = {
     "Pascal": ("pascal", ["fpc"], "pascal/cheques.pas"),
     "Java": ("java", ["javac", "java"], "java/Cheques.java"),
     "Node": ("js", ["node"], "node/cheques.js"),
+    "Rust": ("rust", ["rustc"], None),
 }
 ODD_PAYEES = '''name,town,state,zip,date,amount,memo
 "Quist, ""The Desk""",Cedar Rapids,Iowa,52401,3/4/2026,"1,000",\r
@@ -58,10 +59,10 @@ class Languages(unittest.TestCase):
     def tearDownClass(cls):
         shutil.rmtree(SCRATCH)
 
-    def run_shell(self, command, folder, stderr=subprocess.PIPE):
+    def run_shell(self, command, folder):
         """In a folder that looks like the project's, after what the README says first."""
-        return subprocess.run(["bash", "-e", "-c", self.programs["sh"] + command], cwd=folder, env=self.environment, stdout=subprocess.PIPE, stderr=stderr,
-                              text=True, timeout=300)
+        return subprocess.run(["bash", "-e", "-c", self.programs["sh"] + command], cwd=folder, env=self.environment, stdout=subprocess.PIPE,
+                              stderr=subprocess.PIPE, text=True, timeout=300)
 
     def check_run(self, command, folder):
         done = self.run_shell(command, folder)
@@ -91,6 +92,7 @@ class Languages(unittest.TestCase):
         if not DEMO.exists():
             self.skipTest("the cheque run in C++ was not built")
         shutil.copy(source, folder)
+        (folder / "cpp").mkdir()
         head, arguments, _ = source.read_text().partition(" PAYEES.csv CHEQUES.dbf")
         *building, running = re.findall(r"^(?://| \*)? {4,}(\S.*)$", head + arguments, re.MULTILINE)
         for command in building:
@@ -99,7 +101,7 @@ class Languages(unittest.TestCase):
                               (ROOT / "examples" / "payees.csv", "nowhere/cheques.dbf"), (SCRATCH / "nowhere.csv", "empty.dbf"), ("", "")]:
             with self.subTest(payees=str(payees), table=table):
                 ours = self.run_shell(running.replace("PAYEES.csv CHEQUES.dbf", f"{payees} {table}"), folder)
-                wanted = self.run_shell(f"{DEMO} {NATIVE}/libvexlor32.so {payees} {table and 'cpp/' + table}", folder_with_tables(folder))
+                wanted = self.run_shell(f"{DEMO} {NATIVE}/libvexlor32.so {payees} {table and 'cpp/' + table}", folder)
                 self.assertEqual((ours.returncode, ours.stdout), (wanted.returncode, wanted.stdout), ours.stderr)
                 self.assertEqual(bool(ours.stderr), ours.returncode != 0, ours.stderr)
                 if ours.returncode == 0:
@@ -118,11 +120,6 @@ class Languages(unittest.TestCase):
 
     def test_each_row_of_the_readme_is_tried(self):
         self.assertEqual(set(self.rows), set(LANGUAGES))
-
-
-def folder_with_tables(folder):
-    (folder / "cpp").mkdir(exist_ok=True)
-    return folder
 
 
 def without_date(table):
