@@ -60,15 +60,22 @@ class ChequeRun {
             call_.allTrim(text->c_str(), nullptr);
             fit(*text);
         }
-        call_.strTran(std::string(payee.amount).c_str(), ",", "", kFromFirst, kAllOccurrences, payee.amount.data());
-        fit(payee.amount);
+        payee.amount = withCents(payee.amount);
         return payee;
+    }
+
+    // 1,250 and 1250.00 are one amount; what is no number is none.
+    std::string withCents(const std::string& typed) const {
+        std::string plain = typed;
+        char amount[64];
+        call_.comma(call_.strTran(typed.c_str(), ",", "", kFromFirst, kAllOccurrences, plain.data()), amount);
+        return call_.strTran(amount, ",", "", kFromFirst, kAllOccurrences, amount);
     }
 
     std::string objectionTo(const Payee& payee) {
         if (call_.strEmpty(payee.name.c_str())) return "no payee";
-        if (call_.strEmpty(payee.amount.c_str()) || !call_.isNum(payee.amount.c_str(), kAmountWidth))
-            return "the amount is no number";
+        if (payee.amount.empty()) return "the amount is no number";
+        if (payee.amount.size() > kAmountWidth) return "the amount is too large for a cheque";
         if (!call_.checkDate(payee.date.c_str())) return "there is no such date";
         if (!call_.isZip(codeOf(payee.state).c_str(), payee.zip.c_str())) return "the ZIP code is not in this state";
         // The same sound, the same amount: perhaps the same bill, typed twice.
@@ -84,14 +91,12 @@ class ChequeRun {
     }
 
     void write(const Payee& payee) {
-        char line[kLineWidth + 1], date[64], state[64], amount[kAmountWidth + 1], words[512], memo[kMemoWidth + 1];
+        char line[kLineWidth + 1], date[160], state[64], amount[kAmountWidth + 1], words[512], memo[kMemoWidth + 1];
         call_.getJDatef(call_.dateToJulian(payee.date.c_str()), "MMMM DDD, YYYY", date);
         std::printf("No. %d%s\n", number_, call_.strJustify(date, kLineWidth - 8, kRightWithBlanksDropped, " ", line));
 
         // Stars in front of an amount leave no room for a digit more.
-        call_.unTrim(payee.amount.c_str(), kAmountWidth, nullptr, amount);
-        call_.rJust(amount, nullptr);
-        call_.leadChar(amount, "*", nullptr);
+        call_.strJustify(payee.amount.c_str(), kAmountWidth, kRightWithBlanksDropped, "*", amount);
         std::string name = payee.name;
         call_.capFirst(name.c_str(), nullptr);
         std::printf("Pay     %s$ %s\n", call_.unTrim(name.c_str(), kLineWidth - 8 - 2 - kAmountWidth, ".", line),
@@ -106,21 +111,15 @@ class ChequeRun {
         std::printf("%s\n\n", call_.replicate("-", kLineWidth, line));
     }
 
-    std::string withCents(const std::string& amount) const {
-        char grouped[64], plain[64];
-        call_.strTran(call_.comma(amount.c_str(), grouped), ",", "", kFromFirst, kAllOccurrences, plain);
-        return plain;
-    }
-
     void enter(const Payee& payee) {
-        char date[64];
+        char date[96];
         register_.append();
         register_.put("NUMBER", std::to_string(number_));
         register_.put("PAYEE", payee.name);
         register_.put("TOWN", payee.town);
         register_.put("STATE", codeOf(payee.state));
         register_.put("DATED", call_.getJDatef(call_.dateToJulian(payee.date.c_str()), "YYYYMMDD", date));
-        register_.put("AMOUNT", withCents(payee.amount));
+        register_.put("AMOUNT", payee.amount);
         register_.put("CLEARED", "F");
         register_.put("MEMO", payee.memo);
     }

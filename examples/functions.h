@@ -31,14 +31,11 @@ class Functions {
     char* (*capFirst)(Text, char*) = find("CapFirst");
     char* (*strTran)(Text, Text, Text, Number, Number, char*) = find("StrTran");
     char* (*unTrim)(Text, Number, Text, char*) = find("UnTrim");
-    char* (*rJust)(Text, char*) = find("RJust");
-    char* (*leadChar)(Text, Text, char*) = find("LeadChar");
     char* (*replicate)(Text, Number, char*) = find("Replicate");
     char* (*strJustify)(Text, Number, Number, Text, char*) = find("StrJustify");
     Number (*wrapCount)(Text, Number) = find("WrapCount");
     char* (*strWrap)(Text, Number, Number, char*) = find("StrWrap");
     Number (*strEmpty)(Text) = find("StrEmpty");
-    Number (*isNum)(Text, Number) = find("IsNum");
     char* (*numToDollars)(Text, Number, char*) = find("NumToDollars");
     char* (*comma)(Text, char*) = find("Comma");
     Number (*checkDate)(Text) = find("CheckDate");

@@ -1,6 +1,7 @@
 """Where the checks find what was built, and what the export table says of it."""
 import os
 import pathlib
+import re
 import subprocess
 import unittest
 
@@ -41,3 +42,9 @@ def dynamic_symbols(library):
     lines = output("nm", "--dynamic", "--defined-only", "--format=posix", library).splitlines()
     symbols = [line.split()[:2] for line in lines]
     return {name.split("@")[0] for name, kind in symbols if kind != "A"}
+
+
+def readme_programs():
+    """The programs that the README shows for each language, by the names of their code blocks, and what they all print."""
+    section = re.search(r"\n## In your language\n(.*?)\n## ", (ROOT / "README.md").read_text(), re.DOTALL).group(1)
+    return dict(re.findall(r"^```(\w+)\n(.*?)^```", section, re.DOTALL | re.MULTILINE)), re.search(r"print `(.*)`", section).group(1) + "\n"

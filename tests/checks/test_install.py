@@ -1,12 +1,11 @@
 """The library as it is installed: programs are compiled with it in each of the usual ways, and run."""
 import os
 import pathlib
-import re
 import shutil
 import subprocess
 import unittest
 
-from build import DLLS, NATIVE, ROOT
+from build import DLLS, NATIVE, ROOT, readme_programs
 
 # In the project folder, because programs under Wine see nothing else.
 SCRATCH = NATIVE / "installed"
@@ -35,10 +34,8 @@ class Installed(unittest.TestCase):
         WORK.mkdir(parents=True)
         run("cmake", "--install", NATIVE, "--prefix", PREFIX)
         cls.libraries = next(PREFIX.rglob("libvexlor32.so")).parent
-        # The README's program, and what it says that it prints.
-        program = re.search(r"```c\n(#include <stdio.h>.*?)```", (ROOT / "README.md").read_text(), re.DOTALL).group(1)
-        cls.prints = re.search(r"/\* (.*) \*/", program).group(1) + "\n"
-        (WORK / "program.c").write_text(program)
+        programs, cls.prints = readme_programs()
+        (WORK / "program.c").write_text(programs["c"])
         (WORK / "CMakeLists.txt").write_text(PROJECT)
 
     @classmethod

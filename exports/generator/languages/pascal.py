@@ -225,7 +225,7 @@ def definition(function, variables):
 def friendly(families):
     variables = exact_names(families)
     declared, bodies = {"": [], "Table": [], "File": []}, []
-    for family, functions in model.functions(families):
+    for family, functions in model.functions(families, first=1):
         for f in functions:
             indent = "    " if f.owner else ""
             declared[f.owner] += comment(f, indent) + [indent + head(f)] + ([""] if not f.owner else [])
@@ -269,7 +269,7 @@ GIVERS = {"text": "GiveText", "bool": "GiveBool", "char": "GiveChar", "Table": "
 
 def friendly_dispatch(families):
     names, calls = [], []
-    for family, functions in model.functions(families):
+    for family, functions in model.functions(families, first=1):
         for f in functions:
             result, outs = returned(f)
             given, before, after = [], [], []
