@@ -67,7 +67,7 @@ def build_products(families, root):
 
 def bindings(families, groups):
     """Declarations for other languages, beside what bindings/ has by hand: together they are what a language's programs use."""
-    clashes = clashing_names(lambda heading: True)
+    clashes = clashing_names(lambda heading: heading not in MACROS)
     folder = ROOT / "bindings"
     products = {f"bindings/{p.relative_to(folder)}": p.read_text(encoding="utf-8")
                 for p in sorted(folder.rglob("*")) if p.is_file() and "__pycache__" not in p.parts}

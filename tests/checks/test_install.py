@@ -53,6 +53,8 @@ class Installed(unittest.TestCase):
         self.assertEqual(run(WORK / "plain", **self.found_by_the_system()), self.prints)
         run("cc", ROOT / "tests" / "callers" / "linked.c", "-lvexlor32", "-o", "linked", **self.found_by_the_system())
         run(WORK / "linked", **self.found_by_the_system())
+        run("c++", "-Wall", "-Wextra", "-Wpedantic", "-Werror", ROOT / "packaging" / "smoke" / "smoke.cpp", "-lvexlor32", "-o", "cpp",
+            **self.found_by_the_system())
 
     def test_pkg_config(self):
         if not shutil.which("pkg-config"):
