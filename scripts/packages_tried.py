@@ -17,6 +17,12 @@ from packages_basics import LeftOut, needs, run
 
 ROOT = pathlib.Path(__file__).resolve().parents[1]
 PROGRAMS = ROOT / "packaging" / "smoke"
+CMAKE_PROJECT = """cmake_minimum_required(VERSION 3.25)
+project(smoke C)
+find_package(vexlor32 REQUIRED)
+add_executable(smoke smoke.c)
+target_link_libraries(smoke PRIVATE vexlor32::vexlor32)
+"""
 # The newest versions that the wheel's tag promises to do with.
 PROMISED = {"GLIBC": (2, 34), "GLIBCXX": (3, 4, 29), "CXXABI": (1, 3, 13)}
 
@@ -81,12 +87,16 @@ def debian(release, files):
         for compiler, source in (("cc", "smoke.c"), ("c++", "smoke.cpp")):
             run(compiler, source, *flags, "-o", "smoke", cwd=folder)
             right("./smoke", cwd=folder, LD_LIBRARY_PATH=str(libraries))
+        (folder / "CMakeLists.txt").write_text(CMAKE_PROJECT)
+        run("cmake", "-B", "build", f"-DCMAKE_PREFIX_PATH={root}/usr", cwd=folder)
+        run("cmake", "--build", "build", cwd=folder)
+        right("build/smoke", cwd=folder)
         vexlor, where = root / "usr" / "bin" / "vexlor", {"LD_LIBRARY_PATH": str(libraries)}
         if run(vexlor, "--raw", "StrCenter", "PAID", "20", "*", cwd=folder, **where) != "********PAID********\n":
             raise RuntimeError("vexlor does not call StrCenter")
         if not re.search(r"Miller +\S* *1234\.56", run(vexlor, "--table", "cheques.dbf", cwd=folder, **where)):
             raise RuntimeError("vexlor does not show the table")
-        yield f"installed in an empty root by {'dpkg' if dpkg else 'dpkg-deb --extract'}; programs in C and C++ compiled by pkg-config, and vexlor, are right"
+        yield f"installed in an empty root by {'dpkg' if dpkg else 'dpkg-deb --extract'}; programs in C and C++, by pkg-config and CMake, and vexlor, are right"
         if dpkg:
             run(*dpkg, "--purge", *(file.name.partition("_")[0] for file in files), cwd=folder)
             left = [str(p.relative_to(root)) for p in root.rglob("*") if p.is_file() and "dpkg" not in p.parts]
@@ -200,9 +210,10 @@ def rust(release, files):
         with (folder / "program" / "Cargo.toml").open("a") as manifest:
             manifest.write(f'vexlor32 = {{ path = "{top}" }}\n')
         shutil.copy(folder / "smoke.rs", folder / "program" / "src" / "main.rs")
-        run("cargo", "build", "--offline", cwd=folder / "program")
-        right("program/target/debug/smoke", cwd=folder, LD_LIBRARY_PATH=str(release.dist / "linux" / "lib"))
-        yield "a program with the crate is right"
+        libraries = str(release.dist / "linux" / "lib")
+        run("cargo", "build", "--offline", cwd=folder / "program", VEXLOR32_LINK=libraries)
+        right("program/target/debug/smoke", cwd=folder, LD_LIBRARY_PATH=libraries)
+        yield "a program with the crate, linked with the library of dist/linux, is right"
 
 
 TRIES = {"debian": debian, "windows": windows, "source": source, "python": python, "node": node, "java": java, "csharp": csharp, "pascal": pascal,
