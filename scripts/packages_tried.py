@@ -83,6 +83,8 @@ def debian(release, files):
             for file in files:
                 run("dpkg-deb", "--extract", file, root, cwd=folder)
         libraries = root / "usr" / "lib" / "x86_64-linux-gnu"
+        if said := run("/sbin/ldconfig", "-nNX", libraries, cwd=folder):
+            raise RuntimeError(f"ldconfig says {said}")
         flags = run("pkg-config", "--cflags", "--libs", "vexlor32", cwd=folder, PKG_CONFIG_LIBDIR=str(libraries / "pkgconfig")).split()
         for compiler, source in (("cc", "smoke.c"), ("c++", "smoke.cpp")):
             run(compiler, source, *flags, "-o", "smoke", cwd=folder)
