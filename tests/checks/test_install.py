@@ -46,7 +46,7 @@ class Installed(unittest.TestCase):
         shutil.rmtree(SCRATCH)
 
     def found_by_the_system(self):
-        return {"C_INCLUDE_PATH": str(PREFIX / "include"), "LIBRARY_PATH": str(self.libraries), "LD_LIBRARY_PATH": str(self.libraries)}
+        return {"CPATH": str(PREFIX / "include"), "LIBRARY_PATH": str(self.libraries), "LD_LIBRARY_PATH": str(self.libraries)}
 
     def test_compiler_alone(self):
         run("cc", "program.c", "-lvexlor32", "-o", "plain", **self.found_by_the_system())
