@@ -1,6 +1,6 @@
 # Thin fronts over CMake presets and scripts; each sets up what it lacks (scripts/setup).
 
-.PHONY: all windows release install demo test lint mutants fuzz bench format clean
+.PHONY: all windows release packages install demo test lint mutants fuzz bench format clean
 
 all:
 	@scripts/setup build
@@ -18,6 +18,12 @@ windows:
 release:
 	@scripts/setup packages
 	@scripts/release $(if $(TWICE),--twice)
+
+# The same, and the packages made of it; each is installed in an empty place and tried.
+packages:
+	@scripts/setup test packages
+	@scripts/release $(if $(TWICE),--twice)
+	@scripts/packages $(if $(TWICE),--twice)
 
 # Library, header, vexlor with its manual page and completions, pkg-config file and CMake package.
 PREFIX ?= /usr/local

@@ -43,13 +43,15 @@ class Installed(unittest.TestCase):
         shutil.rmtree(SCRATCH)
 
     def found_by_the_system(self):
-        return {"C_INCLUDE_PATH": str(PREFIX / "include"), "LIBRARY_PATH": str(self.libraries), "LD_LIBRARY_PATH": str(self.libraries)}
+        return {"CPATH": str(PREFIX / "include"), "LIBRARY_PATH": str(self.libraries), "LD_LIBRARY_PATH": str(self.libraries)}
 
     def test_compiler_alone(self):
         run("cc", "program.c", "-lvexlor32", "-o", "plain", **self.found_by_the_system())
         self.assertEqual(run(WORK / "plain", **self.found_by_the_system()), self.prints)
         run("cc", ROOT / "tests" / "callers" / "linked.c", "-lvexlor32", "-o", "linked", **self.found_by_the_system())
         run(WORK / "linked", **self.found_by_the_system())
+        run("c++", "-Wall", "-Wextra", "-Wpedantic", "-Werror", ROOT / "packaging" / "smoke" / "smoke.cpp", "-lvexlor32", "-o", "cpp",
+            **self.found_by_the_system())
 
     def test_pkg_config(self):
         if not shutil.which("pkg-config"):
