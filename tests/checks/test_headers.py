@@ -1,13 +1,18 @@
 """The public header behind the headers of the systems, and exports/clashes.txt against what these declare and define."""
+import hashlib
+import json
 import pathlib
 import re
 import shutil
 import subprocess
+import types
 import unittest
 
-from build import LIBRARY, ROOT, all_names, clashes, dynamic_symbols, output
+from build import LIBRARY, NATIVE as BUILD, ROOT, all_names, clashes, dynamic_symbols, output
 
 HEADER = ROOT / "include" / "vexlor32.h"
+KEPT = BUILD / "stamps" / "headers"
+PACKAGES = pathlib.Path("/var/lib/dpkg/status")
 # What a program includes on each system; those that a system does not have are left out.
 LINUX = """aio arpa/inet assert complex cpio ctype dirent dlfcn err errno fcntl fenv float fnmatch ftw getopt glob grp iconv inttypes
     langinfo libgen limits locale malloc math memory monetary netdb netinet/in nl_types poll pthread pwd regex sched search semaphore
@@ -33,8 +38,15 @@ class System:
         self.headers = [h for h in headers if self.run(f"#include <{h}.h>\n", ["-x", "c", "-E"]).returncode == 0] if compiler else []
 
     def run(self, source, options):
-        return subprocess.run([self.compiler, *options, "-I", HEADER.parent, "-"], input=source, stdout=subprocess.PIPE,
-                              stderr=subprocess.PIPE, text=True)
+        """What the compiler says; kept, because it says the same until our header or a package changes."""
+        key = repr((self.compiler, options, source, HEADER.read_text() if "vexlor32.h" in source else "", PACKAGES.stat().st_mtime_ns if PACKAGES.exists() else 0))
+        kept = KEPT / hashlib.sha256(key.encode()).hexdigest()
+        if kept.exists():
+            return types.SimpleNamespace(**json.loads(kept.read_text()))
+        done = subprocess.run([self.compiler, *options, "-I", HEADER.parent, "-"], input=source, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
+        KEPT.mkdir(parents=True, exist_ok=True)
+        kept.write_text(json.dumps({"returncode": done.returncode, "stdout": done.stdout, "stderr": done.stderr}))
+        return done
 
     def includes(self, options, headers=None):
         skipped = C_ONLY if "c++" in options else set()
