@@ -1,10 +1,13 @@
-"""Makes the friendly calls of vexlor_conformance through the Visual Basic modules, which it interprets: as much of the language as they
-use, on Latin-1 and with the Linux library in the DLL's place. caller_process.h has the protocol."""
+"""Makes the friendly calls of the conformance library through the Visual Basic modules, which it interprets: as much of the language as they
+use, on Latin-1 and with the Linux library in the DLL's place."""
 import ctypes
 import operator
 import os
 import sys
 
+sys.path.insert(0, os.path.join(os.path.dirname(__file__), "..", "python"))
+import core  # noqa: E402
+from core import give, given, opened  # noqa: E402
 from test_vba import ROOT, TOKEN, declarations, parameters, procedures
 
 from languages import model, vba  # by the path that test_vba sets
@@ -229,64 +232,32 @@ PROCEDURES = module("Vexlor32.bas")
 CLASSES = {name: module(name + ".cls") for name in ("VexlorTable", "VexlorFile")}
 DECLARED = {d[3].lower(): (d[5] or d[3], parameters(d[6]), d[7]) for m in ("Vexlor32Exact.bas", "Vexlor32.bas") for _, d in declarations(m)}
 FUNCTIONS = {f.entry.main: f for _, functions in model.functions(read_table(ROOT)[0]) for f in functions}
-opened = {}
 
 
-def given(word, parameter):
-    if parameter.type_name:
-        return opened[parameter.type_name, word]
-    if word[0] in "nz":
-        return int(word[1:]) if word[0] == "n" else None
-    content = bytes.fromhex(word[1:])
-    return array(content) if parameter.is_memory else content.decode("latin-1")
+def shown(value, kind):
+    """As the other languages give it."""
+    if isinstance(value, Object):
+        number = value.cells["opened"].value
+        opened[value.module[len("Vexlor")], number] = value
+        return number
+    return value if kind != "offset" else value - 1 if value else None
 
 
-def shown(value, output):
-    if output.kind in ("Table", "File"):
-        if value is None:
-            return {"Table": "n0", "File": "n-1"}[output.kind]
-        word = f"n{value.cells['opened'].value}"
-        opened[output.kind, word] = value
-        return word
-    if output.kind == "offset":
-        return f"p{output.place}@{value - 1}" if value else "z"
-    if output.kind == "text":
-        return "z" if value is None else "t" + value.encode("latin-1").hex()
-    return f"n{int(value)}"
-
-
-def friendly_call(main, words):
+def friendly_call(main, count):
     function = FUNCTIONS[main]
-    cells = [Cell(given(word, p)) for word, p in zip(words, function.parameters, strict=True)]
-    outputs = [Cell(DEFAULTS.get(vba.VALUES[o.kind])) for o in vba.others(function)]
+    cells = [Cell(given(i, array, array)) for i in range(count)]
+    outputs = {o.name: Cell(DEFAULTS.get(vba.VALUES[o.kind])) for o in vba.others(function)}
     if function.owner:
         owner = cells[0].value
-        value = run(CLASSES[owner.module][vba.method_name(function).lower()], cells[1:] + outputs, owner)
+        value = run(CLASSES[owner.module][vba.method_name(function).lower()], cells[1:] + list(outputs.values()), owner)
     else:
-        value = run(PROCEDURES[vba.function_name(function).lower()], cells + outputs)
-    gave = {o.name: shown(c.value, o) for o, c in zip(vba.others(function), outputs)}
-    if vba.value_of(function):
-        gave[vba.value_of(function).name] = shown(value, vba.value_of(function))
-    texts = [o.name for o in function.outputs if o.kind == "text" and o.name != "result"]
-    blocks = {p.name: "t" + bytes(c.value).hex() for p, c in zip(function.parameters, cells) if p.kind == "block" and c.value is not None}
-    written = texts or list(blocks)
-    result = gave.pop("result", None) or ("v" if not written else "z" if gave.get(written[0]) == "z" else f"p{written[0]}@0")
-    return " ".join([result] + [f"{n}={v}" for n, v in (gave | blocks).items() if v != "z"])
-
-
-def main():
-    for line in sys.stdin:
-        what, *words = line.split()
-        try:
-            if what == "enter":
-                os.chdir(bytes.fromhex(words[0]).decode())
-                answer = "ok"
-            else:
-                answer = friendly_call(words[0], words[1:])
-        except Exception as error:  # whatever it is, the row shows it
-            answer = f"!{type(error).__name__}: {error}".replace("\n", " ")
-        print(answer, flush=True)
+        value = run(PROCEDURES[vba.function_name(function).lower()], cells + list(outputs.values()))
+    for o in function.outputs:
+        give(shown(outputs[o.name].value if o.name in outputs else value, o.kind))
+    for p, cell in zip(function.parameters, cells):
+        if p.kind == "block" and cell.value is not None:
+            give(cell.value)
 
 
 if __name__ == "__main__":
-    main()
+    core.run(core.FROM_ONE | core.UNICODE | core.WIDE, "Error: (5|6|9|14|52):", friendly_call)
