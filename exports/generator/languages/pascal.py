@@ -254,7 +254,7 @@ def exact_dispatch(families):
         for e in family.entries:
             arguments = ", ".join(f"{value_type(a.of_kind)}({'vxc_number' if a.of_kind.is_number else 'vxc_pointer'}({i}))" for i, a in enumerate(e.arguments))
             result = RESULTS[e.returns]
-            gave = "{};" if not result.field else f"Gave{value_type(result)}({{}});" if result.is_number else "vxc_gave_place({});"
+            gave = "{};" if not result.field else "vxc_gave_number({});" if result.is_number else "vxc_gave_place({});"
             for v in dict.fromkeys(variables[n] for n in e.names):
                 names += [f"(Name: '{n}'; Index: {len(calls)})" for n in e.names if variables[n] == v]
                 calls.append(f"    {len(calls)}: {gave.format(f'Vexlor32.{v}({arguments})')}")
@@ -263,8 +263,11 @@ def exact_dispatch(families):
     return lines
 
 
-READERS = {"str": "InText", "edit": "InText", "bytes": "InBytes", "char": "InChar", "table": "InTable", "handle": "InFile", "uint": "LongWord"}
-GIVERS = {"text": "GiveText", "bool": "GiveBool", "char": "GiveChar", "Table": "GiveTable", "File": "GiveFile"}
+READERS = {"str": "InText({0})", "edit": "InText({0})", "bytes": "InBytes({0})", "char": "AnsiChar(vxc_number({0}) and $FF)",
+           "table": "TVexlorTable(InOpened({0}))", "handle": "TVexlorFile(InOpened({0}))", "uint": "LongWord(vxc_number({0}))"}
+GIVERS = {"text": "GiveText({0})", "bool": "vxc_gave_number(Ord({0}))", "char": "vxc_gave_number(Ord({0}))", "Table": "GiveOpened('T', {0})",
+          "File": "GiveOpened('F', {0})"}
+NUMBER_READER, NUMBER_GIVER = "LongInt(vxc_number({0}))", "vxc_gave_number({0})"
 
 
 def friendly_dispatch(families):
@@ -279,11 +282,10 @@ def friendly_dispatch(families):
                     blocks.append(f"GiveBlock({i}, B[{i}]);")
                     given.append(f"B[{i}]")
                 else:
-                    reader = READERS.get(p.kind, "LongInt")
-                    given.append(f"{reader}(vxc_number({i}))" if reader.startswith("Long") else f"{reader}({i})")
+                    given.append(READERS.get(p.kind, NUMBER_READER).format(i))
             places = {o.name: f"{'T' if o.kind == 'text' else 'N'}[{i}]" for i, o in enumerate(f.outputs)}
             given += [places[o.name] for o in outs]
-            after += [f"{GIVERS.get(o.kind, 'GiveNumber')}({places[o.name]});" for o in f.outputs[0 if result not in f.outputs[:1] else 1:]]
+            after += [GIVERS.get(o.kind, NUMBER_GIVER).format(places[o.name]) + ";" for o in f.outputs[0 if result not in f.outputs[:1] else 1:]]
             name = function_name(f)
             target = f"{given.pop(0)}.{name}" if f.owner else f"Vexlor.{name}"
             call = f"{target}({', '.join(given)})" if given else target
@@ -293,7 +295,7 @@ def friendly_dispatch(families):
             elif result in f.outputs[1:]:
                 call = f"{places[result.name]} := {call}"
             elif result:
-                call = f"{GIVERS.get(result.kind, 'GiveNumber')}({call})"
+                call = GIVERS.get(result.kind, NUMBER_GIVER).format(call)
             names.append(f"  (Name: '{f.entry.main}'; Index: {len(calls)})")
             calls.append(f"    {len(calls)}: begin {' '.join([*before, call + ';', *after, *blocks])} end;")
     return [f"const FriendlyNames: array[0..{len(names) - 1}] of TCallName = (", ",\n".join(names), ");", "",

@@ -26,29 +26,17 @@ public final class Caller {
     }
 
     static native int vxc_run(int traits, String errors, Call call);
-
     static native int vxc_is_friendly();
-
     static native int vxc_kind(int i);
-
     static native long vxc_number(int i);
-
     static native Pointer vxc_memory(int i);
-
     static native long vxc_size(int i);
-
     static native long vxc_offset(int i);
-
     static native Pointer vxc_pointer(int i);
-
     static native void vxc_gave_number(long number);
-
     static native void vxc_gave_place(Pointer place);
-
     static native void vxc_gave_text(byte[] text, long size);
-
     static native void vxc_gave_null();
-
     static native void vxc_refused(String words);
 
     private static final Map<String, List<Method>> EXACT = byName(Exact.class);
@@ -143,10 +131,8 @@ public final class Caller {
         try {
             if (vxc_is_friendly() != 0) friendlyCall(name, count);
             else exactCall(name, count);
-        } catch (InvocationTargetException error) {
-            vxc_refused(error.getCause().toString());
         } catch (Throwable error) { // whatever it is, the row shows it
-            vxc_refused(error.toString());
+            vxc_refused((error instanceof InvocationTargetException ? error.getCause() : error).toString());
         }
     }
 

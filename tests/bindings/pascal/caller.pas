@@ -4,7 +4,7 @@ program caller;
 {$MODE DELPHI}{$H+}{$R+}{$Q+}
 
 uses
-  SysUtils, Classes, VexlorBase, Vexlor32, Vexlor;
+  SysUtils, Classes, VexlorBase, VexlorConsts, Vexlor32, Vexlor;
 
 const
   Core = 'vexlor_conformance';
@@ -32,32 +32,6 @@ procedure vxc_gave_text(Text: PAnsiChar; Size: Int64); cdecl; external Core;
 procedure vxc_gave_null; cdecl; external Core;
 procedure vxc_refused(Words: PAnsiChar); cdecl; external Core;
 
-// Range checks tell a result that is declared with the other sign.
-procedure GaveLongInt(Value: LongInt);
-begin
-  vxc_gave_number(Value);
-end;
-
-procedure GaveLongWord(Value: LongWord);
-begin
-  vxc_gave_number(Value);
-end;
-
-procedure GiveNumber(Value: Int64);
-begin
-  vxc_gave_number(Value);
-end;
-
-procedure GiveBool(Value: Boolean);
-begin
-  vxc_gave_number(Ord(Value));
-end;
-
-procedure GiveChar(Value: AnsiChar);
-begin
-  vxc_gave_number(Ord(Value));
-end;
-
 procedure GiveText(const Value: AnsiString);
 begin
   vxc_gave_text(PAnsiChar(Value), Length(Value));
@@ -84,16 +58,6 @@ begin
   end;
 end;
 
-procedure GiveTable(Value: TVexlorTable);
-begin
-  GiveOpened('T', Value);
-end;
-
-procedure GiveFile(Value: TVexlorFile);
-begin
-  GiveOpened('F', Value);
-end;
-
 // The one that was opened last, where a number was given again; nil for what never was.
 function InOpened(I: Integer): TObject;
 var
@@ -102,21 +66,6 @@ begin
   Result := nil;
   for J := 0 to Opened.Count - 1 do
     if Opened[J] = AnsiChar(vxc_kind(I)) + IntToStr(vxc_number(I)) then Result := Opened.Objects[J];
-end;
-
-function InTable(I: Integer): TVexlorTable;
-begin
-  Result := TVexlorTable(InOpened(I));
-end;
-
-function InFile(I: Integer): TVexlorFile;
-begin
-  Result := TVexlorFile(InOpened(I));
-end;
-
-function InChar(I: Integer): AnsiChar;
-begin
-  Result := AnsiChar(vxc_number(I) and $FF);
 end;
 
 function InText(I: Integer): AnsiString;
@@ -151,7 +100,35 @@ begin
   end;
 end;
 
+procedure Check(Holds: Boolean; const What: string);
+begin
+  if Holds then Exit;
+  WriteLn('failed: ', What);
+  Halt(1);
+end;
+
+// What only this language has: results that go where an argument was, and destructors.
+procedure CheckOwn;
+var
+  Text, Drive, Directory, Extension: AnsiString;
+  Path: string;
+begin
+  Text := '  ' + IntToStr(12) + '  ';
+  Text := AllTrim(Text);
+  Check(Text = '12', 'the result goes to the variable that was the argument');
+  Text := 'C:\BOOKS\' + IntToStr(12) + '.DBF';
+  FSsplit(Text, Drive, Directory, Text, Extension);
+  Check((Text = '12') and (Extension = '.DBF'), 'and so does an output');
+  Check(Calculate('10^400', '%.0f') = 'inf', 'an overflow in the calculator is none of the program''s');
+  Path := GetTempFileName(GetTempDir, 'vx');
+  FCreate(Path, VX_ATTR_NORMAL).Free;
+  FOpen(Path, VX_OPEN_READ + VX_SHARE_EXCLUSIVE).Free;
+  Check(FOpen(Path, VX_OPEN_READ + VX_SHARE_EXCLUSIVE) <> nil, 'the file was closed with its object');
+  DeleteFile(Path);
+end;
+
 begin
   Opened := TStringList.Create;
+  if vxc_is_friendly <> 0 then CheckOwn;
   Halt(vxc_run(1, 'EArgumentException|ERangeError|EInvalidOpException', Call));
 end.

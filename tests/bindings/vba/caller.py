@@ -31,10 +31,6 @@ class Object:
         run(CLASSES[module]["class_initialize"], [], self)
 
 
-class Leave(Exception):
-    pass
-
-
 def long(value):
     if not -(1 << 31) <= value < 1 << 31:
         raise OverflowError(f"6: {value} is no Long")
@@ -102,8 +98,6 @@ class Statement:
             return Cell(self.me)
         if token[0] == '"':
             return Cell(token[1:-1])
-        if token.startswith("&H"):
-            return Cell(int(token[2:-1], 16))
         if token[0].isdigit():
             return Cell(float(token[:-1]) if token.endswith("#") else int(token.rstrip("&")))
         if name in CONSTANTS or name.startswith("vb"):
@@ -149,8 +143,6 @@ class Statement:
         return declared(*DECLARED[name], given) if name in DECLARED else run(PROCEDURES[name], given)
 
     def perform(self):
-        if self.take("Exit"):
-            raise Leave
         self.take("Set")
         name = self.peek().lower()
         if self.tokens[self.at + 1:self.at + 2] == ["="]:
@@ -191,36 +183,22 @@ def run(procedure, given, me=None):
     for (how, n, _, kind), cell in zip(wanted, given, strict=True):
         cells[n.lower()] = cell if how == "ByRef" else Cell(float(cell.value) if kind == "Double" else cell.value)
     lines, i = [line for _, line in body], 0
-    try:
-        while i < len(lines):
-            statement, i = Statement(lines[i], cells, me), i + 1
-            if statement.take("Dim"):
-                cells[statement.take().lower()] = Cell(DEFAULTS.get(statement.tokens[-1]))
-            elif statement.take("ReDim"):
-                n = statement.take().lower()
-                statement.take("("), statement.take(), statement.take("To")
-                cells[n].value = array(bytes(statement.expression() + 1))
-            elif statement.take("If"):
-                holds = statement.expression()
-                assert statement.take("Then")
+    while i < len(lines):
+        statement, i = Statement(lines[i], cells, me), i + 1
+        if statement.take("Dim"):
+            cells[statement.take().lower()] = Cell(DEFAULTS.get(statement.tokens[-1]))
+        elif statement.take("If"):
+            holds = statement.expression()
+            assert statement.take("Then")
+            if statement.peek():
+                if not holds:
+                    statement.at = statement.tokens.index("Else") + 1 if "Else" in statement.tokens else len(statement.tokens)
                 if statement.peek():
-                    if not holds:
-                        statement.at = statement.tokens.index("Else") + 1 if "Else" in statement.tokens else len(statement.tokens)
-                    if statement.peek():
-                        statement.perform()
-                elif not holds:
-                    i = next(k for k in range(i, len(lines)) if lines[k] in ("Else", "End If")) + 1
-            elif statement.take("Else"):
-                i = lines.index("End If", i) + 1
-            elif statement.take("Do"):
-                statement.take("While")
-                i = i if statement.expression() else lines.index("Loop", i) + 1
-            elif lines[i - 1] == "Loop":
-                i = next(k for k in range(i - 1, -1, -1) if lines[k].startswith("Do "))
-            elif lines[i - 1] != "End If":
-                statement.perform()
-    except Leave:
-        pass
+                    statement.perform()
+            elif not holds:
+                i = next(k for k in range(i, len(lines)) if lines[k] in ("Else", "End If")) + 1
+        elif lines[i - 1] != "End If":
+            statement.perform()
     return cells[name.lower()].value
 
 
