@@ -133,19 +133,20 @@ class Caller : public rows::Remote {
             if (next == gave.size()) throw std::string("an output is missing");
             return gave[next++];
         };
-        // The text, or else the block, where the result lies if it is none of its own; where offsets count.
-        int text = -1;
-        int block = -1;
-        int written = -1;
-        for (int i = static_cast<int>(arguments.size()) - 1; i >= 0; --i) {
+        std::vector<std::size_t> outputs;
+        std::vector<std::size_t> blocks;
+        const Passed* text = nullptr;  // the first that comes back
+        const Passed* last = nullptr;
+        for (std::size_t i = 0; i < arguments.size(); ++i) {
             Kind kind = entry.arguments[i].kind;
-            if (kind == Kind::kDest || kind == Kind::kEdit) text = i;
-            if (kind == Kind::kBlock) block = i;
-            if (kind == Kind::kDest || kind == Kind::kEdit || kind == Kind::kBlock) written = i;
+            if (isMade(kind) || kind == Kind::kEdit) outputs.push_back(i);
+            if (kind == Kind::kBlock && arguments[i].how == Passed::How::kMemory) blocks.push_back(i);
+            if (!text && (kind == Kind::kDest || kind == Kind::kEdit)) text = &arguments[i];
+            if (kind == Kind::kStr) last = &arguments[i];
         }
-        for (std::size_t i = 0; i < arguments.size() && text < 0 && block < 0; ++i) {
-            if (entry.arguments[i].kind == Kind::kStr) written = static_cast<int>(i);
-        }
+        // Where the result lies if it is none of its own, or counts.
+        const Passed* place = text ? text : !blocks.empty() ? &arguments[blocks[0]] : last;
+        outputs.insert(outputs.end(), blocks.begin(), blocks.end());
         result.text = nullptr;
         if (catalog::isNumber(entry.result)) {
             const Gave& g = take();
@@ -156,31 +157,21 @@ class Caller : public rows::Remote {
             if (g.what == Gave::What::kText) result.constant = texts_.emplace_back(g.text).c_str();
         } else if (entry.result == Result::kInside || entry.result == Result::kEnd) {
             const Gave& g = take();
-            if (g.what == Gave::What::kNumber) result.text = memoryOf(arguments[written]) + g.number;
+            bool isSome = g.what == Gave::What::kNumber;
+            if (isSome && (!place || !place->memory)) throw std::string("the result lies in no memory of the call");
+            if (isSome) result.text = place->memory + g.number;
         } else if (entry.result == Result::kGiven && entry.arguments.back().kind == Kind::kStr) {
             result.text = arguments.back().memory;  // callers of friendly functions have it
-        } else if (entry.result != Result::kVoid && (text >= 0 || block >= 0)) {
-            result.text = arguments[text >= 0 ? text : block].memory;
+        } else if (entry.result != Result::kVoid && place != last) {
+            result.text = place->memory;
         }
-        for (int wanted : {0, 1}) {
-            for (std::size_t i = 0; i < arguments.size(); ++i) {
-                Kind kind = entry.arguments[i].kind;
-                bool isBlock = kind == Kind::kBlock;
-                if (isBlock ? !wanted || arguments[i].how != Passed::How::kMemory
-                            : wanted || (!isMade(kind) && kind != Kind::kEdit))
-                    continue;
-                const Gave& g = take();
-                bool isNull = g.what == Gave::What::kNull;
-                if (isNull && static_cast<int>(i) == text && entry.result == Result::kDest) result.text = nullptr;
-                if (arguments[i].how == Passed::How::kMemory && !isNull) fill(arguments[i], g, kind);
-            }
+        for (std::size_t i : outputs) {
+            const Gave& g = take();
+            bool isNull = g.what == Gave::What::kNull;
+            if (isNull && &arguments[i] == text && entry.result == Result::kDest) result.text = nullptr;
+            if (arguments[i].how == Passed::How::kMemory && !isNull) fill(arguments[i], g, entry.arguments[i].kind);
         }
         if (next != gave.size()) throw std::string("more outputs than the table says");
-    }
-
-    static char* memoryOf(const Passed& argument) {
-        if (argument.how != Passed::How::kMemory) throw std::string("the result lies in no memory of the call");
-        return argument.memory;
     }
 
     static void fill(const Passed& argument, const Gave& g, Kind kind) {

@@ -45,13 +45,12 @@ def converted(text, how):
     return bytes(text).decode("latin-1") if how == "vbUnicode" else array((text or "").encode("latin-1", "replace"))
 
 
-ENVIRONMENT = [f"{n}={v}" for n, v in os.environ.items()]
 OWN = {
     "instr": lambda _, a, b, __: (a or "").find(b) + 1, "strcomp": lambda a, b, _: (a or "") != (b or ""), "strconv": converted,
     "lenb": len, "len": lambda t: len(t or ""), "clng": lambda v: long(round(v)), "cdbl": float, "fix": int, "asc": ord,
     "cstr": lambda v: v if isinstance(v, str) else str(v), "string$": lambda n, c: c * n, "left$": lambda t, n: t[:n],
     "strptr": lambda t: 0 if t is None else 1, "lbound": lambda a: 0, "ubound": lambda a: len(a) - 1,
-    "vartype": lambda v: "vbString" if isinstance(v, str) else "", "environ$": lambda i: ENVIRONMENT[i - 1] if i <= len(ENVIRONMENT) else "",
+    "vartype": lambda v: "vbString" if isinstance(v, str) else "",
 }
 CONSTANTS = {"vbnullstring": None, "vbnullchar": "\0", "least_host_room": 262144.0, "largest_room": 2147483647.0, "unsigned_range": 4294967296.0}
 
