@@ -166,13 +166,17 @@ def header(families, clashes):
 
 def dispatch(families, clashes):
     """For tests: every function of the C header by its name, and the friendly functions behind calls with words."""
-    lines = ["// Made from the export table.", "const std::pair<const char*, void*> exactFunctions[] = {"]
+    lines = ["// Made from the export table.", "const std::pair<const char* const, void (*)()> exactCalls[] = {"]
     for family in families:
         for e in family.entries:
             types = ", ".join(a.ctype.strip() for a in e.arguments)
+            given = ", ".join(f"reinterpret_cast<{a.ctype}>(vxc_pointer({i}))" if "*" in a.ctype else f"static_cast<{a.ctype}>(vxc_number({i}))"
+                              for i, a in enumerate(e.arguments))
+            gave = {"void": "{}", "int32_t": "vxc_gave_number({})", "uint32_t": "vxc_gave_number({})"}.get(e.result_type.strip(), "vxc_gave_place(static_cast<const char*>({}))")
             for n in e.names:
-                if n not in clashes:
-                    lines.append(f'    {{"{n}", reinterpret_cast<void*>(static_cast<{e.result_type.strip()}(VEXLOR32_CALL*)({types})>(&::{n}))}},')
+                declared = n if n not in clashes else c_name(e, clashes)
+                call = f"static_cast<{e.result_type.strip()}(VEXLOR32_CALL*)({types})>(&::{declared})({given})"
+                lines.append(f'    {{"{n}", [] {{ {gave.format(call)}; }}}},')
     lines += ["};", "", "void friendlyCall(Friendly& call, const std::string& name) {", "    using namespace vexlor32;"]
     for family, functions in model.functions(families):
         for f in functions:

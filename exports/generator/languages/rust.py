@@ -213,7 +213,7 @@ def dispatch(families, clashes):
             lines.append(f'        "{f.entry.main}" => {{')
             given, after = [], []
             for i, p in enumerate(f.parameters):
-                reader = {"bytes": "bytes", "block": "bytes", "table": "table", "handle": "file", "uint": "unsigned"}.get(p.kind, "text" if p.is_text else "number")
+                reader = {"bytes": "bytes", "block": "bytes", "table": "opened::<Table>", "handle": "opened::<File>", "uint": "unsigned"}.get(p.kind, "text" if p.is_text else "number")
                 lines.append(f"            let {'mut ' if p.kind == 'block' else ''}a{i} = call.{reader}({i});")
                 given.append(f"a{i}.as_deref()" if p.is_text else f"&mut a{i}" if p.kind == "block" else f"&a{i}" if p.is_memory or p.type_name else f"a{i}")
                 if p.kind == "block":
@@ -222,7 +222,9 @@ def dispatch(families, clashes):
             results = [f"r{i}" for i in range(len(f.outputs))]
             lines.append(f"            {f'let {results[0]} = ' if len(results) == 1 else f'let ({chr(44).join(results)}) = ' if results else ''}{invocation};")
             for r, o in zip(results, f.outputs):
-                if o.kind in ("text", "offset", "Table", "File"):
+                if o.kind in ("Table", "File"):
+                    lines.append(f"            call.gave_object('{o.kind[0]}', {r}.as_ref().map(|o| o.handle().into()), {r});")
+                elif o.kind in ("text", "offset"):
                     lines.append(f'            call.gave_{o.kind.lower()}({r}{".into()" if o.kind == "text" else ""});')
                 else:
                     lines.append(f"            call.gave(i64::from({r}));")

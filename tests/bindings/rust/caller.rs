@@ -25,8 +25,7 @@ extern "C" {
 /// What friendly functions take, and what they gave. Opened objects stay where they are.
 #[derive(Default)]
 pub struct Friendly {
-    tables: HashMap<i64, *mut Table>,
-    files: HashMap<i64, *mut File>,
+    opened: HashMap<(i32, i64), *mut c_void>,
 }
 
 impl Friendly {
@@ -43,11 +42,8 @@ impl Friendly {
         let kind = unsafe { vxc_kind(i) };
         if kind == 'z' as i32 { None } else { Some(String::from_utf8(self.bytes(i)).ok().filter(|_| kind == 'u' as i32).unwrap_or_else(|| self.bytes(i).into_iter().map(char::from).collect())) }
     }
-    fn table(&self, i: i32) -> &'static mut Table {
-        unsafe { &mut *self.tables[&vxc_number(i)] }
-    }
-    fn file(&self, i: i32) -> &'static mut File {
-        unsafe { &mut *self.files[&vxc_number(i)] }
+    fn opened<T>(&self, i: i32) -> &'static mut T {
+        unsafe { &mut *self.opened[&(vxc_kind(i), vxc_number(i))].cast() }
     }
     fn gave(&self, number: i64) {
         unsafe { vxc_gave_number(number) }
@@ -69,13 +65,9 @@ impl Friendly {
     fn gave_offset(&self, offset: Option<usize>) {
         offset.map_or_else(|| unsafe { vxc_gave_null() }, |offset| self.gave(offset as i64));
     }
-    fn gave_table(&mut self, table: Option<Table>) {
-        self.gave(table.as_ref().map_or(0, |table| table.handle().into()));
-        self.tables.extend(table.map(|table| (table.handle().into(), Box::into_raw(Box::new(table)))));
-    }
-    fn gave_file(&mut self, file: Option<File>) {
-        self.gave(file.as_ref().map_or(-1, |file| file.handle().into()));
-        self.files.extend(file.map(|file| (file.handle().into(), Box::into_raw(Box::new(file)))));
+    fn gave_object<T>(&mut self, kind: char, handle: Option<i64>, object: Option<T>) {
+        self.gave_offset(handle.map(|handle| handle as usize));
+        self.opened.extend(object.map(|object| ((kind as i32, handle.unwrap()), Box::into_raw(Box::new(object)).cast())));
     }
 }
 
