@@ -10,11 +10,12 @@ import java.lang.reflect.Method;
 import java.nio.charset.StandardCharsets;
 import java.nio.file.Files;
 import java.nio.file.Path;
-import java.util.ArrayList;
 import java.util.Arrays;
 import java.util.HashMap;
 import java.util.List;
 import java.util.Map;
+import java.util.stream.Collectors;
+import java.util.stream.IntStream;
 
 public final class Caller {
     static {
@@ -40,15 +41,12 @@ public final class Caller {
     static native void vxc_refused(String words);
 
     private static final Map<String, List<Method>> EXACT = byName(Exact.class);
-    private static final Map<String, Map<String, List<Method>>> FRIENDLY = Map.of("Vexlor32", byName(Vexlor32.class), "Table",
-            byName(Table.class), "VexlorFile", byName(VexlorFile.class));
+    private static final Map<String, Class<?>> FRIENDLY = Map.of("Vexlor32", Vexlor32.class, "Table", Table.class, "VexlorFile", VexlorFile.class);
     private static final Map<String, String[]> ENTRIES = new HashMap<>();
     private static final Map<String, Handle> OPENED = new HashMap<>();
 
     private static Map<String, List<Method>> byName(Class<?> owner) {
-        Map<String, List<Method>> methods = new HashMap<>();
-        for (Method m : owner.getMethods()) methods.computeIfAbsent(m.getName(), n -> new ArrayList<>()).add(m);
-        return methods;
+        return Arrays.stream(owner.getMethods()).collect(Collectors.groupingBy(Method::getName));
     }
 
     private static byte[] content(int i) {
@@ -59,12 +57,9 @@ public final class Caller {
     private static Method form(String name, int count) {
         List<Method> forms = EXACT.get(name);
         if (forms == null) throw new IllegalArgumentException("there is no " + name);
-        boolean places = forms.get(0).getReturnType() == Pointer.class;
-        for (int i = 0; i < count; ++i) places |= vxc_kind(i) == '=' || vxc_offset(i) != 0;
-        for (Method m : forms) {
-            if (Arrays.asList(m.getParameterTypes()).contains(Pointer.class) == places) return m;
-        }
-        return forms.get(0);
+        boolean places = forms.get(0).getReturnType() == Pointer.class
+                || IntStream.range(0, count).anyMatch(i -> vxc_kind(i) == '=' || vxc_offset(i) != 0);
+        return forms.stream().filter(m -> Arrays.asList(m.getParameterTypes()).contains(Pointer.class) == places).findFirst().orElse(forms.get(0));
     }
 
     private static Object exactArgument(int i, Class<?> type) {
@@ -116,7 +111,7 @@ public final class Caller {
     private static void friendlyCall(String main, int count) throws ReflectiveOperationException {
         String[] entry = ENTRIES.get(main);
         int own = entry[1].equals("Vexlor32") ? 0 : 1;
-        Method method = FRIENDLY.get(entry[1]).get(entry[2]).get(0);
+        Method method = byName(FRIENDLY.get(entry[1])).get(entry[2]).get(0);
         Object[] given = new Object[count];
         for (int i = 0; i < count; ++i) given[i] = friendlyArgument(i, i < own ? Handle.class : method.getParameterTypes()[i - own]);
         Object result = method.invoke(own == 0 ? null : given[0], Arrays.copyOfRange(given, own, count));

@@ -70,10 +70,10 @@ function give(value) {
 }
 
 function friendlyCall(main, count) {
-  const [name, owner, , , outputs] = entries[main];
+  const [name, owner, outputs] = entries[main];
   given = Array.from({ length: count }, (_, i) => friendlyArgument(i));
   const value = owner ? given[0][name](...given.slice(1)) : vexlor32[name](...given);
-  (outputs.length > 1 ? value : [value].slice(0, outputs.length)).forEach(give);
+  (outputs > 1 ? value : [value].slice(0, outputs)).forEach(give);
   given.forEach((block, i) => { if (kindOf(i) === 'B'.charCodeAt(0)) give(block); });
 }
 

@@ -30,10 +30,10 @@ def exact_call(name, count):
 
 
 def friendly_call(name, count):
-    function, _, _, outputs = _ENTRIES[name]
+    function, outputs = _ENTRIES[name]
     arguments = [given(i) for i in range(count)]
     values = function(*arguments)
-    for value in values if len(outputs) > 1 else [values] * len(outputs):
+    for value in values if outputs > 1 else [values] * outputs:
         if isinstance(value, (vexlor32.Table, vexlor32.File)):
             opened["T" if isinstance(value, vexlor32.Table) else "F", value.handle] = value
         give(getattr(value, "handle", value))
