@@ -122,8 +122,20 @@ static class Caller
         }
     }
 
+    static bool Refused<Error>(Action act) where Error : Exception
+    {
+        try { act(); }
+        catch (Error) { return true; }
+        Console.Error.WriteLine("an " + typeof(Error) + " is missing");
+        return false;
+    }
+
     static int Main()
     {
+        // What only this language has: an encoding that is a property, characters of 16 bits, arrays of numbers.
+        if (!Refused<ArgumentException>(() => Texts.Encoding = Encoding.UTF8)) return 1;
+        if (!Refused<EncoderFallbackException>(() => Functions.StrnSet('\u4e00', 3))) return 1;
+        if (!Refused<ArgumentException>(() => Exact.DosGetDate(new int[0], null, null))) return 1;
         return vxc_run(2 + 4, "ArgumentException|EncoderFallbackException|ObjectDisposedException", Make);
     }
 }
