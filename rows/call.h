@@ -42,7 +42,7 @@ class Call {
 
     void make(catalog::Function function);
 
-    // The same by another process. Throws a text that says why it could not.
+    // The same by another language. Throws a text that says why it could not.
     void make(Remote& remote);
 
     // What differs from the row, a line each.

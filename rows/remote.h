@@ -1,5 +1,4 @@
-// Calls that another process makes, through the declarations of another language. It works on memory of its own, so
-// each call carries the bytes there and back.
+// Calls that are made elsewhere, through the declarations of another language.
 #pragma once
 
 #include <cstddef>

@@ -42,7 +42,7 @@ struct Report {
     std::vector<std::string> failures;
 };
 
-// Makes a call by the host's library, or by the process that calls for it. Throws a text that says why it could not.
+// Makes a call by the host's library, or by what calls for it. Throws a text that says why it could not.
 void makeBy(const Host& host, Call& call, const Form& form);
 
 // The row that is being run, for whoever tells of a crash; null between rows.

@@ -166,22 +166,25 @@ def header(families, clashes):
 
 def dispatch(families, clashes):
     """For tests: every function of the C header by its name, and the friendly functions behind calls with words."""
-    lines = ["// Made from the export table.", "const std::pair<const char*, void*> exactFunctions[] = {"]
+    lines = ["// Made from the export table.", "const std::pair<const char* const, void (*)()> exactCalls[] = {"]
     for family in families:
         for e in family.entries:
             types = ", ".join(a.ctype.strip() for a in e.arguments)
+            given = ", ".join(f"reinterpret_cast<{a.ctype}>(vxc_pointer({i}))" if "*" in a.ctype else f"static_cast<{a.ctype}>(vxc_number({i}))"
+                              for i, a in enumerate(e.arguments))
+            gave = {"void": "{}", "int32_t": "vxc_gave_number({})", "uint32_t": "vxc_gave_number({})"}.get(e.result_type.strip(), "vxc_gave_place(static_cast<const char*>({}))")
             for n in e.names:
-                if n not in clashes:
-                    lines.append(f'    {{"{n}", reinterpret_cast<void*>(static_cast<{e.result_type.strip()}(VEXLOR32_CALL*)({types})>(&::{n}))}},')
+                declared = n if n not in clashes else c_name(e, clashes)
+                call = f"static_cast<{e.result_type.strip()}(VEXLOR32_CALL*)({types})>(&::{declared})({given})"
+                lines.append(f'    {{"{n}", [] {{ {gave.format(call)}; }}}},')
     lines += ["};", "", "void friendlyCall(Friendly& call, const std::string& name) {", "    using namespace vexlor32;"]
     for family, functions in model.functions(families):
         for f in functions:
             lines.append(f'    if (name == "{f.entry.main}") {{')
             names = []
             for i, p in enumerate(f.parameters):
-                reader = {"str": "text", "edit": "text", "bytes": "bytes", "block": "block", "table": "table", "handle": "file", "uint": "unsignedNumber"}.get(p.kind, "number")
-                base = f" - {1 if f.entry.base == 1 else 0}" if p.kind == "pos" else ""
-                lines.append(f"        auto&& a{i} = call.{reader}({i}){base};")
+                reader = {"str": "text", "edit": "text", "bytes": "bytes", "block": "bytes", "table": "table", "handle": "file", "uint": "unsignedNumber"}.get(p.kind, "number")
+                lines.append(f"        auto&& a{i} = call.{reader}({i});")
                 names.append(f"a{i}")
             target = f"{names[0]}.{function_name(f)}" if f.owner else f"vexlor32::{function_name(f)}"
             invocation = f"{target}({', '.join(names[1:] if f.owner else names)})"
@@ -191,18 +194,10 @@ def dispatch(families, clashes):
                 lines.append(f"        auto r0 = {invocation};")
             else:
                 lines.append(f"        auto [{', '.join(f'r{i}' for i in range(len(f.outputs)))}] = {invocation};")
-            written = [o.name for o in f.outputs if o.kind == "text" and o.name != "result"]
             for i, o in enumerate(f.outputs):
-                place = f', "{o.place}"' if o.kind == "offset" else ""
-                shift = " + 1" if o.kind == "pos" and f.entry.base == 1 else ""
-                value = f"std::move(r{i})" if o.kind in ("Table", "File") else f"r{i}{shift}"
-                lines.append(f'        call.gave("{o.name}", {value}{place});')
-            for i, p in enumerate(f.parameters):
-                if p.kind == "block":
-                    lines.append(f'        call.gave("{p.name}", a{i});')
-                    written.append(p.name)
-            if written and not any(o.name == "result" for o in f.outputs):
-                lines.append(f'        call.liesIn("{written[0]}");')
+                value = f"std::move(r{i})" if o.kind in ("Table", "File") else f"r{i}"
+                lines.append(f"        call.gave{'Offset' if o.kind == 'offset' else ''}({value});")
+            lines += [f"        call.gaveBlock({i}, a{i});" for i, p in enumerate(f.parameters) if p.kind == "block"]
             lines += ["        return;", "    }"]
     return "\n".join(lines + ['    throw std::runtime_error("there is no " + name);', "}", ""])
 

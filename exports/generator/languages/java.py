@@ -193,9 +193,7 @@ def friendly(families):
     for _, functions in model.functions(families, first=0):
         for f in functions:
             code[f.owner] += definition(f)
-            parameters = ",".join(f"{p.name}:{p.kind}" for p in f.parameters)
-            outputs = ",".join(f"{o.name}:{o.kind}:{o.place}" for o in f.outputs)
-            entries.append(f"{f.entry.main};{CLASSES[f.owner]};{function_name(f)};{f.entry.base};{parameters};{outputs}")
+            entries.append(f"{f.entry.main};{CLASSES[f.owner]};{function_name(f)};{','.join(o.name for o in f.outputs)}")
     products = {}
     for owner, name in CLASSES.items():
         imports = [f"import com.sun.jna.{c};" for c in ("Memory", "Pointer") if any(re.search(rf"\b{c} \w+ =", line) for line in code[owner])]

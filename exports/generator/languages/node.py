@@ -163,9 +163,7 @@ def friendly(families):
             types[f.owner] += declared(f)
             name = function_name(f)
             names += [] if f.owner else [name]
-            parameters = [[p.name, p.kind] for p in f.parameters]
-            outputs = [[o.name, o.kind, o.place] for o in f.outputs]
-            entries.append(f"  {f.entry.main}: {[name, f.owner, f.entry.base, parameters, outputs]!r},")
+            entries.append(f"  {f.entry.main}: {[name, f.owner, len(f.outputs)]!r},")
     js = [HEAD.format(more=" The friendly functions: texts in, texts out."), "const native = require('./exact');", "const rt = require('./runtime');", ""]
     ts = ["// Made from the export table.", "import * as exact from './exact';", "import * as constants from './constants';", "export { exact, constants };", "",
           "/** The code page of texts from now on: latin1 or ascii, as Buffer knows them, or a table of 256 characters. */",
@@ -175,7 +173,7 @@ def friendly(families):
         ts += [f"/** {what} that is open. */", f"export class {owner} {{", "  readonly handle: number;", "  [Symbol.dispose](): void;",
                *types[owner], "}", ""]
     js += code[""]
-    js += ["// What each entry of the export table is here: name, class, base of its positions, parameters, outputs.", "const entries = {", *entries, "};",
+    js += ["// What each entry of the export table is here: name, class, number of outputs.", "const entries = {", *entries, "};",
            "", f"module.exports = {{ Table, File, exact: native, constants: require('./constants'), setEncoding: rt.setEncoding, entries, {', '.join(names)} }};", ""]
     return "\n".join(js), "\n".join(ts + types[""]) + "\n"
 

@@ -252,19 +252,22 @@ def exact_dispatch(families):
     names, calls = [], []
     for family in families:
         for e in family.entries:
-            arguments = ", ".join(f"{value_type(a.of_kind)}(A[{i}].{'Number' if a.of_kind.is_number else 'Memory'})" for i, a in enumerate(e.arguments))
+            arguments = ", ".join(f"{value_type(a.of_kind)}({'vxc_number' if a.of_kind.is_number else 'vxc_pointer'}({i}))" for i, a in enumerate(e.arguments))
             result = RESULTS[e.returns]
-            gave = "{};" if not result.field else f"Gave{value_type(result)}({{}});" if result.is_number else "GavePlace({});"
+            gave = "{};" if not result.field else "vxc_gave_number({});" if result.is_number else "vxc_gave_place({});"
             for v in dict.fromkeys(variables[n] for n in e.names):
                 names += [f"(Name: '{n}'; Index: {len(calls)})" for n in e.names if variables[n] == v]
                 calls.append(f"    {len(calls)}: {gave.format(f'Vexlor32.{v}({arguments})')}")
     lines = [f"const ExactNames: array[0..{len(names) - 1}] of TCallName = (", ",\n".join("  " + n for n in names), ");", "",
-             "procedure ExactCall(Index: LongInt; const A: TArguments);", "begin", "  case Index of", *calls, "  end;", "end;", ""]
+             "procedure ExactCall(Index: LongInt);", "begin", "  case Index of", *calls, "  end;", "end;", ""]
     return lines
 
 
-READERS = {"str": "InText", "edit": "InText", "bytes": "InBytes", "char": "InChar", "table": "InTable", "handle": "InFile", "uint": "LongWord"}
-GIVERS = {"text": "GiveText", "bool": "GiveBool", "char": "GiveChar", "Table": "GiveTable", "File": "GiveFile"}
+READERS = {"str": "InText({0})", "edit": "InText({0})", "bytes": "InBytes({0})", "char": "AnsiChar(vxc_number({0}) and $FF)",
+           "table": "TVexlorTable(InOpened({0}))", "handle": "TVexlorFile(InOpened({0}))", "uint": "LongWord(vxc_number({0}))"}
+GIVERS = {"text": "GiveText({0})", "bool": "vxc_gave_number(Ord({0}))", "char": "vxc_gave_number(Ord({0}))", "Table": "GiveOpened('T', {0})",
+          "File": "GiveOpened('F', {0})"}
+NUMBER_READER, NUMBER_GIVER = "LongInt(vxc_number({0}))", "vxc_gave_number({0})"
 
 
 def friendly_dispatch(families):
@@ -272,32 +275,29 @@ def friendly_dispatch(families):
     for family, functions in model.functions(families, first=1):
         for f in functions:
             result, outs = returned(f)
-            given, before, after = [], [], []
+            given, before, after, blocks = [], [], [], []
             for i, p in enumerate(f.parameters):
                 if p.kind == "block":
                     before.append(f"B[{i}] := InBytes({i});")
-                    after.append(f"GiveBlock('{p.name}', B[{i}]);")
+                    blocks.append(f"GiveBlock({i}, B[{i}]);")
                     given.append(f"B[{i}]")
                 else:
-                    reader = READERS.get(p.kind, "LongInt")
-                    given.append(f"{reader}(InNumber({i}))" if reader.startswith("Long") else f"{reader}({i})")
-            for i, o in enumerate(outs):
-                place = f"{'T' if o.kind == 'text' else 'N'}[{i}]"
-                given.append(place)
-                after.append(f"{GIVERS.get(o.kind, 'GiveNumber')}('{o.name}', {place});")
+                    given.append(READERS.get(p.kind, NUMBER_READER).format(i))
+            places = {o.name: f"{'T' if o.kind == 'text' else 'N'}[{i}]" for i, o in enumerate(f.outputs)}
+            given += [places[o.name] for o in outs]
+            after += [GIVERS.get(o.kind, NUMBER_GIVER).format(places[o.name]) + ";" for o in f.outputs[0 if result not in f.outputs[:1] else 1:]]
             name = function_name(f)
             target = f"{given.pop(0)}.{name}" if f.owner else f"Vexlor.{name}"
             call = f"{target}({', '.join(given)})" if given else target
             if result and result.kind == "offset":
                 is_block = next(a.kind for a in f.entry.arguments if a.name == result.place) == "block"
-                call = f"GivePlace('{result.place}', {call}{'' if is_block else ' - 1'})"
+                call = f"GivePlace({call}{'' if is_block else ' - 1'})"
+            elif result in f.outputs[1:]:
+                call = f"{places[result.name]} := {call}"
             elif result:
-                call = f"{GIVERS.get(result.kind, 'GiveNumber')}('{result.name}', {call})"
-            written = [o.name for o in f.outputs if o.kind == "text" and o.name != "result"] + [p.name for p in f.parameters if p.kind == "block"]
-            if written and not any(o.name == "result" for o in f.outputs):
-                after.append(f"LiesIn('{written[0]}');")
+                call = GIVERS.get(result.kind, NUMBER_GIVER).format(call)
             names.append(f"  (Name: '{f.entry.main}'; Index: {len(calls)})")
-            calls.append(f"    {len(calls)}: begin {' '.join([*before, call + ';', *after])} end;")
+            calls.append(f"    {len(calls)}: begin {' '.join([*before, call + ';', *after, *blocks])} end;")
     return [f"const FriendlyNames: array[0..{len(names) - 1}] of TCallName = (", ",\n".join(names), ");", "",
             "procedure FriendlyCall(Index: LongInt);", "var", "  T: array[0..3] of AnsiString;", "  N: array[0..3] of LongInt;",
             "  B: array[0..7] of TBytes;", "begin", "  case Index of", *calls, "  end;", "end;", ""]

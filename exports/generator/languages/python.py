@@ -203,9 +203,7 @@ def friendly(families):
             if not f.owner:
                 names.append(name)
             where = f"{f.owner}.{name}" if f.owner else name
-            kinds = tuple((p.name, p.kind) for p in f.parameters)
-            outputs = tuple((o.name, o.kind, o.place) for o in f.outputs)
-            calls.append(f'    "{f.entry.main}": ({where}, {f.entry.base}, {kinds!r}, {outputs!r}),')
+            calls.append(f'    "{f.entry.main}": ({where}, {len(f.outputs)}),')
     lines = [HEAD.format(more=" The friendly functions: texts in, texts out."), "from __future__ import annotations", "", "from ctypes import c_int32", "from typing import Optional, Union", "",
              "from . import _exact", "from . import _runtime as _rt", ""]
     for owner, what in (("Table", "A dBASE-format table"), ("File", "A file")):
@@ -213,7 +211,7 @@ def friendly(families):
         lines += ["", f"class {owner}(_rt.Handle):", f'    """{what} that is open; closed at the end of a `with` block, or with the object."""',
                   f"    NONE = {empty}", ""] + methods[owner]
     lines += [""] + plain_lines
-    lines += ["# What each entry of the export table is here: function, base of its positions, parameters, outputs.",
+    lines += ["# What each entry of the export table is here: function, number of outputs.",
               "_ENTRIES = {", *calls, "}", "", f"__all__ = {['File', 'Table', *sorted(names)]!r}", ""]
     return "\n".join(lines)
 

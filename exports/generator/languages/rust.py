@@ -199,39 +199,35 @@ def dispatch(families, clashes):
             shape = (tuple(EXACT[a.ctype] for a in e.arguments), result_of(e))
             if shape not in shapes:
                 shapes[shape] = f"S{len(shapes)}"
-                words = ", ".join(f"a[{i}].number as {t}" if t in ("i32", "u32") else f"a[{i}].place.cast()" for i, t in enumerate(shape[0]))
-                result = {None: f"{{ f({words}); Returned::Nothing }}", "i32": f"Returned::Number(f({words}).into())",
-                          "u32": f"Returned::Number(f({words}).into())"}.get(shape[1], f"Returned::Place(f({words}) as *const u8)")
-                invoked.append(f"            Call::{shapes[shape]}(f) => {result},")
+                words = ", ".join(f"vxc_number({i}) as {t}" if t in ("i32", "u32") else f"vxc_pointer({i}).cast()" for i, t in enumerate(shape[0]))
+                result = {None: f"f({words})", "i32": f"vxc_gave_number(f({words}).into())",
+                          "u32": f"vxc_gave_number(f({words}).into())"}.get(shape[1], f"vxc_gave_place(f({words}) as *const u8)")
+                invoked.append(f"        Call::{shapes[shape]}(f) => {result},")
             table += [f'    ("{n}", Call::{shapes[shape]}(exact::{n if n not in clashes else linked_name(e, clashes)})),' for n in e.names]
     lines = ["// Made from the export table.", "pub enum Call {"]
     lines += [f'    {s}(unsafe extern "system" fn({", ".join(a)}){f" -> {r}" if r else ""}),' for (a, r), s in shapes.items()]
-    lines += ["}", "", "pub static EXACT: &[(&str, Call)] = &[", *table, "];", "", "pub fn invoke(call: &Call, a: &[Value]) -> Returned {",
-              "    let _ = a;", "    unsafe {", "        match call {", *invoked, "        }", "    }", "}", "",
+    lines += ["}", "", "pub static EXACT: &[(&str, Call)] = &[", *table, "];", "", "unsafe fn invoke(call: &Call) {", "    match call {", *invoked, "    }", "}", "",
               "pub fn friendly_call(call: &mut Friendly, name: &str) {", "    match name {"]
     for _, all_functions in model.functions(families):
         for f in all_functions:
             lines.append(f'        "{f.entry.main}" => {{')
             given, after = [], []
             for i, p in enumerate(f.parameters):
-                reader = {"bytes": "bytes", "block": "bytes", "table": "table", "handle": "file", "uint": "unsigned"}.get(p.kind, "text" if p.is_text else "number")
-                shift = " - 1" if p.kind == "pos" and f.entry.base == 1 else ""
-                changed = p.kind == "block" or p.type_name and function_name(f) == "close"
-                lines.append(f"            let {'mut ' if changed else ''}a{i} = call.{reader}({i}){shift};")
+                reader = {"bytes": "bytes", "block": "bytes", "table": "opened::<Table>", "handle": "opened::<File>", "uint": "unsigned"}.get(p.kind, "text" if p.is_text else "number")
+                lines.append(f"            let {'mut ' if p.kind == 'block' else ''}a{i} = call.{reader}({i});")
                 given.append(f"a{i}.as_deref()" if p.is_text else f"&mut a{i}" if p.kind == "block" else f"&a{i}" if p.is_memory or p.type_name else f"a{i}")
                 if p.kind == "block":
-                    after.append(f'            call.gave_block("{p.name}", a{i});')
-                if p.type_name:
-                    after.append(f"            call.keep_{reader}({i}, a{i});")
+                    after.append(f'            call.gave_block({i}, &a{i});')
             invocation = f"a0.{function_name(f)}({', '.join(given[1:])})" if f.owner else f"vexlor32::{function_name(f)}({', '.join(given)})"
             results = [f"r{i}" for i in range(len(f.outputs))]
             lines.append(f"            {f'let {results[0]} = ' if len(results) == 1 else f'let ({chr(44).join(results)}) = ' if results else ''}{invocation};")
             for r, o in zip(results, f.outputs):
-                if o.kind in ("text", "offset", "Table", "File"):
-                    place = f', "{o.place}"' if o.kind == "offset" else ""
-                    lines.append(f'            call.gave_{o.kind.lower()}("{o.name}", {r}{".into()" if o.kind == "text" else ""}{place});')
+                if o.kind in ("Table", "File"):
+                    lines.append(f"            call.gave_object('{o.kind[0]}', {r}.as_ref().map(|o| o.handle().into()), {r});")
+                elif o.kind in ("text", "offset"):
+                    lines.append(f'            call.gave_{o.kind.lower()}({r}{".into()" if o.kind == "text" else ""});')
                 else:
-                    lines.append(f'            call.gave("{o.name}", i64::from({r}){" + 1" if o.kind == "pos" and f.entry.base == 1 else ""});')
+                    lines.append(f"            call.gave(i64::from({r}));")
             lines += after + ["        }"]
     return "\n".join(lines + ['        _ => panic!("there is no {}", name),', "    }", "}", ""])
 

@@ -1,7 +1,6 @@
-// Makes the calls of vexlor_conformance through the C# declarations; caller_process.h has the protocol.
+// Makes the calls of the conformance library (conformance.h) through the C# declarations.
 using System;
 using System.Collections.Generic;
-using System.IO;
 using System.Linq;
 using System.Reflection;
 using System.Runtime.InteropServices;
@@ -10,145 +9,133 @@ using Vexlor32;
 
 static class Caller
 {
+    const string Core = "vexlor_conformance";
+    delegate void Call([MarshalAs(UnmanagedType.LPStr)] string name, int count);
+    [DllImport(Core)] static extern int vxc_run(int traits, [MarshalAs(UnmanagedType.LPStr)] string errors, Call call);
+    [DllImport(Core)] static extern int vxc_is_friendly();
+    [DllImport(Core)] static extern int vxc_kind(int i);
+    [DllImport(Core)] static extern long vxc_number(int i);
+    [DllImport(Core)] static extern long vxc_size(int i);
+    [DllImport(Core)] static extern long vxc_offset(int i);
+    [DllImport(Core)] static extern IntPtr vxc_pointer(int i);
+    [DllImport(Core)] static extern void vxc_lend(int i, IntPtr place);
+    [DllImport(Core)] static extern void vxc_gave_number(long number);
+    [DllImport(Core)] static extern void vxc_gave_place(IntPtr place);
+    [DllImport(Core)] static extern void vxc_gave_text(byte[] text, long size);
+    [DllImport(Core)] static extern void vxc_gave_null();
+    [DllImport(Core)] static extern void vxc_refused([MarshalAs(UnmanagedType.LPStr)] string words);
+
     static readonly Encoding Latin1 = Encoding.GetEncoding(28591);
     static readonly Dictionary<string, object> opened = new Dictionary<string, object>();
     static readonly ILookup<string, MethodInfo> exact = typeof(Exact).GetMethods().ToLookup(m => m.Name);
+    static readonly List<GCHandle> pins = new List<GCHandle>();  // of the last call
 
-    static byte[] Bytes(string digits)
+    static object Number(int i, Type type)
     {
-        byte[] bytes = new byte[digits.Length / 2];
-        for (int i = 0; i < digits.Length; ++i)
-            bytes[i / 2] = (byte)(16 * bytes[i / 2] + digits[i] - (digits[i] < 'a' ? '0' : 'a' - 10));
-        return bytes;
-    }
-
-    static string Hex(byte[] bytes)
-    {
-        char[] digits = new char[2 * bytes.Length];
-        for (int i = 0; i < digits.Length; ++i)
-            digits[i] = "0123456789abcdef"[i % 2 == 0 ? bytes[i / 2] >> 4 : bytes[i / 2] & 15];
-        return new string(digits);
-    }
-
-    static object Number(string word, Type type, int less = 0)
-    {
-        long number = long.Parse(word.Substring(1)) - less;
+        long number = vxc_number(i);
         return type == typeof(uint) ? (object)checked((uint)number) : type == typeof(Code) ? (object)(Code)(int)number : checked((int)number);
     }
 
-    // Memory is pinned, so that addresses in it can be told; it goes as an address where it begins inside an array.
-    static string ExactCall(string name, string[] words)
+    // Arrays are pinned, so that addresses in them can be told.
+    static Array Lent(int i, Array memory)
     {
-        bool byAddress = words.Any(w => w[0] == 'm' && !w.EndsWith("@0"));
-        Type block = byAddress ? typeof(IntPtr) : typeof(byte[]);
+        pins.Add(GCHandle.Alloc(memory, GCHandleType.Pinned));
+        vxc_lend(i, pins.Last().AddrOfPinnedObject());
+        return memory;
+    }
+
+    static object ExactArgument(int i, Type type, object[] given)
+    {
+        if (vxc_kind(i) == 'n') return Number(i, type);
+        if (type == typeof(IntPtr)) return vxc_pointer(i);
+        if (vxc_kind(i) == 'z') return null;
+        if (vxc_kind(i) == '=') return given[vxc_number(i)];
+        return Lent(i, type == typeof(int[]) ? new int[1] : (Array)new byte[vxc_size(i)]);
+    }
+
+    // Memory goes as an address where the pointer points inside it.
+    static void ExactCall(string name, int count)
+    {
+        int[] places = Enumerable.Range(0, count).ToArray();
+        Type block = places.Any(i => vxc_kind(i) == 'm' && vxc_offset(i) != 0) ? typeof(IntPtr) : typeof(byte[]);
         MethodInfo function = exact[name].First(m => m.GetParameters().Any(p => p.ParameterType == block) || exact[name].Count() == 1);
         ParameterInfo[] parameters = function.GetParameters();
-        object[] given = new object[words.Length];
-        var memories = new Dictionary<int, Array>();
-        var pins = new Dictionary<int, GCHandle>();
-        for (int i = 0; i < words.Length; ++i)
-        {
-            Type type = parameters[i].ParameterType;
-            if (words[i][0] == 'n') given[i] = Number(words[i], type);
-            if (words[i][0] == 'z') given[i] = type == typeof(IntPtr) ? (object)IntPtr.Zero : null;
-            if (words[i][0] == '=') given[i] = given[int.Parse(words[i].Substring(1).Split('@')[0])];
-            if (words[i][0] != 'm') continue;
-            string[] parts = words[i].Substring(1).Split('@');
-            byte[] bytes = Bytes(parts[0]);
-            memories[i] = type == typeof(int[]) ? new[] { BitConverter.ToInt32(bytes, 0) } : (Array)bytes;
-            pins[i] = GCHandle.Alloc(memories[i], GCHandleType.Pinned);
-            given[i] = type == typeof(IntPtr) ? (object)IntPtr.Add(pins[i].AddrOfPinnedObject(), int.Parse(parts[1])) : memories[i];
-        }
+        object[] given = new object[count];
+        foreach (int i in places) given[i] = ExactArgument(i, parameters[i].ParameterType, given);
         object result = function.Invoke(null, given);
-        string answer = Shown(result, function.ReturnType, memories, pins);
-        foreach (Array memory in memories.Values)
-            answer += " m" + Hex(memory as byte[] ?? BitConverter.GetBytes(((int[])memory)[0]));
-        foreach (GCHandle pin in pins.Values) pin.Free();
-        return answer;
+        if (function.ReturnType == typeof(IntPtr)) vxc_gave_place((IntPtr)result);
+        else if (function.ReturnType != typeof(void)) vxc_gave_number(Convert.ToInt64(result));
     }
 
-    static string Shown(object result, Type type, Dictionary<int, Array> memories, Dictionary<int, GCHandle> pins)
+    static object FriendlyArgument(int i, Type type)
     {
-        if (type == typeof(void)) return "v";
-        if (type != typeof(IntPtr)) return "n" + result;
-        if ((IntPtr)result == IntPtr.Zero) return "z";
-        // The end of one may be the beginning of another.
-        foreach (int beyond in new[] { 0, 1 })
-            foreach (int i in memories.Keys)
-            {
-                long offset = ((IntPtr)result).ToInt64() - pins[i].AddrOfPinnedObject().ToInt64();
-                if (offset >= 0 && offset < memories[i].Length + beyond) return "p" + i + "@" + offset;
-            }
-        return "t" + Hex(Latin1.GetBytes(Marshal.PtrToStringAnsi((IntPtr)result)));
+        char kind = (char)vxc_kind(i);
+        if (kind == 'T' || kind == 'F') return opened[kind + "" + vxc_number(i)];
+        if (kind == 'n') return Number(i, type);
+        if (kind == 'z') return null;
+        byte[] bytes = (byte[])Lent(i, new byte[vxc_size(i)]);
+        return kind == 't' ? Latin1.GetString(bytes) : kind == 'u' ? Encoding.UTF8.GetString(bytes) : (object)bytes;
     }
 
-    static object FriendlyArgument(string word, string kind, Type type, int pos)
+    static void Give(object value)
     {
-        if (kind == "table" || kind == "handle") return opened[kind + word];
-        if (word[0] == 'n') return Number(word, type, kind == "pos" ? pos : 0);
-        if (word[0] == 'z') return null;
-        byte[] bytes = Bytes(word.Substring(1));
-        return type == typeof(byte[]) ? (object)bytes : Latin1.GetString(bytes);
-    }
-
-    static string FriendlyOutput(object value, string kind, string place, int pos)
-    {
-        if (kind == "Table" || kind == "File")
+        byte[] bytes = value as byte[] ?? (value is string ? Latin1.GetBytes((string)value) : null);
+        if (value is Handle)
         {
-            if (value == null) return kind == "Table" ? "n0" : "n-1";
-            string word = "n" + value.GetType().GetProperty("Number").GetValue(value);
-            opened[(kind == "Table" ? "table" : "handle") + word] = value;
-            return word;
+            object number = value.GetType().GetProperty("Number").GetValue(value);
+            opened[(value is Table ? "T" : "F") + number] = value;
+            Give(number);
         }
-        if (value == null) return "z";
-        if (kind == "text") return "t" + Hex(Latin1.GetBytes((string)value));
-        if (kind == "offset") return "p" + place + "@" + value;
-        return "n" + (Convert.ToInt64(value) + (kind == "pos" ? pos : 0));
+        else if (bytes != null) vxc_gave_text(bytes, bytes.Length);
+        else if (value != null) vxc_gave_number(Convert.ToInt64(value));
+        else vxc_gave_null();
     }
 
-    static string FriendlyCall(string main, string[] words)
+    static void FriendlyCall(string main, int count)
     {
         string[] entry = Entries.All[main];
-        int pos = entry[2] == "1" ? 1 : 0;
-        string[][] parameters = entry[3].Split(new[] { ' ' }, StringSplitOptions.RemoveEmptyEntries).Select(p => p.Split(':')).ToArray();
-        string[][] outputs = entry[4].Split(new[] { ' ' }, StringSplitOptions.RemoveEmptyEntries).Select(o => o.Split(':')).ToArray();
+        int outputs = int.Parse(entry[2]);
         int own = entry[1] == "" ? 0 : 1;
         Type type = own == 0 ? typeof(Functions) : entry[1] == "Table" ? typeof(Table) : typeof(VexlorFile);
         MethodInfo method = type.GetMethod(entry[0]);
         Type[] types = method.GetParameters().Select(p => p.ParameterType).ToArray();
-        object[] given = words.Select((w, i) => FriendlyArgument(w, parameters[i][1], i < own ? type : types[i - own], pos)).ToArray();
+        object[] given = Enumerable.Range(0, count).Select(i => FriendlyArgument(i, i < own ? type : types[i - own])).ToArray();
         object value = method.Invoke(own == 0 ? null : given[0], given.Skip(own).ToArray());
-        Func<int, object> item = i => value.GetType().GetField("Item" + (i + 1)).GetValue(value);
-        object[] values = outputs.Length < 2 ? new[] { value } : outputs.Select((_, i) => item(i)).ToArray();
-        var gave = outputs.Select((o, i) => new[] { o[0], o[1], FriendlyOutput(values[i], o[1], o[2], pos) }).ToList();
-        for (int i = 0; i < given.Length; ++i)
-            if (parameters[i][1] == "block" && given[i] != null) gave.Add(new[] { parameters[i][0], "text", "t" + Hex((byte[])given[i]) });
-        string[] result = gave.Find(g => g[0] == "result");
-        string[] written = gave.Find(g => g[0] != "result" && g[1] == "text");
-        string answer = result != null ? result[2] : written == null ? "v" : written[2] == "z" ? "z" : "p" + written[0] + "@0";
-        return answer + string.Concat(gave.Where(g => g != result && g[2] != "z").Select(g => " " + g[0] + "=" + g[2]));
+        if (outputs == 1) Give(value);
+        for (int i = 1; outputs > 1 && i <= outputs; ++i) Give(value.GetType().GetField("Item" + i).GetValue(value));
+        for (int i = 0; i < count; ++i)
+            if (vxc_kind(i) == 'B') Give(given[i]);
     }
 
-    static int Main(string[] arguments)
+    static void Make(string name, int count)
     {
-        if (arguments.Length > 0) return Refusals.Run();
-        var output = new StreamWriter(Console.OpenStandardOutput()) { AutoFlush = true };
-        for (string line; (line = Console.In.ReadLine()) != null;)
+        foreach (GCHandle pin in pins) pin.Free();
+        pins.Clear();
+        try
         {
-            string[] words = line.Split(' ');
-            string answer = "ok";
-            try
-            {
-                if (words[0] == "enter") Directory.SetCurrentDirectory(Encoding.UTF8.GetString(Bytes(words[1])));
-                else if (words[0] == "call") answer = ExactCall(words[1], words.Skip(2).ToArray());
-                else answer = FriendlyCall(words[1], words.Skip(2).ToArray());
-            }
-            catch (Exception error)  // whatever it is, the row shows it
-            {
-                answer = "!" + (error.InnerException ?? error).ToString().Replace("\n", " ");
-            }
-            output.Write(answer + "\n");
+            if (vxc_is_friendly() != 0) FriendlyCall(name, count);
+            else ExactCall(name, count);
         }
-        return 0;
+        catch (Exception error)  // whatever it is, the row shows it
+        {
+            vxc_refused((error.InnerException ?? error).ToString());
+        }
+    }
+
+    static bool Refused<Error>(Action act) where Error : Exception
+    {
+        try { act(); }
+        catch (Error) { return true; }
+        Console.Error.WriteLine("an " + typeof(Error) + " is missing");
+        return false;
+    }
+
+    static int Main()
+    {
+        // What only this language has: an encoding that is a property, characters of 16 bits, arrays of numbers.
+        if (!Refused<ArgumentException>(() => Texts.Encoding = Encoding.UTF8)) return 1;
+        if (!Refused<EncoderFallbackException>(() => Functions.StrnSet('\u4e00', 3))) return 1;
+        if (!Refused<ArgumentException>(() => Exact.DosGetDate(new int[0], null, null))) return 1;
+        return vxc_run(2 + 4, "ArgumentException|EncoderFallbackException|ObjectDisposedException", Make);
     }
 }

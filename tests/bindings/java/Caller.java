@@ -1,202 +1,138 @@
-// Makes the calls of vexlor_conformance through the Java classes; caller_process.h has the protocol.
+// Makes the calls of the conformance library (conformance.h) through the Java classes.
 package vexlor32;
 
-import com.sun.jna.Memory;
-import com.sun.jna.NativeLibrary;
+import com.sun.jna.Callback;
+import com.sun.jna.Native;
 import com.sun.jna.Pointer;
-import java.io.BufferedReader;
 import java.io.IOException;
-import java.io.InputStreamReader;
-import java.io.PrintStream;
 import java.lang.reflect.InvocationTargetException;
 import java.lang.reflect.Method;
-import java.nio.ByteBuffer;
-import java.nio.ByteOrder;
 import java.nio.charset.StandardCharsets;
 import java.nio.file.Files;
 import java.nio.file.Path;
-import java.util.ArrayList;
 import java.util.Arrays;
 import java.util.HashMap;
-import java.util.HexFormat;
 import java.util.List;
 import java.util.Map;
+import java.util.stream.Collectors;
+import java.util.stream.IntStream;
 
 public final class Caller {
-    private static final HexFormat HEX = HexFormat.of();
+    static {
+        Native.register("vexlor_conformance");
+    }
+
+    public interface Call extends Callback {
+        void call(String name, int count);
+    }
+
+    static native int vxc_run(int traits, String errors, Call call);
+    static native int vxc_is_friendly();
+    static native int vxc_kind(int i);
+    static native long vxc_number(int i);
+    static native Pointer vxc_memory(int i);
+    static native long vxc_size(int i);
+    static native long vxc_offset(int i);
+    static native Pointer vxc_pointer(int i);
+    static native void vxc_gave_number(long number);
+    static native void vxc_gave_place(Pointer place);
+    static native void vxc_gave_text(byte[] text, long size);
+    static native void vxc_gave_null();
+    static native void vxc_refused(String words);
+
     private static final Map<String, List<Method>> EXACT = byName(Exact.class);
-    private static final Map<String, Map<String, List<Method>>> FRIENDLY = Map.of("Vexlor32", byName(Vexlor32.class), "Table",
-            byName(Table.class), "VexlorFile", byName(VexlorFile.class));
+    private static final Map<String, Class<?>> FRIENDLY = Map.of("Vexlor32", Vexlor32.class, "Table", Table.class, "VexlorFile", VexlorFile.class);
     private static final Map<String, String[]> ENTRIES = new HashMap<>();
     private static final Map<String, Handle> OPENED = new HashMap<>();
 
     private static Map<String, List<Method>> byName(Class<?> owner) {
-        Map<String, List<Method>> methods = new HashMap<>();
-        for (Method m : owner.getMethods()) methods.computeIfAbsent(m.getName(), n -> new ArrayList<>()).add(m);
-        return methods;
+        return Arrays.stream(owner.getMethods()).collect(Collectors.groupingBy(Method::getName));
     }
 
-    private static byte[] content(String word) {
-        int at = word.indexOf('@');
-        return HEX.parseHex(word.substring(1, at < 0 ? word.length() : at));
+    private static byte[] content(int i) {
+        return vxc_size(i) == 0 ? new byte[0] : vxc_memory(i).getByteArray(0, (int) vxc_size(i));
     }
 
     /** By arrays where addresses tell nothing more, so that both forms are called. */
-    private static Method form(String name, String[] words) {
+    private static Method form(String name, int count) {
         List<Method> forms = EXACT.get(name);
         if (forms == null) throw new IllegalArgumentException("there is no " + name);
         boolean places = forms.get(0).getReturnType() == Pointer.class
-                || Arrays.stream(words).anyMatch(w -> w.startsWith("=") || w.startsWith("m") && !w.endsWith("@0"));
-        for (Method m : forms) {
-            if (Arrays.asList(m.getParameterTypes()).contains(Pointer.class) == places) return m;
+                || IntStream.range(0, count).anyMatch(i -> vxc_kind(i) == '=' || vxc_offset(i) != 0);
+        return forms.stream().filter(m -> Arrays.asList(m.getParameterTypes()).contains(Pointer.class) == places).findFirst().orElse(forms.get(0));
+    }
+
+    private static Object exactArgument(int i, Class<?> type) {
+        if (type == long.class) return vxc_number(i);
+        if (type == int.class) return (int) vxc_number(i);
+        if (vxc_kind(i) == 'z') return null;
+        if (type == byte[].class) return content(i);
+        return type == int[].class ? vxc_pointer(i).getIntArray(0, 1) : vxc_pointer(i);
+    }
+
+    private static void exactCall(String name, int count) throws ReflectiveOperationException {
+        Method method = form(name, count);
+        Object[] given = new Object[count];
+        for (int i = 0; i < count; ++i) given[i] = exactArgument(i, method.getParameterTypes()[i]);
+        Object result = method.invoke(null, given);
+        for (int i = 0; i < count; ++i) {
+            if (given[i] instanceof byte[]) vxc_pointer(i).write(0, (byte[]) given[i], 0, ((byte[]) given[i]).length);
+            if (given[i] instanceof int[]) vxc_pointer(i).setInt(0, ((int[]) given[i])[0]);
         }
-        return forms.get(0);
+        if (method.getReturnType() == Pointer.class) vxc_gave_place((Pointer) result);
+        else if (method.getReturnType() != void.class) vxc_gave_number(((Number) result).longValue());
     }
 
-    private static Object memory(String word, Class<?> type) {
-        byte[] bytes = content(word);
-        if (type == byte[].class) return bytes;
-        if (type == int[].class) return new int[] {ByteBuffer.wrap(bytes).order(ByteOrder.LITTLE_ENDIAN).getInt()};
-        return Texts.memory(bytes);
+    private static Object friendlyArgument(int i, Class<?> type) {
+        char kind = (char) vxc_kind(i);
+        if (kind == 'T' || kind == 'F') return OPENED.get(kind + "" + vxc_number(i));
+        if (kind == 'z') return null;
+        if (kind == 'b' || kind == 'B') return content(i);
+        if (kind != 'n') return new String(content(i), kind == 't' ? StandardCharsets.ISO_8859_1 : StandardCharsets.UTF_8);
+        return type == long.class ? (Object) vxc_number(i) : (Object) (int) vxc_number(i);
     }
 
-    private static byte[] after(Object memory, int size) {
-        if (memory instanceof byte[]) return (byte[]) memory;
-        if (memory instanceof Memory) return ((Memory) memory).getByteArray(0, size);
-        return ByteBuffer.allocate(4).order(ByteOrder.LITTLE_ENDIAN).putInt(((int[]) memory)[0]).array();
-    }
-
-    private static String exactCall(String name, String[] words) throws ReflectiveOperationException {
-        Method method = form(name, words);
-        Class<?>[] types = method.getParameterTypes();
-        Object[] memories = new Object[words.length];
-        Object[] given = new Object[words.length];
-        for (int i = 0; i < words.length; ++i) {
-            char kind = words[i].charAt(0);
-            if (kind == 'n') {
-                long number = Long.parseLong(words[i].substring(1));
-                given[i] = types[i] == long.class ? (Object) number : (Object) (int) number;
-            } else if (kind == '=') {
-                given[i] = given[Integer.parseInt(words[i].substring(1, words[i].indexOf('@')))];
-            } else if (kind == 'm') {
-                memories[i] = memory(words[i], types[i]);
-                long offset = Long.parseLong(words[i].substring(words[i].indexOf('@') + 1));
-                given[i] = offset == 0 ? memories[i] : ((Memory) memories[i]).share(offset);
-            }
+    private static void give(Object value) {
+        if (value instanceof String) value = ((String) value).getBytes(StandardCharsets.ISO_8859_1);
+        if (value instanceof byte[]) {
+            vxc_gave_text((byte[]) value, ((byte[]) value).length);
+        } else if (value instanceof Handle) {
+            OPENED.put((value instanceof Table ? "T" : "F") + ((Handle) value).handle(), (Handle) value);
+            vxc_gave_number(((Handle) value).handle());
+        } else if (value instanceof Boolean) {
+            vxc_gave_number((Boolean) value ? 1 : 0);
+        } else if (value != null) {
+            vxc_gave_number(((Number) value).longValue());
+        } else {
+            vxc_gave_null();
         }
-        StringBuilder answer = new StringBuilder(shown(method, method.invoke(null, given), memories, words));
-        for (int i = 0; i < words.length; ++i) {
-            if (memories[i] != null) answer.append(" m").append(HEX.formatHex(after(memories[i], content(words[i]).length)));
-        }
-        return answer.toString();
     }
 
-    private static String shown(Method method, Object result, Object[] memories, String[] words) {
-        if (method.getReturnType() == void.class) return "v";
-        if (result == null) return "z";
-        if (!(result instanceof Pointer)) return "n" + result;
-        for (int beyond = 0; beyond < 2; ++beyond) { // the end of one may be the beginning of another
-            for (int i = 0; i < memories.length; ++i) {
-                if (memories[i] == null) continue;
-                int offset = Texts.offset((Memory) memories[i], (Pointer) result);
-                if (offset >= 0 && offset < content(words[i]).length + beyond) return "p" + i + "@" + offset;
-            }
-        }
-        Pointer text = (Pointer) result;
-        return "t" + HEX.formatHex(text.getByteArray(0, (int) text.indexOf(0, (byte) 0)));
-    }
-
-    private static Object friendlyArgument(String word, String kind, int base) {
-        if (kind.equals("table") || kind.equals("handle")) return OPENED.get(kind + word);
-        if (word.equals("z")) return null;
-        if (word.charAt(0) == 't') {
-            boolean isBlock = kind.equals("bytes") || kind.equals("block");
-            return isBlock ? content(word) : new String(content(word), StandardCharsets.ISO_8859_1);
-        }
-        long number = Long.parseLong(word.substring(1));
-        return kind.equals("uint") ? (Object) number : (Object) (int) (number - (kind.equals("pos") && base == 1 ? 1 : 0));
-    }
-
-    private static String friendlyOutput(Object value, String kind, String place, int base) {
-        if (kind.equals("Table") || kind.equals("File")) {
-            if (value == null) return kind.equals("Table") ? "n0" : "n-1";
-            String word = "n" + ((Handle) value).handle();
-            OPENED.put((kind.equals("Table") ? "table" : "handle") + word, (Handle) value);
-            return word;
-        }
-        if (value == null) return "z";
-        if (kind.equals("text")) return "t" + HEX.formatHex(((String) value).getBytes(StandardCharsets.ISO_8859_1));
-        if (kind.equals("offset")) return "p" + place + "@" + value;
-        if (kind.equals("bool")) return (Boolean) value ? "n1" : "n0";
-        return "n" + (((Number) value).longValue() + (kind.equals("pos") && base == 1 ? 1 : 0));
-    }
-
-    private static String[] list(String[] entry, int index) {
-        return entry[index].isEmpty() ? new String[0] : entry[index].split(",");
-    }
-
-    private static String friendlyCall(String main, String[] words) throws ReflectiveOperationException {
+    private static void friendlyCall(String main, int count) throws ReflectiveOperationException {
         String[] entry = ENTRIES.get(main);
-        int base = Integer.parseInt(entry[3]);
-        String[] parameters = list(entry, 4);
-        String[] outputs = list(entry, 5);
-        Object[] given = new Object[words.length];
-        for (int i = 0; i < words.length; ++i) given[i] = friendlyArgument(words[i], parameters[i].split(":")[1], base);
-        boolean isMethod = !entry[1].equals("Vexlor32");
-        Method method = FRIENDLY.get(entry[1]).get(entry[2]).get(0);
-        Object result = method.invoke(isMethod ? given[0] : null, isMethod ? Arrays.copyOfRange(given, 1, given.length) : given);
-        String first = null;
-        String written = null;
-        StringBuilder others = new StringBuilder();
-        for (String output : outputs) {
-            String[] parts = output.split(":", -1);
-            Object value = outputs.length == 1 ? result : result.getClass().getMethod(parts[0]).invoke(result);
-            String word = friendlyOutput(value, parts[1], parts[2], base);
-            if (parts[0].equals("result")) {
-                first = word;
-                continue;
-            }
-            if (written == null && parts[1].equals("text")) written = word.equals("z") ? "z" : "p" + parts[0] + "@0";
-            if (!word.equals("z")) others.append(" ").append(parts[0]).append("=").append(word);
+        int own = entry[1].equals("Vexlor32") ? 0 : 1;
+        Method method = byName(FRIENDLY.get(entry[1])).get(entry[2]).get(0);
+        Object[] given = new Object[count];
+        for (int i = 0; i < count; ++i) given[i] = friendlyArgument(i, i < own ? Handle.class : method.getParameterTypes()[i - own]);
+        Object result = method.invoke(own == 0 ? null : given[0], Arrays.copyOfRange(given, own, count));
+        String[] outputs = entry[3].isEmpty() ? new String[0] : entry[3].split(",");
+        for (String output : outputs) give(outputs.length == 1 ? result : result.getClass().getMethod(output).invoke(result));
+        for (int i = 0; i < count; ++i) {
+            if (vxc_kind(i) == 'B') give(given[i]);
         }
-        for (int i = 0; i < words.length; ++i) {
-            if (!parameters[i].endsWith(":block") || given[i] == null) continue;
-            String name = parameters[i].split(":")[0];
-            if (written == null) written = "p" + name + "@0";
-            others.append(" ").append(name).append("=t").append(HEX.formatHex((byte[]) given[i]));
-        }
-        return (first != null ? first : written != null ? written : "v") + others;
     }
 
-    private static String answerTo(String line) throws Throwable {
-        String[] words = line.split(" ");
-        String[] arguments = Arrays.copyOfRange(words, 2, words.length);
+    private static void make(String name, int count) {
         try {
-            if (words[0].equals("call")) return exactCall(words[1], arguments);
-            if (words[0].equals("friendly")) return friendlyCall(words[1], arguments);
-        } catch (InvocationTargetException error) {
-            throw error.getCause();
+            if (vxc_is_friendly() != 0) friendlyCall(name, count);
+            else exactCall(name, count);
+        } catch (Throwable error) { // whatever it is, the row shows it
+            vxc_refused((error instanceof InvocationTargetException ? error.getCause() : error).toString());
         }
-        String path = new String(HEX.parseHex(words[1]), StandardCharsets.UTF_8);
-        int failed = NativeLibrary.getInstance("c").getFunction("chdir").invokeInt(new Object[] {path}); // Java has none
-        return failed == 0 ? "ok" : "!cannot enter " + path;
     }
 
     public static void main(String[] arguments) throws IOException {
-        for (String line : Files.readAllLines(Path.of(arguments[0]))) {
-            ENTRIES.put(line.substring(0, line.indexOf(';')), line.split(";", -1));
-        }
-        PrintStream out = System.out;
-        BufferedReader in = new BufferedReader(new InputStreamReader(System.in, StandardCharsets.US_ASCII));
-        for (String line = in.readLine(); line != null; line = in.readLine()) {
-            String answer;
-            try {
-                answer = answerTo(line);
-            } catch (Throwable error) { // whatever it is, the row shows it
-                answer = ("!" + error).replace('\n', ' ');
-            }
-            out.print(answer + "\n");
-            out.flush();
-        }
+        for (String line : Files.readAllLines(Path.of(arguments[0]))) ENTRIES.put(line.substring(0, line.indexOf(';')), line.split(";", -1));
+        System.exit(vxc_run(2 + 4, "IllegalArgumentException|IllegalStateException", Caller::make));
     }
 }

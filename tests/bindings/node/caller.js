@@ -1,5 +1,5 @@
 'use strict';
-// Makes the calls of vexlor_conformance through the Node package; caller_process.h has the protocol.
+// Makes the calls of the conformance library (conformance.h) through the Node package.
 let vexlor32;
 let koffi;
 try {
@@ -10,89 +10,79 @@ try {
   process.exit(77);
 }
 const { exact, entries } = vexlor32;
-const readline = require('readline');
+const library = koffi.load('libvexlor_conformance.so');
+const callType = koffi.proto('void VxcCall(const char *name, int count)');
+const run = library.func('int vxc_run(int traits, const char *errors, VxcCall *call)');
+const isFriendly = library.func('int vxc_is_friendly()')();
+const kindOf = library.func('int vxc_kind(int i)');
+const number = library.func('int64_t vxc_number(int i)');
+const size = library.func('int64_t vxc_size(int i)');
+const offset = library.func('int64_t vxc_offset(int i)');
+const lend = library.func('void vxc_lend(int i, void *place)');
+const gaveNumber = library.func('void vxc_gave_number(int64_t number)');
+const gavePlace = library.func('void vxc_gave_place(void *place)');
+const gaveText = library.func('void vxc_gave_text(void *text, int64_t size)');
+const gaveNull = library.func('void vxc_gave_null()');
+const refused = library.func('void vxc_refused(const char *words)');
 
-const opened = new Map(); // friendly objects by their handles
+const [ARRAYS, UNICODE, WIDE] = [2, 4, 8];
+const opened = new Map(); // friendly objects by their kinds and numbers
+let given = []; // kept until the next call
 
-function exactCall(name, words) {
-  const memories = new Map();
-  const numbers = new Map(); // what goes through memory of its own type
-  const given = [];
-  words.forEach((word, i) => {
-    if (word[0] === 'n') given.push(Number(word.slice(1)));
-    else if (word[0] === 'z') given.push(null);
-    else if (word[0] === '=') given.push(given[parseInt(word.slice(1), 10)]);
-    else {
-      const [digits, offset] = word.slice(1).split('@');
-      const bytes = Buffer.from(digits, 'hex');
-      memories.set(i, bytes);
-      if (exact[name].letters[i] === 'n') numbers.set(i, new Int32Array([bytes.readInt32LE(0)]));
-      given.push(numbers.get(i) ?? bytes.subarray(Number(offset)));
-    }
-  });
+function lent(i, memory) {
+  lend(i, memory);
+  return memory;
+}
+
+function exactArgument(name, i) {
+  const kind = String.fromCharCode(kindOf(i));
+  if (kind === 'n') return number(i);
+  if (kind === 'z') return null;
+  if (kind === '=') return given[number(i)];
+  return exact[name].letters[i] === 'n' ? lent(i, new Int32Array(1)) : lent(i, Buffer.alloc(size(i))).subarray(offset(i));
+}
+
+function exactCall(name, count) {
+  given = [];
+  for (let i = 0; i < count; ++i) given.push(exactArgument(name, i));
   const result = exact[name](...given);
-  for (const [i, value] of numbers) memories.get(i).writeInt32LE(value[0]);
-  return [shown(result, memories), ...[...memories.values()].map((bytes) => `m${bytes.toString('hex')}`)].join(' ');
+  if (typeof result === 'number') gaveNumber(result);
+  else if (result !== undefined) gavePlace(result);
 }
 
-function shown(result, memories) {
-  if (result === undefined) return 'v';
-  if (typeof result === 'number') return `n${result}`;
-  if (result === null || result === 0n) return 'z';
-  // The end of one may be the beginning of another.
-  for (const beyond of [0, 1]) {
-    for (const [i, bytes] of memories) {
-      const offset = Number(result - koffi.address(bytes));
-      if (offset >= 0 && offset < bytes.length + beyond) return `p${i}@${offset}`;
-    }
+function friendlyArgument(i) {
+  const kind = String.fromCharCode(kindOf(i));
+  if (kind === 'n') return number(i);
+  if (kind === 'z') return null;
+  if (kind === 'T' || kind === 'F') return opened.get(kind + number(i));
+  const bytes = lent(i, Buffer.alloc(size(i)));
+  return kind === 't' ? bytes.toString('latin1') : kind === 'u' ? bytes.toString() : bytes;
+}
+
+function give(value) {
+  if (value === null) gaveNull();
+  else if (typeof value === 'number' || typeof value === 'boolean') gaveNumber(Number(value));
+  else if (typeof value === 'string' || value instanceof Buffer) gaveText(Buffer.from(value, 'latin1'), value.length);
+  else {
+    opened.set((value instanceof vexlor32.Table ? 'T' : 'F') + value.handle, value);
+    gaveNumber(value.handle);
   }
-  return `t${Buffer.from(koffi.decode(result, 'char', -1), 'latin1').toString('hex')}`;
 }
 
-function friendlyArgument(word, kind, base) {
-  if (kind === 'table' || kind === 'handle') return opened.get(kind + word);
-  if (word[0] === 'n') return Number(word.slice(1)) - (kind === 'pos' && base === 1 ? 1 : 0);
-  if (word[0] === 'z') return null;
-  const bytes = Buffer.from(word.slice(1), 'hex');
-  return kind === 'bytes' || kind === 'block' ? bytes : bytes.toString('latin1');
-}
-
-function friendlyOutput(value, kind, place, base) {
-  if (kind === 'Table' || kind === 'File') {
-    if (value === null) return kind === 'Table' ? 'n0' : 'n-1';
-    opened.set(`${kind === 'Table' ? 'table' : 'handle'}n${value.handle}`, value);
-    return `n${value.handle}`;
-  }
-  if (value === null) return 'z';
-  if (kind === 'text') return `t${Buffer.from(value, 'latin1').toString('hex')}`;
-  if (kind === 'offset') return `p${place}@${value}`;
-  return `n${Number(value) + (kind === 'pos' && base === 1 ? 1 : 0)}`;
-}
-
-function friendlyCall(main, words) {
-  const [name, owner, base, parameters, outputs] = entries[main];
-  const given = words.map((word, i) => friendlyArgument(word, parameters[i][1], base));
+function friendlyCall(main, count) {
+  const [name, owner, outputs] = entries[main];
+  given = Array.from({ length: count }, (_, i) => friendlyArgument(i));
   const value = owner ? given[0][name](...given.slice(1)) : vexlor32[name](...given);
-  const values = outputs.length > 1 ? value : [value];
-  const shownOutputs = new Map(outputs.map(([output, kind, place], i) => [output, friendlyOutput(values[i], kind, place, base)]));
-  const blocks = parameters.flatMap(([parameter, kind], i) => (kind === 'block' && given[i] ? [[parameter, `t${given[i].toString('hex')}`]] : []));
-  const written = [...outputs.filter(([output, kind]) => output !== 'result' && kind === 'text').map(([output]) => output), ...blocks.map(([n]) => n)];
-  let result = shownOutputs.get('result');
-  if (result === undefined) result = !written.length ? 'v' : shownOutputs.get(written[0]) === 'z' ? 'z' : `p${written[0]}@0`;
-  const others = [...shownOutputs, ...blocks].filter(([output, word]) => output !== 'result' && word !== 'z');
-  return [result, ...others.map(([output, word]) => `${output}=${word}`)].join(' ');
+  (outputs > 1 ? value : [value].slice(0, outputs)).forEach(give);
+  given.forEach((block, i) => { if (kindOf(i) === 'B'.charCodeAt(0)) give(block); });
 }
 
-readline.createInterface({ input: process.stdin }).on('line', (line) => {
-  const [what, name, ...words] = line.split(' ');
-  let answer;
+function call(name, count) {
   try {
-    if (what === 'enter') {
-      process.chdir(Buffer.from(name, 'hex').toString());
-      answer = 'ok';
-    } else answer = what === 'call' ? exactCall(name, words) : friendlyCall(name, words);
+    (isFriendly ? friendlyCall : exactCall)(name, count);
   } catch (error) {
-    answer = `!${error}`.replace(/\n/g, ' ');
+    refused(`${error}`);
   }
-  process.stdout.write(`${answer}\n`);
-});
+}
+
+process.exitCode = run(ARRAYS | UNICODE | WIDE, 'TypeError|RangeError|Error: .*closed', koffi.register(call, koffi.pointer(callType)));

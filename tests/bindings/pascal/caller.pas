@@ -1,298 +1,134 @@
-// Makes the calls of vexlor_conformance through the units for Pascal; caller_process.h has the protocol.
+// Makes the calls of the conformance library (conformance.h) through the units for Pascal.
 program caller;
 
 {$MODE DELPHI}{$H+}{$R+}{$Q+}
 
 uses
-  SysUtils, Classes, VexlorBase, Vexlor32, Vexlor;
+  SysUtils, Classes, VexlorBase, VexlorConsts, Vexlor32, Vexlor;
+
+const
+  Core = 'vexlor_conformance';
 
 type
   TCallName = record
     Name: PAnsiChar;
     Index: LongInt;
   end;
-  TArgument = record
-    Number: Int64;
-    Memory: PAnsiChar;
-    Bytes: TBytes;
-  end;
-  TArguments = array of TArgument;
+  TCall = procedure(Name: PAnsiChar; Count: LongInt); cdecl;
 
 var
-  Words: TStringList;     // of the request, without what is asked for
-  Arguments: TArguments;  // of an exact call
-  Answer, Others: AnsiString;
-  Opened: TStringList;    // friendly objects by kind and handle
-  Buffer: array[0..65535] of AnsiChar;
-  Next, Filled: SizeInt;  // what of the buffer is still to be read
+  Opened: TStringList;  // friendly objects by kind and handle
 
-function HexOf(Data: PAnsiChar; Size: SizeInt): AnsiString;
-const
-  Digits: array[0..15] of AnsiChar = '0123456789abcdef';
-var
-  I: SizeInt;
+function vxc_run(Traits: LongInt; Errors: PAnsiChar; Call: TCall): LongInt; cdecl; external Core;
+function vxc_is_friendly: LongInt; cdecl; external Core;
+function vxc_kind(I: LongInt): LongInt; cdecl; external Core;
+function vxc_number(I: LongInt): Int64; cdecl; external Core;
+function vxc_memory(I: LongInt): PAnsiChar; cdecl; external Core;
+function vxc_size(I: LongInt): Int64; cdecl; external Core;
+function vxc_pointer(I: LongInt): PAnsiChar; cdecl; external Core;
+procedure vxc_gave_number(Number: Int64); cdecl; external Core;
+procedure vxc_gave_place(Place: Pointer); cdecl; external Core;
+procedure vxc_gave_text(Text: PAnsiChar; Size: Int64); cdecl; external Core;
+procedure vxc_gave_null; cdecl; external Core;
+procedure vxc_refused(Words: PAnsiChar); cdecl; external Core;
+
+procedure GiveText(const Value: AnsiString);
 begin
-  Result := '';
-  SetLength(Result, 2 * Size);
-  for I := 0 to Size - 1 do
-  begin
-    Result[2 * I + 1] := Digits[Ord(Data[I]) shr 4];
-    Result[2 * I + 2] := Digits[Ord(Data[I]) and 15];
-  end;
+  vxc_gave_text(PAnsiChar(Value), Length(Value));
 end;
 
-// With a byte more, so that there is an address in any case.
-function BytesOf(const Digits: AnsiString; Spare: SizeInt): TBytes;
+procedure GiveBlock(I: Integer; const Value: TBytes);
 begin
-  Result := nil;
-  SetLength(Result, Length(Digits) div 2 + Spare);
-  if Digits <> '' then HexToBin(PAnsiChar(Digits), PAnsiChar(Result), Length(Digits) div 2);
+  if vxc_kind(I) = Ord('B') then vxc_gave_text(PAnsiChar(Value), Length(Value));
 end;
 
-function TextOf(const Digits: AnsiString): AnsiString;
+procedure GivePlace(Offset: LongInt);
 begin
-  Result := '';
-  SetLength(Result, Length(Digits) div 2);
-  if Digits <> '' then HexToBin(PAnsiChar(Digits), PAnsiChar(Result), Length(Result));
+  if Offset < 0 then vxc_gave_null else vxc_gave_number(Offset);
 end;
 
-// Range checks tell a result that is declared with the other sign.
-procedure GaveLongInt(Value: LongInt);
-begin
-  Answer := 'n' + IntToStr(Value);
-end;
-
-procedure GaveLongWord(Value: LongWord);
-begin
-  Answer := 'n' + IntToStr(Value);
-end;
-
-procedure GavePlace(Value: Pointer);
-var
-  Beyond, I: Integer;
-  Offset: PtrInt;
-begin
-  Answer := 'z';
-  if Value = nil then Exit;
-  for Beyond := 0 to 1 do  // the end of one may be the beginning of another
-    for I := 0 to High(Arguments) do
-      if Arguments[I].Bytes <> nil then
-      begin
-        Offset := PAnsiChar(Value) - PAnsiChar(Arguments[I].Bytes);
-        if (Offset >= 0) and (Offset < Length(Arguments[I].Bytes) - 1 + Beyond) then
-        begin
-          Answer := 'p' + IntToStr(I) + '@' + IntToStr(Offset);
-          Exit;
-        end;
-      end;
-  Answer := 't' + HexOf(Value, StrLen(PAnsiChar(Value)));
-end;
-
-procedure Keep(const Name, Value: AnsiString);
-begin
-  if Name = 'result' then Answer := Value else Others := Others + ' ' + Name + '=' + Value;
-end;
-
-procedure GiveNumber(const Name: AnsiString; Value: Int64);
-begin
-  Keep(Name, 'n' + IntToStr(Value));
-end;
-
-procedure GiveBool(const Name: AnsiString; Value: Boolean);
-begin
-  GiveNumber(Name, Ord(Value));
-end;
-
-procedure GiveChar(const Name: AnsiString; Value: AnsiChar);
-begin
-  GiveNumber(Name, Ord(Value));
-end;
-
-procedure GiveText(const Name, Value: AnsiString);
-begin
-  Keep(Name, 't' + HexOf(PAnsiChar(Value), Length(Value)));
-end;
-
-procedure GiveBlock(const Name: AnsiString; const Value: TBytes);
-begin
-  Keep(Name, 't' + HexOf(PAnsiChar(Value), Length(Value)));
-end;
-
-procedure GivePlace(const Place: AnsiString; Offset: LongInt);
-begin
-  if Offset < 0 then Answer := 'z' else Answer := 'p' + Place + '@' + IntToStr(Offset);
-end;
-
-procedure LiesIn(const Place: AnsiString);
-begin
-  GivePlace(Place, 0);
-end;
-
-procedure GiveOpened(const Name, Kind, None: AnsiString; Value: TVexlorHandle);
+procedure GiveOpened(Kind: AnsiChar; Value: TVexlorHandle);
 begin
   if Value = nil then
-    Keep(Name, None)
+    vxc_gave_null
   else
   begin
-    GiveNumber(Name, Value.Handle);
-    Opened.AddObject(Kind + 'n' + IntToStr(Value.Handle), Value);
+    vxc_gave_number(Value.Handle);
+    Opened.AddObject(Kind + IntToStr(Value.Handle), Value);
   end;
-end;
-
-procedure GiveTable(const Name: AnsiString; Value: TVexlorTable);
-begin
-  GiveOpened(Name, 'table', 'n0', Value);
-end;
-
-procedure GiveFile(const Name: AnsiString; Value: TVexlorFile);
-begin
-  GiveOpened(Name, 'file', 'n-1', Value);
 end;
 
 // The one that was opened last, where a number was given again; nil for what never was.
-function InOpened(const Kind: AnsiString; I: Integer): TObject;
+function InOpened(I: Integer): TObject;
 var
   J: Integer;
 begin
   Result := nil;
   for J := 0 to Opened.Count - 1 do
-    if Opened[J] = Kind + Words[I] then Result := Opened.Objects[J];
-end;
-
-function InTable(I: Integer): TVexlorTable;
-begin
-  Result := TVexlorTable(InOpened('table', I));
-end;
-
-function InFile(I: Integer): TVexlorFile;
-begin
-  Result := TVexlorFile(InOpened('file', I));
-end;
-
-function InNumber(I: Integer): Int64;
-begin
-  Result := StrToInt64(Copy(Words[I], 2, MaxInt));
-end;
-
-function InChar(I: Integer): AnsiChar;
-begin
-  Result := AnsiChar(InNumber(I) and $FF);
+    if Opened[J] = AnsiChar(vxc_kind(I)) + IntToStr(vxc_number(I)) then Result := Opened.Objects[J];
 end;
 
 function InText(I: Integer): AnsiString;
 begin
-  Result := TextOf(Copy(Words[I], 2, MaxInt));
+  SetString(Result, vxc_memory(I), vxc_size(I));
 end;
 
 function InBytes(I: Integer): TBytes;
 begin
-  Result := BytesOf(Copy(Words[I], 2, MaxInt), 0);
+  Result := nil;
+  SetLength(Result, vxc_size(I));
+  if Result <> nil then Move(vxc_memory(I)^, Result[0], Length(Result));
 end;
 
 {$I pascal_dispatch.inc}
 
-function IndexOf(const Names: array of TCallName; const Name: AnsiString): LongInt;
+function IndexOf(const Names: array of TCallName; Name: PAnsiChar): LongInt;
 var
   I: Integer;
 begin
   for I := 0 to High(Names) do
-    if StrComp(Names[I].Name, PAnsiChar(Name)) = 0 then Exit(Names[I].Index);
+    if StrComp(Names[I].Name, Name) = 0 then Exit(Names[I].Index);
   raise Exception.Create('there is no ' + Name);
 end;
 
-// The next line; False at the end of the input. Room is doubled: ReadLn would copy a long line over and over.
-function ReadRequest(var Line: AnsiString): Boolean;
-var
-  I, Had: SizeInt;
+procedure Call(Name: PAnsiChar; Count: LongInt); cdecl;
 begin
-  Had := 0;
-  repeat
-    if Next >= Filled then
-    begin
-      Next := 0;
-      Filled := FileRead(StdInputHandle, Buffer, SizeOf(Buffer));
-      if Filled <= 0 then Exit(False);
-    end;
-    I := IndexByte(Buffer[Next], Filled - Next, 10);
-    Result := I >= 0;
-    if not Result then I := Filled - Next;
-    if Had + I > Length(Line) then SetLength(Line, 2 * (Had + I));
-    if I > 0 then Move(Buffer[Next], Line[Had + 1], I);
-    Inc(Had, I);
-    Inc(Next, I + 1);
-  until Result;
-  SetLength(Line, Had);
-end;
-
-procedure ReadArguments;
-var
-  I, At: Integer;
-  Word: AnsiString;
-begin
-  Arguments := nil;
-  SetLength(Arguments, Words.Count);
-  for I := 0 to Words.Count - 1 do
-  begin
-    Word := Words[I];
-    At := Pos('@', Word);
-    case Word[1] of
-      'n': Arguments[I].Number := InNumber(I);
-      'm':
-        begin
-          Arguments[I].Bytes := BytesOf(Copy(Word, 2, At - 2), 1);
-          Arguments[I].Memory := PAnsiChar(Arguments[I].Bytes) + StrToInt64(Copy(Word, At + 1, MaxInt));
-        end;
-      '=': Arguments[I].Memory := Arguments[StrToInt(Copy(Word, 2, At - 2))].Memory;
-    end;
+  try
+    if vxc_is_friendly <> 0 then FriendlyCall(IndexOf(FriendlyNames, Name)) else ExactCall(IndexOf(ExactNames, Name));
+  except
+    on E: Exception do vxc_refused(PAnsiChar(E.ClassName + ': ' + E.Message));
   end;
 end;
 
-function AnswerTo(const Line: AnsiString): AnsiString;
-var
-  What, Name: AnsiString;
-  I: Integer;
+procedure Check(Holds: Boolean; const What: string);
 begin
-  Words.DelimitedText := Line;
-  What := Words[0];
-  Name := Words[1];
-  Words.Delete(0);
-  Words.Delete(0);
-  Answer := 'v';
-  Others := '';
-  if What = 'enter' then
-  begin
-    if not SetCurrentDir(TextOf(Name)) then raise Exception.Create('cannot enter ' + TextOf(Name));
-    Exit('ok');
-  end;
-  if What = 'friendly' then
-  begin
-    FriendlyCall(IndexOf(FriendlyNames, Name));
-    Exit(Answer + Others);
-  end;
-  ReadArguments;
-  ExactCall(IndexOf(ExactNames, Name), Arguments);
-  for I := 0 to High(Arguments) do
-    if Arguments[I].Bytes <> nil then Others := Others + ' m' + HexOf(PAnsiChar(Arguments[I].Bytes), Length(Arguments[I].Bytes) - 1);
-  Result := Answer + Others;
+  if Holds then Exit;
+  WriteLn('failed: ', What);
+  Halt(1);
 end;
 
+// What only this language has: results that go where an argument was, and destructors.
+procedure CheckOwn;
 var
-  Line: AnsiString;
-  Written: array[0..65535] of AnsiChar = '';
+  Text, Drive, Directory, Extension: AnsiString;
+  Path: string;
 begin
-  SetTextBuf(Output, Written, SizeOf(Written));
-  Words := TStringList.Create;
-  Words.Delimiter := ' ';
-  Words.StrictDelimiter := True;
+  Text := '  ' + IntToStr(12) + '  ';
+  Text := AllTrim(Text);
+  Check(Text = '12', 'the result goes to the variable that was the argument');
+  Text := 'C:\BOOKS\' + IntToStr(12) + '.DBF';
+  FSsplit(Text, Drive, Directory, Text, Extension);
+  Check((Text = '12') and (Extension = '.DBF'), 'and so does an output');
+  Check(Calculate('10^400', '%.0f') = 'inf', 'an overflow in the calculator is none of the program''s');
+  Path := GetTempFileName(GetTempDir, 'vx');
+  FCreate(Path, VX_ATTR_NORMAL).Free;
+  FOpen(Path, VX_OPEN_READ + VX_SHARE_EXCLUSIVE).Free;
+  Check(FOpen(Path, VX_OPEN_READ + VX_SHARE_EXCLUSIVE) <> nil, 'the file was closed with its object');
+  DeleteFile(Path);
+end;
+
+begin
   Opened := TStringList.Create;
-  while ReadRequest(Line) do
-  begin
-    try
-      Line := AnswerTo(Line);
-    except
-      on E: Exception do Line := '!' + E.ClassName + ': ' + E.Message;
-    end;
-    WriteLn(Output, Line);
-    Flush(Output);
-  end;
+  if vxc_is_friendly <> 0 then CheckOwn;
+  Halt(vxc_run(1, 'EArgumentException|ERangeError|EInvalidOpException', Call));
 end.

@@ -1,10 +1,13 @@
-"""Makes the friendly calls of vexlor_conformance through the Visual Basic modules, which it interprets: as much of the language as they
-use, on Latin-1 and with the Linux library in the DLL's place. caller_process.h has the protocol."""
+"""Makes the friendly calls of the conformance library through the Visual Basic modules, which it interprets: as much of the language as they
+use, on Latin-1 and with the Linux library in the DLL's place."""
 import ctypes
 import operator
 import os
 import sys
 
+sys.path.insert(0, os.path.join(os.path.dirname(__file__), "..", "python"))
+import core  # noqa: E402
+from core import give, given, opened  # noqa: E402
 from test_vba import ROOT, TOKEN, declarations, parameters, procedures
 
 from languages import model, vba  # by the path that test_vba sets
@@ -28,10 +31,6 @@ class Object:
         run(CLASSES[module]["class_initialize"], [], self)
 
 
-class Leave(Exception):
-    pass
-
-
 def long(value):
     if not -(1 << 31) <= value < 1 << 31:
         raise OverflowError(f"6: {value} is no Long")
@@ -46,13 +45,12 @@ def converted(text, how):
     return bytes(text).decode("latin-1") if how == "vbUnicode" else array((text or "").encode("latin-1", "replace"))
 
 
-ENVIRONMENT = [f"{n}={v}" for n, v in os.environ.items()]
 OWN = {
     "instr": lambda _, a, b, __: (a or "").find(b) + 1, "strcomp": lambda a, b, _: (a or "") != (b or ""), "strconv": converted,
     "lenb": len, "len": lambda t: len(t or ""), "clng": lambda v: long(round(v)), "cdbl": float, "fix": int, "asc": ord,
     "cstr": lambda v: v if isinstance(v, str) else str(v), "string$": lambda n, c: c * n, "left$": lambda t, n: t[:n],
     "strptr": lambda t: 0 if t is None else 1, "lbound": lambda a: 0, "ubound": lambda a: len(a) - 1,
-    "vartype": lambda v: "vbString" if isinstance(v, str) else "", "environ$": lambda i: ENVIRONMENT[i - 1] if i <= len(ENVIRONMENT) else "",
+    "vartype": lambda v: "vbString" if isinstance(v, str) else "",
 }
 CONSTANTS = {"vbnullstring": None, "vbnullchar": "\0", "least_host_room": 262144.0, "largest_room": 2147483647.0, "unsigned_range": 4294967296.0}
 
@@ -99,8 +97,6 @@ class Statement:
             return Cell(self.me)
         if token[0] == '"':
             return Cell(token[1:-1])
-        if token.startswith("&H"):
-            return Cell(int(token[2:-1], 16))
         if token[0].isdigit():
             return Cell(float(token[:-1]) if token.endswith("#") else int(token.rstrip("&")))
         if name in CONSTANTS or name.startswith("vb"):
@@ -146,8 +142,6 @@ class Statement:
         return declared(*DECLARED[name], given) if name in DECLARED else run(PROCEDURES[name], given)
 
     def perform(self):
-        if self.take("Exit"):
-            raise Leave
         self.take("Set")
         name = self.peek().lower()
         if self.tokens[self.at + 1:self.at + 2] == ["="]:
@@ -188,36 +182,22 @@ def run(procedure, given, me=None):
     for (how, n, _, kind), cell in zip(wanted, given, strict=True):
         cells[n.lower()] = cell if how == "ByRef" else Cell(float(cell.value) if kind == "Double" else cell.value)
     lines, i = [line for _, line in body], 0
-    try:
-        while i < len(lines):
-            statement, i = Statement(lines[i], cells, me), i + 1
-            if statement.take("Dim"):
-                cells[statement.take().lower()] = Cell(DEFAULTS.get(statement.tokens[-1]))
-            elif statement.take("ReDim"):
-                n = statement.take().lower()
-                statement.take("("), statement.take(), statement.take("To")
-                cells[n].value = array(bytes(statement.expression() + 1))
-            elif statement.take("If"):
-                holds = statement.expression()
-                assert statement.take("Then")
+    while i < len(lines):
+        statement, i = Statement(lines[i], cells, me), i + 1
+        if statement.take("Dim"):
+            cells[statement.take().lower()] = Cell(DEFAULTS.get(statement.tokens[-1]))
+        elif statement.take("If"):
+            holds = statement.expression()
+            assert statement.take("Then")
+            if statement.peek():
+                if not holds:
+                    statement.at = statement.tokens.index("Else") + 1 if "Else" in statement.tokens else len(statement.tokens)
                 if statement.peek():
-                    if not holds:
-                        statement.at = statement.tokens.index("Else") + 1 if "Else" in statement.tokens else len(statement.tokens)
-                    if statement.peek():
-                        statement.perform()
-                elif not holds:
-                    i = next(k for k in range(i, len(lines)) if lines[k] in ("Else", "End If")) + 1
-            elif statement.take("Else"):
-                i = lines.index("End If", i) + 1
-            elif statement.take("Do"):
-                statement.take("While")
-                i = i if statement.expression() else lines.index("Loop", i) + 1
-            elif lines[i - 1] == "Loop":
-                i = next(k for k in range(i - 1, -1, -1) if lines[k].startswith("Do "))
-            elif lines[i - 1] != "End If":
-                statement.perform()
-    except Leave:
-        pass
+                    statement.perform()
+            elif not holds:
+                i = next(k for k in range(i, len(lines)) if lines[k] in ("Else", "End If")) + 1
+        elif lines[i - 1] != "End If":
+            statement.perform()
     return cells[name.lower()].value
 
 
@@ -229,64 +209,32 @@ PROCEDURES = module("Vexlor32.bas")
 CLASSES = {name: module(name + ".cls") for name in ("VexlorTable", "VexlorFile")}
 DECLARED = {d[3].lower(): (d[5] or d[3], parameters(d[6]), d[7]) for m in ("Vexlor32Exact.bas", "Vexlor32.bas") for _, d in declarations(m)}
 FUNCTIONS = {f.entry.main: f for _, functions in model.functions(read_table(ROOT)[0]) for f in functions}
-opened = {}
 
 
-def given(word, parameter):
-    if parameter.type_name:
-        return opened[parameter.type_name, word]
-    if word[0] in "nz":
-        return int(word[1:]) if word[0] == "n" else None
-    content = bytes.fromhex(word[1:])
-    return array(content) if parameter.is_memory else content.decode("latin-1")
+def shown(value, kind):
+    """As the other languages give it."""
+    if isinstance(value, Object):
+        number = value.cells["opened"].value
+        opened[value.module[len("Vexlor")], number] = value
+        return number
+    return value if kind != "offset" else value - 1 if value else None
 
 
-def shown(value, output):
-    if output.kind in ("Table", "File"):
-        if value is None:
-            return {"Table": "n0", "File": "n-1"}[output.kind]
-        word = f"n{value.cells['opened'].value}"
-        opened[output.kind, word] = value
-        return word
-    if output.kind == "offset":
-        return f"p{output.place}@{value - 1}" if value else "z"
-    if output.kind == "text":
-        return "z" if value is None else "t" + value.encode("latin-1").hex()
-    return f"n{int(value)}"
-
-
-def friendly_call(main, words):
+def friendly_call(main, count):
     function = FUNCTIONS[main]
-    cells = [Cell(given(word, p)) for word, p in zip(words, function.parameters, strict=True)]
-    outputs = [Cell(DEFAULTS.get(vba.VALUES[o.kind])) for o in vba.others(function)]
+    cells = [Cell(given(i, array, array)) for i in range(count)]
+    outputs = {o.name: Cell(DEFAULTS.get(vba.VALUES[o.kind])) for o in vba.others(function)}
     if function.owner:
         owner = cells[0].value
-        value = run(CLASSES[owner.module][vba.method_name(function).lower()], cells[1:] + outputs, owner)
+        value = run(CLASSES[owner.module][vba.method_name(function).lower()], cells[1:] + list(outputs.values()), owner)
     else:
-        value = run(PROCEDURES[vba.function_name(function).lower()], cells + outputs)
-    gave = {o.name: shown(c.value, o) for o, c in zip(vba.others(function), outputs)}
-    if vba.value_of(function):
-        gave[vba.value_of(function).name] = shown(value, vba.value_of(function))
-    texts = [o.name for o in function.outputs if o.kind == "text" and o.name != "result"]
-    blocks = {p.name: "t" + bytes(c.value).hex() for p, c in zip(function.parameters, cells) if p.kind == "block" and c.value is not None}
-    written = texts or list(blocks)
-    result = gave.pop("result", None) or ("v" if not written else "z" if gave.get(written[0]) == "z" else f"p{written[0]}@0")
-    return " ".join([result] + [f"{n}={v}" for n, v in (gave | blocks).items() if v != "z"])
-
-
-def main():
-    for line in sys.stdin:
-        what, *words = line.split()
-        try:
-            if what == "enter":
-                os.chdir(bytes.fromhex(words[0]).decode())
-                answer = "ok"
-            else:
-                answer = friendly_call(words[0], words[1:])
-        except Exception as error:  # whatever it is, the row shows it
-            answer = f"!{type(error).__name__}: {error}".replace("\n", " ")
-        print(answer, flush=True)
+        value = run(PROCEDURES[vba.function_name(function).lower()], cells + list(outputs.values()))
+    for o in function.outputs:
+        give(shown(outputs[o.name].value if o.name in outputs else value, o.kind))
+    for p, cell in zip(function.parameters, cells):
+        if p.kind == "block" and cell.value is not None:
+            give(cell.value)
 
 
 if __name__ == "__main__":
-    main()
+    core.run(core.FROM_ONE | core.UNICODE | core.WIDE, "Error: (5|6|9|14|52):", friendly_call)
