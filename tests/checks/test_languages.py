@@ -114,7 +114,7 @@ class Languages(unittest.TestCase):
         expression = re.search(r"Debug\.Print (.*)", self.programs["vb"]).group(1)
         script = "import sys; from caller import Statement; print(Statement(sys.argv[1], {}, None).expression())"
         environment = os.environ | {"PYTHONPATH": str(ROOT / "tests" / "bindings" / "vba"), "VEXLOR_BUILD": str(NATIVE),
-                                    "VEXLOR32_LIBRARY": str(NATIVE / "libvexlor32.so")}
+                                    "VEXLOR32_LIBRARY": str(NATIVE / "libvexlor32.so"), "LD_LIBRARY_PATH": str(NATIVE)}
         done = subprocess.run([sys.executable, "-c", script, expression], env=environment, check=True, stdout=subprocess.PIPE, text=True)
         self.assertEqual(done.stdout, self.prints)
 
