@@ -4,7 +4,11 @@
 
 #include <cstdint>
 
+#if defined(_WIN32)
+#define VX_CONFORMANCE extern "C"
+#else
 #define VX_CONFORMANCE extern "C" __attribute__((visibility("default")))
+#endif
 
 // What a language has: positions from 1; arrays that know their sizes, in exact calls; texts of all Unicode; numbers of
 // more than 32 bits.
