@@ -2,6 +2,7 @@
 import pathlib
 import re
 import shutil
+import subprocess
 import sys
 import tempfile
 import unittest
@@ -30,6 +31,13 @@ class ThisTree(unittest.TestCase):
     @unittest.skipUnless(shutil.which("cppcheck"), "cppcheck is not installed")
     def test_cppcheck_finds_nothing(self):
         self.assertEqual(cppcheck(ROOT, NATIVE / "cppcheck", NATIVE / "generated"), [])
+
+    @unittest.skipUnless(shutil.which("clang-tidy"), "clang-tidy is not installed (scripts/setup lint)")
+    def test_clang_tidy_finds_nothing_in_what_was_written_last(self):
+        if NATIVE != ROOT / "build" / "native":
+            self.skipTest("clang-tidy looks at build/native")
+        done = subprocess.run([sys.executable, ROOT / "scripts" / "lint", "--seconds", "10"], stdout=subprocess.PIPE, text=True)
+        self.assertEqual(done.returncode, 0, done.stdout)
 
     def test_changelog_begins_with_this_version(self):
         version = re.search(r'VX_VERSION_FULL "(.*)"', (NATIVE / "generated" / "version.h").read_text())[1]
