@@ -42,8 +42,7 @@ def camel(words):
 
 
 def function_name(function):
-    prefix = {"Table": "Dbf", "File": "F"}.get(function.owner, "")
-    return camel(model.name_words(function.entry.main, prefix))
+    return camel(function.words)
 
 
 def parameter_type(p):
@@ -110,7 +109,7 @@ def definition(function, family, name_in_c):
         elif ARGUMENTS[a.kind].ignored:
             passed.append("0")
         elif a.kind in model.OBJECTS:
-            passed.append("handle()" if function.owner and a.name == function.parameters[0].name else f"{n}.handle()")
+            passed.append("handle()" if function.is_self(a) else f"{n}.handle()")
         elif a.kind == "pos" and entry.base == 1:
             passed.append(f"detail::fromZero({n})")
         else:

@@ -31,8 +31,7 @@ def capital(name):
 
 def function_name(function):
     """The entry's main name, as methods begin: _str2blob -> Str2blob; without the prefix where it is a method of an object."""
-    name = function.entry.main.lstrip("_")
-    return capital(re.sub("^(Dbf|F(?=[A-Z]))", "", name) if function.owner else name)
+    return capital(function.name)
 
 
 def xml(indent, tag, words, attributes=""):
@@ -151,7 +150,7 @@ def passed(function, a):
     if ARGUMENTS[a.kind].ignored:
         return "0"
     if a.kind in model.OBJECTS:
-        own = function.owner and a.name == function.parameters[0].name
+        own = function.is_self(a)
         return "Number" if own else f"{name}.Number"
     if a.kind == "pos" and function.entry.base == 1:
         return f"checked({name} + 1)"

@@ -28,7 +28,7 @@ def identifier(name):
 def function_name(function):
     if is_close(function):
         return "tryClose"  # close() belongs to AutoCloseable, and gives nothing back
-    words = model.name_words(function.entry.main, {"Table": "Dbf", "File": "F"}.get(function.owner, ""))
+    words = function.words
     return identifier(words[0] + "".join(w.capitalize() for w in words[1:]))
 
 
@@ -84,7 +84,7 @@ def comment(function):
     lines = textwrap.wrap(plain(function.summary), 110)
     for paragraph in entry.notes.split("\n\n"):
         if paragraph:
-            lines += textwrap.wrap("<p>" + plain(model.in_braces(paragraph)), 110)
+            lines += textwrap.wrap("<p>" + plain(model.one_line(paragraph)), 110)
     if entry.examples:
         lines += ["<p>Examples, as vexlor writes calls:", "<pre>", *(plain(e) for e in entry.examples), "</pre>"]
     lines.append("")
@@ -135,7 +135,7 @@ def passed(function, a):
     if ARGUMENTS[a.kind].ignored:
         return "0"
     if a.kind in model.OBJECTS:
-        own = function.owner and a.name == function.parameters[0].name
+        own = function.is_self(a)
         return f"{'(int) ' if a.kind == 'handle' else ''}{'' if own else name + '.'}handle()"
     if a.kind == "pos" and function.entry.base == 1:
         return f"Math.addExact({name}, 1)"
@@ -204,7 +204,7 @@ def friendly(families):
 def constants(groups):
     lines = [HEAD, "/** Modes, flags and error numbers, by name. */", "public final class Constants {", "    private Constants() {}"]
     for g in groups:
-        lines += ["", f"    // {g.title}: {model.in_braces(g.does)}"]
+        lines += ["", f"    // {g.title}: {model.one_line(g.does)}"]
         for c in g.constants:
             lines += [f"    /** {plain(c.meaning)}. */", f"    public static final int {c.name} = {c.expression};"]
     return "\n".join(lines + ["}", ""])

@@ -13,6 +13,7 @@ from rooms import HOST
 from wording import argument_words, is_length, result_words, summary
 
 OBJECTS = {"table": "Table", "handle": "File"}
+PREFIXES = {"Table": "Dbf", "File": "F"}
 # What closing gives where it is done.
 CLOSED = {"Table": "result == 0", "File": "result != 0"}
 
@@ -32,10 +33,6 @@ class Parameter:
     def is_memory(self):
         """Bytes: those of `block` are the caller's to be changed."""
         return self.kind in ("bytes", "block")
-
-    @property
-    def is_number(self):
-        return ARGUMENTS[self.kind].is_number and self.kind not in OBJECTS
 
     @property
     def type_name(self):
@@ -59,9 +56,18 @@ class Function:
     outputs: list
 
     @property
+    def name(self):
+        """The main name without underscores in front, and, of a method, without its object's prefix."""
+        return without_prefix(self.entry.main.lstrip("_"), PREFIXES.get(self.owner, ""))
+
+    @property
     def words(self):
         """The parts of the name in lower case: ["all", "trim"]."""
-        return name_words(self.entry.main)
+        return name_words(self.name)
+
+    def is_self(self, argument):
+        """Whether the argument is the object whose method this is."""
+        return bool(self.owner) and argument.name == self.parameters[0].name
 
     @property
     def summary(self):
@@ -75,15 +81,15 @@ class Function:
 
 
 def without_prefix(name, prefix):
+    """FileAttr does not begin with the prefix F."""
     rest = name.removeprefix(prefix)
     return rest if rest[:1].isupper() else name
 
 
-def name_words(main, prefix=""):
-    """FSeekLine -> f seek line; _str2blob -> str2blob; IsChrAlpha -> is chr alpha. FileAttr does not begin with the prefix F."""
-    name = without_prefix(main.lstrip("_"), prefix)
+def name_words(name):
+    """FSeekLine -> f seek line; str2blob -> str2blob; IsChrAlpha -> is chr alpha."""
     words = re.findall(r"[A-Z]+(?![a-z])[0-9]*|[A-Z]?[a-z0-9]+", name)
-    assert "".join(words) == name.replace("_", ""), main
+    assert "".join(words) == name.replace("_", ""), name
     return [w.lower() for w in words]
 
 
@@ -168,5 +174,5 @@ class Formulas:
         return text[1:-1] if text.startswith("(") and text.endswith(")") and isinstance(room.tree, ast.BinOp) else text
 
 
-def in_braces(text):
+def one_line(text):
     return re.sub(r"\s+", " ", text).strip()

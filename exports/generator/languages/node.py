@@ -21,7 +21,7 @@ def identifier(name):
 
 
 def function_name(function):
-    words = model.name_words(function.entry.main, {"Table": "Dbf", "File": "F"}.get(function.owner, ""))
+    words = function.words
     name = words[0] + "".join(w.capitalize() for w in words[1:])
     return name if function.owner else identifier(name)
 
@@ -112,7 +112,7 @@ def passed(function, a):
     if ARGUMENTS[a.kind].ignored:
         return "0"
     if a.kind in model.OBJECTS:
-        own = function.owner and a.name == function.parameters[0].name
+        own = function.is_self(a)
         return "this.handle" if own else f"{identifier(a.name)}.handle"
     if a.kind == "pos" and function.entry.base == 1:
         return f"{identifier(a.name)} + 1"

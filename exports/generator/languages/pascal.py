@@ -86,13 +86,13 @@ def exact(families):
 def constants(groups):
     lines = [OPENING.format(name="VexlorConsts", words="Modes, flags and error numbers, by name."), "const"]
     for group in groups:
-        lines.append(f"  // {group.title}: {model.in_braces(group.does)}")
+        lines.append(f"  // {group.title}: {model.one_line(group.does)}")
         lines += [f"  {c.name} = {c.value.replace('0x', '$')}; // {c.meaning}" for c in group.constants]
     return "\n".join(lines + ["", "implementation", "", "end.", ""])
 
 
 def function_name(function):
-    name = model.without_prefix(function.entry.main.lstrip("_"), {"Table": "Dbf", "File": "F"}.get(function.owner, ""))
+    name = function.name
     return parameter_name(name)
 
 
@@ -172,7 +172,7 @@ def passed(function, a, target):
     if ARGUMENTS[a.kind].ignored:
         return "0"
     if a.kind in model.OBJECTS:
-        own = function.owner and a.name == function.parameters[0].name
+        own = function.is_self(a)
         return f"{'' if own else name + '.'}Handle"
     return f"Ord({name})" if a.kind == "char" else name
 

@@ -13,7 +13,6 @@ EXACT_RESULTS = {"int32_t": "c_int32", "uint32_t": "c_uint32", "void": "None"}
 TYPES = {"number": "int", "unsigned": "int", "bool": "bool", "char": "int", "pos": "int", "offset": "Optional[int]", "text": "Optional[str]",
          "Table": "Optional[Table]", "File": "Optional[File]"}
 FORMULAS = model.Formulas(length="_rt.size({name})", host="_rt.host_room()")
-OWNERS = {"Table": "Dbf", "File": "F"}
 
 
 def snake(name):
@@ -22,8 +21,7 @@ def snake(name):
 
 
 def function_name(function):
-    prefix = OWNERS.get(function.owner, "")
-    name = "_".join(model.name_words(function.entry.main, prefix))
+    name = "_".join(function.words)
     return name + "_" if keyword.iskeyword(name) else name
 
 
@@ -79,7 +77,7 @@ def docstring(function, family, indent):
         lines += [""] + textwrap.wrap("Returns " + "; ".join(plain(o.words) for o in function.outputs) + ".", 110, subsequent_indent="    ")
     for paragraph in entry.notes.split("\n\n"):
         if paragraph:
-            lines += [""] + textwrap.wrap(plain(model.in_braces(paragraph)), 110)
+            lines += [""] + textwrap.wrap(plain(model.one_line(paragraph)), 110)
     if entry.examples:
         lines += ["", "Examples, as vexlor writes calls:", ""] + ["    " + plain(e) for e in [*family.setup, *entry.examples]]
     if lines[-1].endswith('"'):
@@ -98,7 +96,7 @@ def passed(function, argument):
     if ARGUMENTS[argument.kind].ignored:
         return "0"
     if argument.kind in model.OBJECTS:
-        return f"{name}.handle" if argument.name != getattr(function.parameters[0], "name", "") or not function.owner else "self.handle"
+        return "self.handle" if function.is_self(argument) else f"{name}.handle"
     if argument.kind == "pos" and function.entry.base == 1:
         return f"{name} + 1"
     return name
@@ -219,7 +217,7 @@ def friendly(families):
 def products(families, groups, clashes):
     constants = [HEAD.format(more=" Modes, flags and error numbers, by name.")]
     for group in groups:
-        constants += ["", f"# {group.title}: {model.in_braces(group.does)}"]
+        constants += ["", f"# {group.title}: {model.one_line(group.does)}"]
         constants += [f"{c.name} = {c.expression}  # {c.meaning}" for c in group.constants]
     return {"python/vexlor32/_exact.py": exact(families), "python/vexlor32/_functions.py": friendly(families),
             "python/vexlor32/constants.py": "\n".join(constants) + "\n"}

@@ -22,7 +22,7 @@ def identifier(name):
 
 
 def function_name(function):
-    return identifier("_".join(model.name_words(function.entry.main, {"Table": "Dbf", "File": "F"}.get(function.owner, ""))))
+    return identifier("_".join(function.words))
 
 
 def linked_name(entry, clashes):
@@ -69,7 +69,7 @@ def comment(function, indent):
     lines = textwrap.wrap(function.summary, 110)
     for paragraph in entry.notes.split("\n\n"):
         if paragraph:
-            lines += [""] + textwrap.wrap(model.in_braces(paragraph), 110)
+            lines += [""] + textwrap.wrap(model.one_line(paragraph), 110)
     parameters = function.parameters[1 if function.owner else 0:]
     if parameters:
         lines.append("")
@@ -117,7 +117,7 @@ def passed(function, a):
     if ARGUMENTS[a.kind].ignored:
         return "0"
     if a.kind in model.OBJECTS:
-        own = function.owner and a.name == function.parameters[0].name
+        own = function.is_self(a)
         return f"{'self' if own else name}.handle()"
     if a.kind == "pos" and function.entry.base == 1:
         return f"rt::from_zero({name})"
@@ -185,7 +185,7 @@ def functions(families, clashes):
 def constants(groups):
     lines = [HEAD, "//! Modes, flags and error numbers, by name."]
     for g in groups:
-        lines += ["", f"// {g.title}: {model.in_braces(g.does)}"]
+        lines += ["", f"// {g.title}: {model.one_line(g.does)}"]
         for c in g.constants:
             lines += [f"/// {c.meaning}", f"pub const {c.name}: {'u32' if int(c.value, 0) > 0x7FFFFFFF else 'i32'} = {c.value};"]
     return "\n".join(lines) + "\n"

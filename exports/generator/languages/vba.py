@@ -54,7 +54,7 @@ def exact(families, groups):
              "' of a block the first byte is given. An address that comes back is no longer valid: read the String.", "Option Explicit", "",
              "#If VBA7 = 0 Then", "Public Enum LongPtr", "    [_]", "End Enum", "#End If", ""]
     for group in groups:
-        lines += [f"' {line}" for line in textwrap.wrap(f"{group.title}: {model.in_braces(group.does)}", 120)]
+        lines += [f"' {line}" for line in textwrap.wrap(f"{group.title}: {model.one_line(group.does)}", 120)]
         lines += [f"Public Const {c.name} As Long = {number(c.value)} ' {c.meaning}" for c in group.constants]
     names = exact_names(families)
     for start, safe, library in SYSTEMS:
@@ -73,9 +73,8 @@ def function_name(function):
 
 def method_name(function):
     """Without the prefix, unless Visual Basic has the word itself: FClose, DbfLock."""
-    main = function.entry.main.lstrip("_")
-    short = re.sub("^(Dbf|F(?=[A-Z]))", "", main)
-    return main if short.lower() in RESERVED | {"handle", "forget", "attach"} else short[0].upper() + short[1:]
+    short = function.name
+    return function.entry.main.lstrip("_") if short.lower() in RESERVED | {"handle", "forget", "attach"} else short[0].upper() + short[1:]
 
 
 def needs_addresses(function):
