@@ -149,11 +149,10 @@ def host_room():
     return max(LEAST_HOST_ROOM, 1 + max((len(name) + len(value) + 1 for name, value in os.environ.items()), default=0) * 4)
 
 
-def destination(room, ended=False):
+def destination(room):
     if room > LARGEST_ROOM:
         raise OverflowError(f"the result could need {room} bytes")
-    buffer = ctypes.create_string_buffer(max(room, 1))
-    return buffer
+    return ctypes.create_string_buffer(max(room, 1))  # zeros, so one that has to end at its last byte does
 
 
 def editable(text, room):

@@ -1,5 +1,4 @@
 """C++: vexlor32.hpp, functions of std::string over the C header."""
-import re
 import textwrap
 
 from kinds import ARGUMENTS

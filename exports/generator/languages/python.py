@@ -131,8 +131,7 @@ def prepared(function):
             before = f", {snake(a.before)}" if a.before else ""
             lines.append(f"{name}_ = _rt.writable({name}, {room(a) if a.room else 0}{before})")
         elif a.kind == "dest":
-            ended = ", ended=True" if a.terminated else ""
-            lines.append(f"{name}_ = _rt.destination({room(a)}{ended})")
+            lines.append(f"{name}_ = _rt.destination({room(a)})")
         elif a.kind == "out":
             lines.append(f"{name}_ = c_int32()")
     return lines
